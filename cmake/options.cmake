@@ -1,0 +1,38 @@
+option(KESTREL_BUILD_TOOLS "Build the command line" ON)
+option(KESTREL_BUILD_EXAMPLES "Build the example programs" ${PROJECT_IS_TOP_LEVEL})
+option(KESTREL_BUILD_TESTS "Build the tests" ${PROJECT_IS_TOP_LEVEL})
+option(KESTREL_BUILD_BENCHMARKS "Build the benchmarks" OFF)
+option(KESTREL_BUILD_FUZZERS "Build the fuzz targets with libFuzzer (needs Clang)" OFF)
+option(KESTREL_WARNINGS_AS_ERRORS "Treat warnings of our own code as errors" OFF)
+option(KESTREL_CLANG_TIDY "Run clang-tidy beside the compiler" OFF)
+option(KESTREL_LTO "Optimise across translation units" OFF)
+option(KESTREL_CCACHE "Compile through ccache where it is installed" ${PROJECT_IS_TOP_LEVEL})
+option(KESTREL_FAST_LINKER "Link with mold or lld where one is installed" OFF)
+set(KESTREL_SANITIZERS "" CACHE STRING "Sanitizers for all our targets, as -fsanitize= takes them")
+
+# The providers behind interfaces/. A product names targets of its own and, where they are not yet known to the
+# build that includes us, a CMake file that makes them known.
+set(KESTREL_MODEL lumochart CACHE STRING "Target that provides interfaces/model")
+set(KESTREL_HOST kestrelhost CACHE STRING "Target that provides interfaces/host")
+set(KESTREL_PROVIDERS_FILE "" CACHE FILEPATH "CMake file that defines the targets of KESTREL_MODEL and KESTREL_HOST")
+if(KESTREL_PROVIDERS_FILE)
+  include("${KESTREL_PROVIDERS_FILE}")
+endif()
+
+if(KESTREL_MODEL STREQUAL "lumochart")
+  set(KESTREL_MODEL_IS_EMBEDDED ON)
+else()
+  set(KESTREL_MODEL_IS_EMBEDDED OFF)
+endif()
+if(KESTREL_HOST STREQUAL "kestrelhost")
+  set(KESTREL_HOST_IS_EMBEDDED ON)
+else()
+  set(KESTREL_HOST_IS_EMBEDDED OFF)
+endif()
+
+# These configure the embedded host.
+if(NOT KESTREL_HOST_IS_EMBEDDED)
+  foreach(part TOOLS EXAMPLES BENCHMARKS FUZZERS)
+    set(KESTREL_BUILD_${part} OFF)
+  endforeach()
+endif()
