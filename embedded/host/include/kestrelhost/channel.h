@@ -1,0 +1,86 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "host/export.h"
+
+namespace kestrel::host {
+
+/// The way to the client.
+class VEXA_API Channel {
+ public:
+  virtual ~Channel();
+
+  /// Takes one message and reads its bytes before it returns. 0 is success.
+  virtual int put(std::int64_t identifier, void const* bytes, std::size_t length) = 0;
+};
+
+/// One message as it was put.
+struct Message {
+  std::int64_t identifier;
+  std::string bytes;
+
+  bool operator==(Message const&) const = default;
+};
+
+/// Keeps the messages in memory.
+class VEXA_API MemoryChannel : public Channel {
+ public:
+  int put(std::int64_t identifier, void const* bytes, std::size_t length) override;
+
+  std::vector<Message> const& messages() const { return mMessages; }
+  void clear() { mMessages.clear(); }
+
+ private:
+  std::vector<Message> mMessages;
+};
+
+/// Takes every message and keeps none.
+class VEXA_API NullChannel : public Channel {
+ public:
+  int put(std::int64_t identifier, void const* bytes, std::size_t length) override;
+};
+
+/// Writes the messages to a file, in order and byte for byte: the eight bytes "KCAP0001", then for each message its
+/// identifier and its length, both as little-endian 64-bit integers, and its bytes. What is written stands in the file
+/// after flush(), and after the channel is gone.
+class VEXA_API CaptureChannel : public Channel {
+ public:
+  static constexpr char signature[] = "KCAP0001";
+
+  /// Opens the file at once, over one that is there. good() tells whether that worked.
+  explicit CaptureChannel(std::string const& path);
+  ~CaptureChannel() override;
+  CaptureChannel(CaptureChannel const&) = delete;
+  CaptureChannel& operator=(CaptureChannel const&) = delete;
+
+  /// Once a write has failed the file is cut in the middle of a message: every later put fails too.
+  int put(std::int64_t identifier, void const* bytes, std::size_t length) override;
+
+  /// False where something could not be written, now or before.
+  bool flush();
+  bool good() const { return mGood; }
+
+ private:
+  bool write(void const* bytes, std::size_t length);
+
+  std::FILE* mFile;
+  bool mGood;
+};
+
+/// The channel of a process that chose none: a capture file, named by the environment variable KESTREL_CAPTURE or
+/// else `capture.kcap` in the current folder, that is opened at the first put and complete when the process exits.
+class VEXA_API DefaultChannel : public Channel {
+ public:
+  int put(std::int64_t identifier, void const* bytes, std::size_t length) override;
+
+ private:
+  std::shared_ptr<CaptureChannel> mCapture;
+};
+
+}  // namespace kestrel::host

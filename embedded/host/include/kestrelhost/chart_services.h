@@ -1,0 +1,70 @@
+#pragma once
+
+#include <string>
+
+#include "host/chartbase.h"
+#include "host/export.h"
+
+namespace kestrel::host {
+
+/// A moment in parts, in UTC and the Gregorian calendar.
+struct DateParts {
+  long day = 0;
+  long month = 0;
+  long year = 0;
+  long hours = 0;
+  long minutes = 0;
+  double seconds = 0;
+};
+
+class VEXA_API Calendar {
+ public:
+  virtual ~Calendar();
+
+  /// False, with zeros, for a value that is no date.
+  virtual bool breakUp(double value, DateParts& parts) = 0;
+};
+
+/// Seconds since 1970-01-01T00:00:00.
+class VEXA_API UnixCalendar : public Calendar {
+ public:
+  bool breakUp(double value, DateParts& parts) override;
+};
+
+/// Display formats: each fills the format element and is false for a type that it has no display for.
+class VEXA_API DisplayFormats {
+ public:
+  virtual ~DisplayFormats();
+
+  virtual bool number(LumoFormat& element, Vexa_Format& format) = 0;
+  virtual bool customCurrency(LumoFormat& element, Vexa_Format& format) = 0;
+  virtual bool date(LumoFormat& element, Vexa_Format& format) = 0;
+  virtual bool elapsedTime(LumoFormat& element, Vexa_Format& format) = 0;
+};
+
+class VEXA_API UsualFormats : public DisplayFormats {
+ public:
+  bool number(LumoFormat& element, Vexa_Format& format) override;
+  bool customCurrency(LumoFormat& element, Vexa_Format& format) override;
+  bool date(LumoFormat& element, Vexa_Format& format) override;
+  bool elapsedTime(LumoFormat& element, Vexa_Format& format) override;
+};
+
+/// Small services on the chart itself.
+class VEXA_API ChartTexts {
+ public:
+  virtual ~ChartTexts();
+
+  virtual ChartString createUniqueId(ChartString const& id, LumoVisualization& visualization) = 0;
+  virtual void updateText(ChartString& text, FacSTDictionary* dictionary, std::string const& encoding) = 0;
+};
+
+/// A free id is the id, an underscore and the lowest number from 1 that makes it free. A text that the dictionary knows
+/// as a key becomes its translation.
+class VEXA_API UsualChartTexts : public ChartTexts {
+ public:
+  ChartString createUniqueId(ChartString const& id, LumoVisualization& visualization) override;
+  void updateText(ChartString& text, FacSTDictionary* dictionary, std::string const& encoding) override;
+};
+
+}  // namespace kestrel::host

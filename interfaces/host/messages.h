@@ -1,0 +1,82 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "export.h"
+
+/// Unwinds from deep inside a procedure to the host that called it. Only a host throws it; every guard of the
+/// library lets it through.
+class VEXA_API VexaGoToCaller {
+ public:
+  VexaGoToCaller();
+  VexaGoToCaller(VexaGoToCaller const& other);
+  virtual ~VexaGoToCaller();
+};
+
+/// A piece of text for the user, in UTF-8. `fixed` is true for a text of the system, which a host may translate,
+/// and false for text that came from outside, which it must show as it is.
+class VEXA_API BpCellText {
+ public:
+  virtual ~BpCellText();
+
+  std::string const& text() const;
+  bool fixed() const;
+
+ protected:
+  BpCellText(std::string text, bool fixed);
+  BpCellText(BpCellText const& other);
+  BpCellText& operator=(BpCellText const& other);
+
+  void assign(std::string text);
+
+ private:
+  std::string mText;
+  bool mFixed;
+};
+
+class VEXA_API BpString : public BpCellText {
+ public:
+  BpString(std::string text, bool fixed);
+  BpString(BpString const& other);
+  BpString& operator=(BpString const& other);
+  ~BpString() override;
+};
+
+/// A user message with placeholders: `^1` to `^9` in the pattern stand for the first to the ninth cell added.
+/// text() is the pattern until Finish() fills it.
+class VEXA_API BpComposite : public BpCellText {
+ public:
+  BpComposite(std::string const& pattern, bool fixed);
+  BpComposite(BpComposite const& other);
+  BpComposite& operator=(BpComposite const& other);
+  ~BpComposite() override;
+
+  /// Keeps a copy of the cell's text and flag for the next placeholder.
+  void Add(BpCellText const& cell);
+
+  /// Fills the placeholders in one pass over the pattern: a cell that itself holds `^1` is not filled again. A
+  /// placeholder with no cell stays as it stands; a cell with no placeholder is not shown.
+  void Finish();
+
+  std::string const& pattern() const;
+  std::vector<BpString> const& cells() const;
+
+ private:
+  std::string mPattern;
+  std::vector<BpString> mCells;
+};
+
+/// Where a message is shown. Open: a host may give other values a meaning.
+enum BpErrorShow : int {
+  BpShowUser = 2,
+};
+
+/// How grave a message is. Open: a host may give other values a meaning.
+enum BpErrorLevel : int {
+  BpLevelError = 2,
+  BpLevelSevere = 3,
+};
+
+/// Shows a message to the user.
+VEXA_API void BpError(BpCellText const& text, BpErrorShow show, BpErrorLevel level);

@@ -1,0 +1,186 @@
+#include "host/chartbase.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "host/data_types.h"
+#include "host/text.h"
+#include "kestrelhost/recorder.h"
+#include "model/document.h"
+#include "model/variables.h"
+
+using namespace kestrel::host;
+
+namespace {
+
+class ChartIdTest : public testing::Test {
+ protected:
+  std::string unique(char16_t const* id) {
+    return ChartBase::CreateUniqueId(ChartString(id), *document.getVisualization()).toUTF8();
+  }
+
+  LumoDocument document;
+};
+
+TEST_F(ChartIdTest, IsTheIdItselfWhereItIsFree) { EXPECT_EQ(unique(u"majorTicks"), "majorTicks"); }
+
+TEST_F(ChartIdTest, HasTheLowestNumberThatIsFree) {
+  document.getVisualization()->addGraph(u"a");
+  EXPECT_EQ(unique(u"a"), "a_1");
+  document.getVisualization()->addGraph(u"a_1");
+  document.getVisualization()->addGraph(u"a_3");
+  EXPECT_EQ(unique(u"a"), "a_2");
+}
+
+TEST_F(ChartIdTest, IsUniqueEachTimeItIsUsed) {
+  std::set<std::string> ids;
+  for (int count = 0; count < 20; ++count) {
+    ChartString const id = ChartBase::CreateUniqueId(ChartString(u"style"), *document.getVisualization());
+    document.getVisualization()->addGraph(id.xc_str());
+    EXPECT_TRUE(ids.insert(id.toUTF8()).second);
+  }
+}
+
+TEST(ChartBaseConstantsTest, HaveTheirTexts) {
+  EXPECT_EQ(std::u16string(ChartBase::_container), u"container");
+  EXPECT_EQ(std::u16string(ChartBase::_default_style), u"s");
+  EXPECT_EQ(std::u16string(ChartBase::_matrixscatter), u"matrixscatter");
+  EXPECT_EQ(std::u16string(ChartBase::_percent), u"%");
+  EXPECT_EQ(std::u16string(ChartBase::_utf8), u"UTF-8");
+}
+
+TEST(ChartBaseConstantsTest, AreDifferentIds) {
+  char16_t const* const ids[] = {
+      ChartBase::_container,         ChartBase::_frame_data_1,       ChartBase::_frame_graph_1,
+      ChartBase::_frame_title_1,     ChartBase::_frame_title_2,      ChartBase::_frame_subtitle_1,
+      ChartBase::_frame_footnote_1,  ChartBase::_frame_footnote_2,   ChartBase::_frame_footnote_3,
+      ChartBase::_styleCyclePattern, ChartBase::_styleCycleRepository, ChartBase::_frame_statistics_summary_1};
+  std::set<std::u16string> const different(std::begin(ids), std::end(ids));
+  EXPECT_EQ(different.size(), std::size(ids));
+}
+
+class FormatElementTest : public testing::Test {
+ protected:
+  FormatElementTest()
+      : element(*document.getVisualization()->addSourceVariable(u"sourceVariable0")->addFormat()) {}
+
+  static Vexa_Format format(int type, int decimals = 0) {
+    return {static_cast<Vexa_Format::FormatType>(type), 8, decimals};
+  }
+
+  std::string attribute(char16_t const* name) { return ChartString(element.getAttribute(name)).toUTF8(); }
+  std::string pattern() { return ChartString(element.getPattern()).toUTF8(); }
+
+  LumoDocument document;
+  LumoFormat& element;
+};
+
+TEST_F(FormatElementTest, OfANumberFixesItsDecimals) {
+  Vexa_Format number = format(5, 2);
+  EXPECT_TRUE(ChartBase::FormatNumber(element, number));
+  EXPECT_EQ(attribute(u"minimumFractionDigits"), "2");
+  EXPECT_EQ(attribute(u"maximumFractionDigits"), "2");
+  EXPECT_EQ(attribute(u"useGrouping"), "false");
+}
+
+TEST_F(FormatElementTest, OfACurrencyGroupsItsDigits) {
+  Vexa_Format currency = format(33, 2);
+  EXPECT_TRUE(ChartBase::FormatCustomCurrency(element, currency));
+  EXPECT_EQ(attribute(u"maximumFractionDigits"), "2");
+  EXPECT_EQ(attribute(u"useGrouping"), "true");
+}
+
+TEST_F(FormatElementTest, OfADateHasAPattern) {
+  for (int type : {20, 23, 24, 28, 29, 30, 38, 39}) {
+    Vexa_Format date = format(type);
+    EXPECT_TRUE(ChartBase::FormatDate(element, date));
+    EXPECT_EQ(pattern(), "yyyy-MM-dd") << type;
+  }
+}
+
+TEST_F(FormatElementTest, OfATimeShowsPartsOfSecondsWithDecimals) {
+  Vexa_Format time = format(21);
+  EXPECT_TRUE(ChartBase::FormatDate(element, time));
+  EXPECT_EQ(pattern(), "HH:mm:ss");
+  time.Decimals(2);
+  EXPECT_TRUE(ChartBase::FormatDate(element, time));
+  EXPECT_EQ(pattern(), "HH:mm:ss.SSS");
+  Vexa_Format moment = format(22);
+  EXPECT_TRUE(ChartBase::FormatDate(element, moment));
+  EXPECT_EQ(pattern(), "yyyy-MM-dd HH:mm:ss");
+}
+
+TEST_F(FormatElementTest, OfADayOrAMonthShowsItsName) {
+  Vexa_Format day = format(26);
+  EXPECT_TRUE(ChartBase::FormatDate(element, day));
+  EXPECT_EQ(pattern(), "EEEE");
+  Vexa_Format month = format(27);
+  EXPECT_TRUE(ChartBase::FormatDate(element, month));
+  EXPECT_EQ(pattern(), "MMMM");
+}
+
+TEST_F(FormatElementTest, OfAnElapsedTimeHasAPattern) {
+  Vexa_Format elapsed = format(25);
+  EXPECT_TRUE(ChartBase::FormatElapsedTime(element, elapsed));
+  EXPECT_EQ(pattern(), "HH:mm:ss");
+}
+
+TEST_F(FormatElementTest, OfATypeWithoutADisplayStaysAsItWas) {
+  std::string const before = element.AsUTF8();
+  Vexa_Format none = format(77);
+  Vexa_Format text = format(1);
+  EXPECT_FALSE(ChartBase::FormatDate(element, none));
+  EXPECT_FALSE(ChartBase::FormatDate(element, text));
+  EXPECT_FALSE(ChartBase::FormatNumber(element, text));
+  EXPECT_FALSE(ChartBase::FormatCustomCurrency(element, text));
+  EXPECT_FALSE(ChartBase::FormatElapsedTime(element, text));
+  EXPECT_EQ(element.AsUTF8(), before);
+}
+
+TEST_F(FormatElementTest, GoesThroughTheHost) {
+  Recorder recorder;
+  recorder.failAt(Operation::FormatNumber, 1);
+  ScopedHost const scope(recorder.host());
+  Vexa_Format number = format(5, 2);
+  EXPECT_FALSE(ChartBase::FormatNumber(element, number));
+  EXPECT_EQ(recorder.lines(), std::vector<std::string>{"ChartBase::FormatNumber(type=5, width=8, decimals=2)"});
+}
+
+class UpdateTextTest : public testing::Test {
+ protected:
+  UpdateTextTest() : scope(services.host()), dictionary("/base/de/") {}
+
+  std::string updated(char16_t const* before) {
+    services.texts->texts["Monday"] = "Montag";
+    services.texts->texts["March"] = "M\xC3\xA4rz";
+    FacSTDictionary opened("/base/de/");
+    ChartString text(before);
+    ChartBase::updateText(text, &opened, "CP1252");
+    return text.toUTF8();
+  }
+
+  MemoryServices services;
+  ScopedHost scope;
+  FacSTDictionary dictionary;
+};
+
+TEST_F(UpdateTextTest, TranslatesATextThatIsAKey) {
+  EXPECT_EQ(updated(u"Monday"), "Montag");
+  EXPECT_EQ(updated(u"March"), "M\xC3\xA4rz");
+}
+
+TEST_F(UpdateTextTest, LeavesAnyOtherTextAlone) {
+  EXPECT_EQ(updated(u"Body mass by species"), "Body mass by species");
+  EXPECT_EQ(updated(u"Monday and Tuesday"), "Monday and Tuesday");
+  EXPECT_EQ(updated(u"\u4E00"), "\xE4\xB8\x80");
+  EXPECT_EQ(updated(u""), "");
+}
+
+TEST_F(UpdateTextTest, WithoutADictionaryLeavesTheTextAlone) {
+  ChartString text(u"Monday");
+  ChartBase::updateText(text, nullptr, "CP1252");
+  EXPECT_EQ(text.toUTF8(), "Monday");
+}
+
+}  // namespace
