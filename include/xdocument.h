@@ -1,0 +1,211 @@
+#pragma once
+
+#include "chartxmlcontent.h"
+#include "kestrel_export.h"
+
+#include "model/chartstring.h"
+
+#include <xercesc/util/XercesDefs.hpp>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+XERCES_CPP_NAMESPACE_BEGIN
+class DOMDocument;
+class XercesDOMParser;
+XERCES_CPP_NAMESPACE_END
+
+class LumoDocument;
+class LumoVisualization;
+class VarDataProcessor;
+class XGraph;
+
+/// The root object of one chart. It owns the model document, the graph builder and the data store, holds what
+/// the caller has asked of the chart, and sends the chart to the client.
+///
+/// One thread at a time uses a document and the wrappers on it. A document that could not be made from its
+/// text is empty: `implementationExists()` says false.
+class KESTREL_API XDocument {
+ public:
+  /// What to do with a frame or with gridlines.
+  enum TEMPL_PARAM_ACT : int { TemplParamLeave = 0, TemplParamShow = 1, TemplParamHide = 2 };
+
+  /// The language of a chart text that has to be converted.
+  enum CONVERT_FROM : int { ConvertFromLumoML14 = 0, ConvertFromPDL = 1 };
+
+  /// Second word of the end record: which editor the client offers.
+  enum EDITOR : int { EditorDefault = 1, EditorAttachedFile = 2, EditorInteractive = 3 };
+
+  /// First word of the end record. Other values than 0 are the host's.
+  enum EDITABLE : int { EditableDefault = 0 };
+
+  /// Tag of the constructor whose text is UTF-8; the value is not looked at.
+  enum USE_UTF8 : int { UseUTF8 = 1 };
+
+  /// One colour that the host asks for. The first number is the host's own.
+  struct ColorSpec {
+    ColorSpec(int hostValue, int redPart, int greenPart, int bluePart)
+        : first(hostValue), red(redPart), green(greenPart), blue(bluePart) {}
+    int first;
+    int red;    ///< 0 to 255
+    int green;  ///< 0 to 255
+    int blue;   ///< 0 to 255
+  };
+
+  /// A new, empty chart, to be described through `getGraph()`.
+  XDocument();
+
+  /// Works on a chart made elsewhere; the caller keeps `document` and must keep it alive.
+  explicit XDocument(LumoDocument& document);
+
+  /// Reads chart text (LumoML of any version). On a text that does not parse the failure is reported and the
+  /// document stays empty.
+  explicit XDocument(std::string const& text);
+
+  /// Reads a chart description in PDL that is UTF-8. Failures are reported, and leave the document empty.
+  XDocument(std::string const& text, USE_UTF8 tag);
+
+  /// Reads PDL in the local code page, or LumoML 1.4.
+  /// @param reportErrors whether the user is told of failures; the log is in any case
+  XDocument(std::string const& text, bool fromPDL, bool reportErrors);
+
+  /// Reads the chart text in a file of the host's template folder; stays empty where there is none. The
+  /// number is not used.
+  XDocument(std::string const& name, int unused);
+
+  XDocument(XDocument const&) = delete;
+  XDocument& operator=(XDocument const&) = delete;
+  virtual ~XDocument();
+
+  /// The description that goes to the client beside the chart.
+  virtual void SetDescription(char16_t const* description);
+  virtual void SetDescription(ChartString const& description);
+
+  /// The builder of the chart's graph, made at the first call together with a data store (unless
+  /// `SetChartData` has given one). Owned by the document.
+  /// @throws ChartException if the document is empty
+  virtual XGraph* getGraph();
+
+  /// Completes the chart and sends it: description, chart text, data, CSV files, end record.
+  /// @param ignoredFlag has no effect
+  /// @param alreadyComplete sends the chart as it stands
+  /// @param clearDataAfterSend empties the graph's data store after the send
+  /// @return true if the last content step that ran has succeeded; what failed is reported
+  virtual bool SendChart(bool ignoredFlag, bool alreadyComplete, bool clearDataAfterSend);
+
+  /// A comment for the chart text. A text with two hyphens in a row is ignored: XML comments cannot hold it.
+  virtual void SetComment(char16_t const* comment);
+
+  /// The chart's name. Does nothing on an empty document; a failure is logged only.
+  virtual void SetName(char16_t const* name);
+
+  /// Protects the chart from completion and from stamps. The call itself does so, whatever its argument: that
+  /// says whether file templates are still applied. There is no way back.
+  virtual void doNotModify(bool keepFileTemplates);
+
+  /// Appends a chart template's name, a CSV file's name, a template's text. An empty one is ignored.
+  virtual void SetChartTemplate(std::string const& name);
+  virtual void AddCSVFile(std::string const& name);
+  virtual void AddImmediateTemplate(std::string const& xml);
+
+  /// The builder around a chart that came from outside: nothing in the chart is touched and no data store is
+  /// made. `getGraph` and this share one builder: whichever runs first decides what both return.
+  /// @throws ChartException if the document is empty
+  virtual XGraph* getExternalGraph();
+
+  /// The chart text, UTF-8; empty for an empty document.
+  virtual std::string AsUTF8() const;
+
+  /// Sends `size` bytes as messages of at most 33,984 payload bytes.
+  /// @param data null announces `size` bytes: messages of those sizes whose payload is zero
+  /// @return true if every put succeeded; after a failed one the rest is abandoned
+  virtual bool SendContent(char const* data, unsigned long size, ChartXMLContentType type,
+                           ChartXMLContentSubType subType) const;
+
+  /// Sends the description in the document language and in the English form. An empty description becomes the
+  /// translated "Description not set", which the document keeps.
+  virtual bool SendDescription() const;
+
+  /// Announces, compresses and sends the chart text. Only a failure of the payload itself counts.
+  virtual bool SendXML(std::string const& xml) const;
+
+  /// Sends the data stream of the attached data store. True, and nothing sent, where there is none.
+  virtual bool SendData() const;
+
+  /// Sends the end record.
+  virtual bool SendDone() const;
+
+  /// Sends nothing and returns false, whatever the arguments: part of the interface only.
+  virtual bool SendCount(unsigned int count, ChartXMLContentType type) const;
+
+  /// Starts and ends one use of the XML library. Its count of uses is the only one: the constructors' calls
+  /// of `initialize` and the destructor's `terminate` need not balance.
+  static void initialize();
+  static void terminate();
+
+  /// Parses `text` with the caller's parser, loading nothing from outside the text.
+  /// @param errorText takes the parser's message when the text is not well formed
+  /// @return the document, owned by the parser and valid until its next parse; null on any failure, which is
+  /// logged
+  ///         but not shown to the user, and for a null parser
+  static xercesc::DOMDocument* parseDocument(std::string const& text, std::string& errorText,
+                                             xercesc::XercesDOMParser* parser);
+
+  /// False for an empty document.
+  bool implementationExists() const;
+
+  /// The root of the chart model. The document must not be empty.
+  LumoVisualization* getVisualization() const;
+
+  ChartString GetDescription() const;
+
+  void setEditable(EDITABLE editable);
+  EDITABLE getEditable() const;
+  void setEditor(EDITOR editor);
+
+  /// Kept for hosts that call it; nothing reads it.
+  void setAdvancedCheck(bool advancedCheck);
+  void setTableSwatch(bool tableSwatch);
+  void applyCTemplate(bool apply);
+
+  void SetOuterFrame(TEMPL_PARAM_ACT action);
+  TEMPL_PARAM_ACT GetOuterFrame() const;
+  void SetInnerFrame(TEMPL_PARAM_ACT action);
+  TEMPL_PARAM_ACT GetInnerFrame() const;
+  void SetXAxisGridlines(TEMPL_PARAM_ACT action);
+  TEMPL_PARAM_ACT GetXAxisGridlines() const;
+  void SetYAxisGridlines(TEMPL_PARAM_ACT action);
+  TEMPL_PARAM_ACT GetYAxisGridlines() const;
+
+  /// The lists themselves.
+  std::vector<std::string>& getTemplates();
+  std::vector<std::string>& getInlineTemplates();
+
+  void AddColorSpec(ColorSpec const& color);
+  std::vector<ColorSpec>& GetColorSpecs() const;
+
+  /// Name first (for messages), content second.
+  void setStyleSheet(std::string const& name, std::string const& styleSheet);
+  void setLUMOMap(std::string const& name, std::string const& map);
+  void setLUMORefMap(std::string const& name, std::string const& map);
+
+  /// Makes the document use the caller's data store, which the caller keeps. A store that `getGraph` made
+  /// before stays with the graph.
+  void SetChartData(VarDataProcessor* data);
+
+ private:
+  struct XDocumentData;
+
+  void convertFromLumoML(std::string const& text);
+  void convertXML(std::string const& text, CONVERT_FROM from, bool reportErrors);
+  std::string fetchTemplateFile(std::string name);
+  void requireDocument() const;
+  void stamp(LumoVisualization& visualization);
+  bool sendAll(LumoVisualization& visualization, std::string const& text);
+  bool sendContents(LumoVisualization& visualization, std::string const& text);
+  void sendCsvFile(std::string const& name, bool& success);
+  void releaseData(bool clear);
+
+  std::unique_ptr<XDocumentData> mData;
+};

@@ -1,0 +1,125 @@
+#pragma once
+
+#include "kestrel_export.h"
+#include "xbaseelement.h"
+
+#include "host/data_types.h"
+#include "model/chartstring.h"
+
+#include <string>
+#include <vector>
+
+class CTVariableType;
+class LumoDerivedVariable;
+class LumoExpressionVariable;
+class LumoFormat;
+class LumoSourceVariable;
+class XSource;
+
+/// The builder of one chart variable: the variable in the chart text, the host's record of it (labels, print
+/// format) and its data column in the store. Owns neither.
+class KESTREL_API XVariable : public XBaseElement {
+ public:
+  /// Where the variable's values come from, as the chart text says it. Any other value writes nothing.
+  enum CREATOR : int {
+    CreatorExternalDatasource,
+    CreatorExternalSystem,
+    CreatorExternalAggregate,
+    CreatorInternalAggregate,
+    CreatorInternalVariable
+  };
+
+  /// A variable over a column of the procedure's data: takes the host variable's labels and print format.
+  /// Guarded.
+  XVariable(LumoSourceVariable& variable, Vexa_Variable const& host, XSource& source,
+            ProcedureDataSource const* data);
+
+  /// A variable of the source with a data column but no host variable. Guarded.
+  XVariable(LumoSourceVariable& variable, XSource& source);
+
+  /// Wraps a variable as it stands: the wrapper has no data column, whatever the model's variable says.
+  explicit XVariable(LumoSourceVariable& variable);
+
+  /// The sum of at least two variables. With fewer the failure is reported and the expression stays unset.
+  /// Guarded.
+  XVariable(LumoExpressionVariable& variable, std::vector<XVariable*> operands);
+
+  /// The case number. `systemVariable` false is not supported: reported, and the variable stays without a
+  /// column. Guarded.
+  XVariable(LumoSourceVariable& variable, bool systemVariable, XSource& source, bool categorical);
+
+  explicit XVariable(LumoDerivedVariable& variable);
+
+  /// Fills the first format from the host variable's print format. Guarded.
+  virtual void setFormatBasedOnVexaVariable(Vexa_Variable const& host);
+
+  /// Fills the first format, which is made if there is none (also for a type that then fills nothing).
+  /// Guarded.
+  virtual void setFormat(Vexa_Format format);
+
+  /// Gives the variable a new categorical domain that is sorted by value. Guarded.
+  virtual void sortCategories(bool descending);
+
+  virtual CTVariableType& getImplementation() const;
+  virtual bool doesFormatExist() const;
+
+  char16_t const* GetID() const;
+
+  /// Name of the data column in the store, UTF-8; empty where the wrapper has none.
+  std::string getSourceName() const { return mSourceName; }
+
+  bool getCategorical() const;
+  void setCategorical(bool categorical);
+  void setCreator(CREATOR creator);
+
+  /// Marks the variable as the one that labels cases where nothing else is said.
+  void makeDefaultLabelingVar();
+
+  /// Written unchanged, empty ones too.
+  void setLabel(ChartString const& label);
+  void setShortLabel(ChartString const& label);
+  ChartString getLabel() const;
+
+  /// The host variable's label without its leading blanks (trailing ones stay), or the model's label where
+  /// there is no host variable.
+  ChartString getVexaVariableLabel() const;
+  /// The host variable's name, or the model's short label where there is no host variable.
+  ChartString getVexaVariableShortLabel() const;
+
+  void SetWeight(bool weight);
+  bool isWeightVariable() const;
+
+  /// Attaches a host variable, which the caller keeps. Labels, formats and the data index stay as they are.
+  void setVexaVariable(Vexa_Variable const& host);
+
+  /// The variable's value in the iterator's current case; the system-missing value where there is none.
+  double getData(ProcDSIterator const* iterator);
+
+  /// Fixes the number of decimals of the first format. Null and empty affixes leave what stands there.
+  /// @param decimals cut to 32 bits
+  bool SetNumberFormat(unsigned long decimals, bool grouping, char16_t const* prefix, char16_t const* suffix);
+
+  /// False, and nothing made, for an empty or null text.
+  bool SetFormatPrefix(char16_t const* prefix);
+  bool SetFormatSuffix(char16_t const* suffix);
+
+  /// Relabels the values 1 to 7 (Sunday first) and 1 to 12 with the names in the output language: long ones
+  /// for a width above 3.
+  void addDayOfWeekRelabels(LumoFormat& format, Vexa_Format hostFormat);
+  void addMonthOfYearRelabels(LumoFormat& format, Vexa_Format hostFormat);
+
+ private:
+  friend class XDataValue;
+
+  void bindTo(XSource& source);
+  void nameColumn(LumoSourceVariable& variable);
+  LumoFormat& findOrMakeFormat();
+  void setInputDateFormatPattern(char16_t const* pattern);
+  void fillFormat(LumoFormat& format, Vexa_Format hostFormat);
+
+  CTVariableType* mImplementation;
+  std::string mSourceName;
+  Vexa_Variable const* mVexaVariable = nullptr;
+  int mVarIndex = -1;
+  bool mIsSystemVariable = false;
+};

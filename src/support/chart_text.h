@@ -1,0 +1,30 @@
+#pragma once
+
+#include "model/chartstring.h"
+
+#include <cstddef>
+#include <initializer_list>
+
+namespace kestrel {
+
+/// A number as the chart text has it: up to 16 significant digits.
+inline ChartString numberText(double value) {
+  ChartString text;
+  text.assignDouble(value, 16);
+  return text;
+}
+
+/// The parts of an id, one behind the other; a null part is empty.
+inline ChartString joined(std::initializer_list<char16_t const*> parts) {
+  ChartString text;
+  for (char16_t const* part : parts) text.append(part);
+  return text;
+}
+
+/// An id that ends in a number.
+inline ChartString numbered(ChartString text, std::size_t number) {
+  text.appendInteger(static_cast<long>(number));
+  return text;
+}
+
+}  // namespace kestrel

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <xercesc/parsers/XercesDOMParser.hpp>
+
+#include <cstddef>
+#include <memory>
+#include <string_view>
+
+namespace kestrel {
+
+/// A parser for chart text: without validator and grammar pool, and with the limits below built in.
+std::unique_ptr<xercesc::XercesDOMParser> makeChartParser();
+
+/// Refuses what chart text must not have, before a parser sees it that has no such limits of its own: a
+/// document type declaration (entities could grow without bound), elements nested beyond what recursive code
+/// can take, and more text than a chart can be. Text that is not well formed is left to the parser.
+/// @throws xercesc::SAXParseException
+void refuseUnsafeText(std::string_view text, xercesc::XercesDOMParser const& parser);
+
+/// Elements nested deeper than this are refused.
+constexpr unsigned int deepestElement = 1000;
+
+/// Chart text longer than this is refused, in bytes.
+constexpr std::size_t longestText = std::size_t{512} * 1024 * 1024;
+
+}  // namespace kestrel

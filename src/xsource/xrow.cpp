@@ -1,0 +1,18 @@
+#include "xrow.h"
+
+XRow::XRow(VarDataProcessor& processor, std::string const& sourceId, unsigned int rowIndex)
+    : mProcessor(&processor), mRowIndex(rowIndex), mSourceId(sourceId) {}
+
+XRow::~XRow() = default;
+
+void XRow::addDataValue(XVariable const& variable, long const& value) {
+  mValues.emplace_back(*mProcessor, mSourceId, variable, mRowIndex, value);
+}
+
+void XRow::addDataValue(XVariable const& variable, double const& value) {
+  mValues.emplace_back(*mProcessor, mSourceId, variable, mRowIndex, value);
+}
+
+void XRow::addDataValue(XVariable const& variable, OBS const& value) {
+  addDataValue(variable, value.number());
+}

@@ -1,0 +1,37 @@
+#include "xsource.h"
+
+#include "support/chart_text.h"
+#include "support/guard.h"
+
+#include "host/data_store.h"
+#include "model/document.h"
+#include "model/tokens.h"
+#include "model/variables.h"
+
+using kestrel::guarded;
+
+XSource::XSource(LumoVisualization& visualization, VarDataProcessor& processor)
+    : XBaseElement(visualization), mProcessor(&processor) {
+  guarded("Error in XSource::XSource()", [&] {
+    // Counted before the add, so that the first is 0.
+    ChartString const id = kestrel::numbered(LumoUni::_source, visualization.getUserSources().size());
+    mSourceId = id.toUTF8();
+    mUserSource = visualization.addUserSource(id.xc_str());
+    processor.AddDataSource(mSourceId, 0);
+  });
+}
+
+XSource::~XSource() = default;
+
+XRow* XSource::AddRow() {
+  mRows.push_back(std::make_unique<XRow>(*mProcessor, mSourceId, getNumRows()));
+  return mRows.back().get();
+}
+
+unsigned int XSource::clear(VarDataProcessor& processor) {
+  unsigned int const count = getNumRows();
+  guarded("Error in XSource::clear()", [&] { mRows.clear(); });
+  mProcessor = &processor;
+  mProcessor->AddDataSource(mSourceId, 0);
+  return count;
+}
