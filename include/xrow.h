@@ -6,7 +6,6 @@
 #include "host/data_types.h"
 
 #include <string>
-#include <vector>
 
 class VarDataProcessor;
 class XVariable;
@@ -26,9 +25,6 @@ class KESTREL_API XRow {
   void addDataValue(XVariable const& variable, OBS const& value);
 
  private:
-  /// One entry for each call. Values have no state, so that a row keeps them side by side instead of on the
-  /// heap.
-  std::vector<XDataValue> mValues;
   VarDataProcessor* mProcessor;
   unsigned int mRowIndex;
   std::string mSourceId;

@@ -4,9 +4,8 @@
 #include "xbaseelement.h"
 #include "xrow.h"
 
-#include <memory>
+#include <deque>
 #include <string>
-#include <vector>
 
 class LumoUserSource;
 class LumoVisualization;
@@ -37,7 +36,8 @@ class KESTREL_API XSource : public XBaseElement {
   LumoUserSource* getImplemenation() const { return mUserSource; }
 
  private:
-  std::vector<std::unique_ptr<XRow>> mRows;
+  /// Rows stay where they are until they are destroyed, and lie in blocks: a source may have millions.
+  std::deque<XRow> mRows;
   VarDataProcessor* mProcessor;
   std::string mSourceId;
   LumoUserSource* mUserSource = nullptr;

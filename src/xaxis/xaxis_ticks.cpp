@@ -28,9 +28,9 @@ void XAxis::AddMajorTicks() {
   });
 }
 
-/// The axis's ticks, made again where somebody has removed them. Only that step is guarded: what is then written on
-/// them is not. After a reported failure that is done on the ticks that were made before it; where there are none, that
-/// is a failure for the caller.
+/// The axis's ticks, made again where somebody has removed them. Only that step is guarded: what is then
+/// written on them is not. After a reported failure that is done on the ticks that were made before it; where
+/// there are none, that is a failure for the caller.
 LumoMajorTicks& XAxis::ticksUnderGuard(char const* context) {
   guarded(context, [&] {
     if (mImplementation->getMajorTicks() == nullptr) AddMajorTicks();

@@ -1,16 +1,11 @@
 #include "chart_parser.h"
 
-#include "host/log.h"
-
 #include <xercesc/framework/MemBufInputSource.hpp>
 #include <xercesc/internal/XMLScanner.hpp>
+#include <xercesc/parsers/SAXParser.hpp>
+#include <xercesc/sax/HandlerBase.hpp>
 #include <xercesc/sax/SAXParseException.hpp>
-#include <xercesc/sax2/Attributes.hpp>
-#include <xercesc/sax2/DefaultHandler.hpp>
-#include <xercesc/sax2/SAX2XMLReader.hpp>
-#include <xercesc/sax2/XMLReaderFactory.hpp>
 #include <xercesc/util/PlatformUtils.hpp>
-#include <xercesc/util/XMLUni.hpp>
 
 using xercesc::SAXParseException;
 
@@ -22,13 +17,18 @@ constexpr char16_t doctypeRefused[] = u"A document type declaration is not allow
 constexpr char16_t depthRefused[] = u"Elements are nested too deeply: chart text may have 1000 levels.";
 constexpr char16_t lengthRefused[] = u"The text is too long: chart text may have 512 MiB.";
 
-class ChartParser final : public xercesc::XercesDOMParser {
+xercesc::Locator const& locatorOf(xercesc::XMLScanner const& scanner) { return *scanner.getLocator(); }
+xercesc::Locator const& locatorOf(xercesc::XMLScanner const* scanner) { return *scanner->getLocator(); }
+
+/// A parser that refuses a document type declaration and elements that are nested too deeply.
+template <typename Parser>
+class Limited final : public Parser {
  public:
-  ChartParser() : XercesDOMParser(nullptr, xercesc::XMLPlatformUtils::fgMemoryManager, nullptr) {}
+  Limited() : Parser(nullptr, xercesc::XMLPlatformUtils::fgMemoryManager, nullptr) {}
 
   void startDocument() override {
     mDepth = 0;
-    XercesDOMParser::startDocument();
+    Parser::startDocument();
   }
 
   void doctypeDecl(xercesc::DTDElementDecl const&, XMLCh const*, XMLCh const*, bool, bool) override {
@@ -38,53 +38,57 @@ class ChartParser final : public xercesc::XercesDOMParser {
   void startElement(xercesc::XMLElementDecl const& declaration, unsigned int uri, XMLCh const* prefix,
                     xercesc::RefVectorOf<xercesc::XMLAttr> const& attributes, XMLSize_t attributeCount,
                     bool isEmpty, bool isRoot) override {
-    // The base ends an empty element by itself: counted here all the same, since it calls endElement for it
-    // too.
-    if (++mDepth > deepestElement) refuse(depthRefused);
-    XercesDOMParser::startElement(declaration, uri, prefix, attributes, attributeCount, isEmpty, isRoot);
+    unsigned int const depth = mDepth + 1;
+    if (depth > deepestElement) refuse(depthRefused);
+    mDepth = depth;
+    Parser::startElement(declaration, uri, prefix, attributes, attributeCount, isEmpty, isRoot);
+    // Not every parser calls endElement for an empty element.
+    mDepth = isEmpty ? depth - 1 : depth;
   }
 
   void endElement(xercesc::XMLElementDecl const& declaration, unsigned int uri, bool isRoot,
                   XMLCh const* prefix) override {
     --mDepth;
-    XercesDOMParser::endElement(declaration, uri, isRoot, prefix);
+    Parser::endElement(declaration, uri, isRoot, prefix);
   }
 
  private:
   [[noreturn]] void refuse(char16_t const* why) const {
-    throw SAXParseException(why, *getScanner()->getLocator());
+    throw SAXParseException(why, locatorOf(this->getScanner()));
   }
 
   unsigned int mDepth = 0;
 };
+
+using ChartParser = Limited<xercesc::XercesDOMParser>;
+using Inspector = Limited<xercesc::SAXParser>;
 
 /// Ends an inspection at the place where the text is not well formed.
 struct NotWellFormed {};
 
-/// Reads a text and refuses it by the same rules.
-class Inspector final : public xercesc::DefaultHandler {
+class InspectionHandler final : public xercesc::HandlerBase {
  public:
-  using DefaultHandler::startDTD;
-  using DefaultHandler::startElement;
-
-  void setDocumentLocator(xercesc::Locator const* locator) override { mLocator = locator; }
-
-  void startDTD(XMLCh const*, XMLCh const*, XMLCh const*) override { refuse(doctypeRefused); }
-
-  void startElement(XMLCh const*, XMLCh const*, XMLCh const*, xercesc::Attributes const&) override {
-    if (++mDepth > deepestElement) refuse(depthRefused);
-  }
-
-  void endElement(XMLCh const*, XMLCh const*, XMLCh const*) override { --mDepth; }
-
   void fatalError(SAXParseException const&) override { throw NotWellFormed(); }
-
- private:
-  [[noreturn]] void refuse(char16_t const* why) const { throw SAXParseException(why, *mLocator); }
-
-  xercesc::Locator const* mLocator = nullptr;
-  unsigned int mDepth = 0;
 };
+
+void inspect(xercesc::InputSource const& source) {
+  Inspector inspector;
+  inspector.setDoNamespaces(true);
+  inspector.setLoadSchema(false);
+  inspector.setLoadExternalDTD(false);
+  inspector.setDisableDefaultEntityResolution(true);
+  InspectionHandler handler;
+  // The parser itself is told only of what there is a handler for.
+  inspector.setDocumentHandler(&handler);
+  inspector.setDTDHandler(&handler);
+  inspector.setErrorHandler(&handler);
+  try {
+    inspector.parse(source);
+  } catch (NotWellFormed const&) {
+    // The caller's parser stops at the same place and says why, to the handler that it was given.
+    return;
+  }
+}
 
 }  // namespace
 
@@ -93,23 +97,8 @@ std::unique_ptr<xercesc::XercesDOMParser> makeChartParser() { return std::make_u
 void refuseUnsafeText(std::string_view text, xercesc::XercesDOMParser const& parser) {
   if (text.size() > longestText) throw SAXParseException(lengthRefused, u"", u"", 0, 0);
   if (dynamic_cast<ChartParser const*>(&parser) != nullptr) return;
-  std::unique_ptr<xercesc::SAX2XMLReader> const reader(xercesc::XMLReaderFactory::createXMLReader());
-  reader->setFeature(xercesc::XMLUni::fgSAX2CoreValidation, false);
-  reader->setFeature(xercesc::XMLUni::fgXercesLoadExternalDTD, false);
-  reader->setFeature(xercesc::XMLUni::fgXercesLoadSchema, false);
-  reader->setFeature(xercesc::XMLUni::fgXercesDisableDefaultEntityResolution, true);
-  Inspector inspector;
-  reader->setContentHandler(&inspector);
-  reader->setLexicalHandler(&inspector);
-  reader->setErrorHandler(&inspector);
-  xercesc::MemBufInputSource const source(reinterpret_cast<XMLByte const*>(text.data()), text.size(),
-                                          "ChartBase");
-  try {
-    reader->parse(source);
-  } catch (NotWellFormed const&) {
-    // The parser stops at the same place and says why, to the handler that it was given.
-    return;
-  }
+  auto const* const bytes = reinterpret_cast<XMLByte const*>(text.data());
+  inspect(xercesc::MemBufInputSource(bytes, text.size(), "ChartBase"));
 }
 
 }  // namespace kestrel

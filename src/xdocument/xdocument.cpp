@@ -80,7 +80,9 @@ std::string XDocument::AsUTF8() const {
   return implementationExists() ? mData->mDocument->AsUTF8() : std::string();
 }
 
-LumoVisualization* XDocument::getVisualization() const { return mData->mDocument->getVisualization(); }
+LumoVisualization* XDocument::getVisualization() const {
+  return present(mData->mDocument, "document").getVisualization();
+}
 
 void XDocument::requireDocument() const {
   // The words belong to another operation; clients know them.

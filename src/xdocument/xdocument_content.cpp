@@ -40,9 +40,11 @@ unsigned long announced(std::string const& text) { return static_cast<std::uint3
 bool XDocument::SendContent(char const* data, unsigned long size, ChartXMLContentType type,
                             ChartXMLContentSubType subType) const {
   namespace layout = kestrel::chart_content;
-  // Cleared once: behind the payload of a last, shorter chunk the trailer repeats what the chunk before left
-  // there. Receivers ignore it.
-  std::array<unsigned char, layout::bufferSize> buffer{};
+  // Cleared once, as far as the first and longest message goes: behind the payload of a last, shorter chunk the
+  // trailer repeats what the chunk before left there. Receivers ignore it.
+  std::array<unsigned char, layout::bufferSize> buffer;
+  unsigned long const longestChunk = std::min<unsigned long>(layout::longestPayload, size);
+  std::memset(buffer.data(), 0, layout::payloadOffset + longestChunk + layout::trailerSize);
   buffer[layout::typeOffset] = static_cast<unsigned char>(type);
   buffer[layout::subTypeOffset] = static_cast<unsigned char>(subType);
   bool success = true;

@@ -20,8 +20,8 @@ VarDataProcessor* XDocument::XDocumentData::chartData() {
 void XDocument::XDocumentData::followClearedGraph() {
   if (mGraph == nullptr || mGraph->mClearCount == mClearsSeen) return;
   mClearsSeen = mGraph->mClearCount;
-  // What the graph held before is destroyed; mOwnData never holds anything else.
-  static_cast<void>(mOwnData.release());
+  // The graph has destroyed what it held before.
+  if (mOwnData.get() == mGraphData) static_cast<void>(mOwnData.release());
   bool const shared = mChartData != nullptr && mChartData == mGraphData;
   mGraphData = mGraph->mProcessor;
   mOwnData.reset(mGraphData);

@@ -34,15 +34,17 @@ LumoAxis* firstAxis(LumoDimension const& dimension, bool primary) {
   return nullptr;
 }
 
-/// An axis that belongs to no chart that is ever sent. It lives as long as the process, so that no wrapper on
-/// it dangles.
+LumoAxis& makeAxisOf(LumoDocument& document) {
+  LumoVisualization* visualization = document.getVisualization();
+  visualization->addStyle()->setId(ChartBase::_container);
+  return *visualization->addGraph(u"graph")->addCoordinates(u"coordinates")->addDimension()->addAxis();
+}
+
+/// An axis that belongs to no chart that is ever sent. It and its document live as long as the process, so that no
+/// wrapper on it dangles.
 LumoAxis& axisOutsideTheChart() {
-  static LumoAxis& axis = [&]() -> LumoAxis& {
-    auto* const document = new LumoDocument;
-    LumoVisualization* visualization = document->getVisualization();
-    visualization->addStyle()->setId(ChartBase::_container);
-    return *visualization->addGraph(u"graph")->addCoordinates(u"coordinates")->addDimension()->addAxis();
-  }();
+  static LumoDocument& document = *new LumoDocument;
+  static LumoAxis& axis = makeAxisOf(document);
   return axis;
 }
 

@@ -6,11 +6,12 @@ XRow::XRow(VarDataProcessor& processor, std::string const& sourceId, unsigned in
 XRow::~XRow() = default;
 
 void XRow::addDataValue(XVariable const& variable, long const& value) {
-  mValues.emplace_back(*mProcessor, mSourceId, variable, mRowIndex, value);
+  // The value has no state: there is nothing to keep.
+  XDataValue const written(*mProcessor, mSourceId, variable, mRowIndex, value);
 }
 
 void XRow::addDataValue(XVariable const& variable, double const& value) {
-  mValues.emplace_back(*mProcessor, mSourceId, variable, mRowIndex, value);
+  XDataValue const written(*mProcessor, mSourceId, variable, mRowIndex, value);
 }
 
 void XRow::addDataValue(XVariable const& variable, OBS const& value) {

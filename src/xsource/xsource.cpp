@@ -23,10 +23,7 @@ XSource::XSource(LumoVisualization& visualization, VarDataProcessor& processor)
 
 XSource::~XSource() = default;
 
-XRow* XSource::AddRow() {
-  mRows.push_back(std::make_unique<XRow>(*mProcessor, mSourceId, getNumRows()));
-  return mRows.back().get();
-}
+XRow* XSource::AddRow() { return &mRows.emplace_back(*mProcessor, mSourceId, getNumRows()); }
 
 unsigned int XSource::clear(VarDataProcessor& processor) {
   unsigned int const count = getNumRows();

@@ -1,11 +1,5 @@
 #include "schema_validator.h"
 
-#include <memory>
-#include <stdexcept>
-#include <string>
-#include <utility>
-#include <vector>
-
 #include <xercesc/framework/MemBufInputSource.hpp>
 #include <xercesc/framework/XMLGrammarPoolImpl.hpp>
 #include <xercesc/parsers/XercesDOMParser.hpp>
@@ -14,6 +8,12 @@
 #include <xercesc/sax/SAXParseException.hpp>
 #include <xercesc/util/PlatformUtils.hpp>
 #include <xercesc/util/XMLString.hpp>
+
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -35,8 +35,8 @@ class Collector final : public xercesc::ErrorHandler {
 
  private:
   void collect(xercesc::SAXParseException const& fault) {
-    errors.push_back(std::to_string(fault.getLineNumber()) + ":" + std::to_string(fault.getColumnNumber()) + ": " +
-                     narrow(fault.getMessage()));
+    errors.push_back(std::to_string(fault.getLineNumber()) + ":" + std::to_string(fault.getColumnNumber()) +
+                     ": " + narrow(fault.getMessage()));
   }
 };
 
@@ -50,11 +50,12 @@ class Validator {
     parser_.setValidationSchemaFullChecking(true);
     parser_.setValidationScheme(xercesc::XercesDOMParser::Val_Always);
     parser_.setCreateEntityReferenceNodes(false);
-    if (parser_.loadGrammar(KESTREL_SOURCE_DIR "/schema/lumoml.xsd", xercesc::Grammar::SchemaGrammarType, true) ==
-            nullptr ||
+    if (parser_.loadGrammar(KESTREL_SOURCE_DIR "/schema/lumoml.xsd", xercesc::Grammar::SchemaGrammarType,
+                            true) == nullptr ||
         !collector_.errors.empty()) {
-      throw std::runtime_error("schema/lumoml.xsd: " +
-                               (collector_.errors.empty() ? std::string("not there") : collector_.errors.front()));
+      throw std::runtime_error("schema/lumoml.xsd: " + (collector_.errors.empty()
+                                                            ? std::string("not there")
+                                                            : collector_.errors.front()));
     }
     grammars_.lockPool();
     parser_.useCachedGrammarInParse(true);
@@ -63,7 +64,8 @@ class Validator {
 
   std::vector<std::string> errorsOf(std::string const& xml) {
     collector_.errors.clear();
-    xercesc::MemBufInputSource const source(reinterpret_cast<XMLByte const*>(xml.data()), xml.size(), "chart");
+    xercesc::MemBufInputSource const source(reinterpret_cast<XMLByte const*>(xml.data()), xml.size(),
+                                            "chart");
     parser_.parse(source);
     parser_.resetDocumentPool();
     return std::move(collector_.errors);

@@ -3,6 +3,6 @@
 #include <string>
 #include <vector>
 
-/// What is wrong with a chart's text by the schema of the chart markup (or with its XML), one line for each fault as
-/// "line:column: message"; empty for a valid chart.
+/// What is wrong with a chart's text by the schema of the chart markup (or with its XML), one line for each
+/// fault as "line:column: message"; empty for a valid chart.
 std::vector<std::string> schemaErrors(std::string const& xml);

@@ -1,0 +1,32 @@
+#include "graph_fixture.h"
+
+#include "schema_validator.h"
+
+#include "host/chartbase.h"
+#include "model/style.h"
+
+#include <xercesc/dom/DOMNamedNodeMap.hpp>
+
+namespace kestrel::test {
+
+void EmptyChartTest::TearDown() {
+  auto const errors = schemaErrors(document.AsUTF8());
+  EXPECT_TRUE(errors.empty()) << "the chart is not valid: " << (errors.empty() ? "" : errors.front()) << "\n"
+                              << document.AsUTF8();
+}
+
+std::vector<std::string> styleIds(LumoVisualization const& visualization) {
+  LumoStyle const* const container = visualization.getStyleById(ChartBase::_container);
+  return container == nullptr ? std::vector<std::string>() : ids(container->getStyles());
+}
+
+std::vector<std::string> attributeNames(LumoBaseElement const& element) {
+  std::vector<std::string> names;
+  auto const* const attributes = element.getImplementation()->getAttributes();
+  for (XMLSize_t index = 0, count = attributes->getLength(); index < count; ++index) {
+    names.push_back(utf8(attributes->item(index)->getNodeName()));
+  }
+  return names;
+}
+
+}  // namespace kestrel::test
