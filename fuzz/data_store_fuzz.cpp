@@ -1,5 +1,7 @@
 // A data store under any sequence of operations, beside the plainest store that can be: maps of cells.
 
+#include "host/data_store.h"
+
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
@@ -10,8 +12,6 @@
 #include <memory>
 #include <string>
 #include <vector>
-
-#include "host/data_store.h"
 
 namespace {
 
@@ -83,7 +83,8 @@ class Comparison {
     std::string const source = name();
     std::string const column = name();
     bool const absurd = byte() == 255;
-    unsigned int const row = absurd ? VarDataProcessor::rowLimit + byte() : (byte() * 256u + byte()) % mostRows;
+    unsigned int const row =
+        absurd ? VarDataProcessor::rowLimit + byte() : (byte() * 256u + byte()) % mostRows;
     double const value = byte() == 7 ? missing : byte() - 100.0;
     bool const written = mStore.SetVariableValue(source, column, row, value);
     auto const table = mTables.find(source);
@@ -123,7 +124,7 @@ class Comparison {
     std::size_t at = 0;
     for (std::string const& source : mSources) {
       Table const& table = mTables[source];
-      std::size_t const column = (table.rows + 63) / 64 * 8 + table.rows * std::size_t{8};
+      std::size_t const column = (std::size_t{table.rows} + 63) / 64 * 8 + table.rows * std::size_t{8};
       at += 8 + metadataSize(bytes.get(), size, at);
       at += 8 + metadataSize(bytes.get(), size, at) + column * table.columns.size();
       require(metadataSize(bytes.get(), size, at) == 0);

@@ -1,13 +1,13 @@
-// A compressed content from outside: whatever the bytes are, they are refused or give a text that comes back when it is
-// compressed again.
+// A compressed content from outside: whatever the bytes are, they are refused or give a text that comes back
+// when it is compressed again.
+
+#include "host/channel.h"
+#include "kestrelhost/compression.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <string>
-
-#include "host/channel.h"
-#include "kestrelhost/compression.h"
 
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size) {
   constexpr std::size_t limit = 1 << 22;

@@ -1,5 +1,7 @@
 // A table of texts of any content: every key gives a text, and an unknown one itself.
 
+#include "kestrelhost/text.h"
+
 #include <unistd.h>
 
 #include <cstddef>
@@ -8,8 +10,6 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
-
-#include "kestrelhost/text.h"
 
 namespace {
 
@@ -40,7 +40,8 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
   std::string text = "untouched";
   unsigned long index = 77;
   std::string const first = content.substr(0, content.find_first_of("\t\n\r\\"));
-  bool const isKey = content.size() > first.size() && content[first.size()] == '\t' && !first.empty() && first[0] != '#';
+  bool const isKey =
+      content.size() > first.size() && content[first.size()] == '\t' && !first.empty() && first[0] != '#';
   bool const found = table->find(first, text, index);
   if (isKey && (!found || index != 0)) std::abort();
   if (!found && (text != "untouched" || index != 77)) std::abort();

@@ -1,0 +1,43 @@
+#include "inspect_command.h"
+
+#include "extraction.h"
+#include "files.h"
+#include "inspection.h"
+#include "listing.h"
+#include "problem.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace kestrel::tool {
+
+namespace {
+
+constexpr std::size_t mostFaultsTold = 100;
+
+std::string lineOf(std::string const& name, Fault const& fault) {
+  std::string line = name + ": at byte " + std::to_string(fault.offset);
+  if (fault.message) line += " (message " + std::to_string(*fault.message) + ")";
+  return line += ": " + fault.text;
+}
+
+void tellFaults(std::string const& name, std::vector<Fault> const& faults) {
+  std::size_t const told = std::min(faults.size(), mostFaultsTold);
+  for (std::size_t at = 0; at < told; ++at) tell(lineOf(name, faults[at]));
+  if (faults.size() > told) tell(name + ": and " + std::to_string(faults.size() - told) + " more faults");
+}
+
+}  // namespace
+
+bool runInspect(InspectRequest const& request) {
+  std::string const bytes = readFile(request.capture);
+  Inspection const inspection(bytes);
+  std::vector<std::string> written;
+  if (!request.extract.empty()) written = extract(inspection.sends(), request.extract);
+  tellFaults(request.capture, inspection.faults());
+  print(request.json ? jsonListing(request.capture, inspection, written)
+                     : textListing(request.capture, inspection));
+  return inspection.faults().empty();
+}
+
+}  // namespace kestrel::tool
