@@ -1,15 +1,15 @@
 // What the services of the embedded host cost: a cell into the data store, the data stream, compression.
 
+#include "host/channel.h"
+#include "host/data_store.h"
+#include "kestrelhost/compression.h"
+
 #include <benchmark/benchmark.h>
 #include <zlib.h>
 
 #include <memory>
 #include <string>
 #include <vector>
-
-#include "host/channel.h"
-#include "host/data_store.h"
-#include "kestrelhost/compression.h"
 
 namespace {
 
@@ -71,8 +71,8 @@ BENCHMARK(writeDataStream)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 std::string chartLikeText(std::size_t size) {
   std::string text;
   for (unsigned int element = 0; text.size() < size; ++element) {
-    text += "<point id=\"element_point_" + std::to_string(element * 7919 % 1000) + "\"><x variable=\"sourceVariable" +
-            std::to_string(element % 7) + "\"/></point>";
+    text += "<point id=\"element_point_" + std::to_string(element * 7919 % 1000) +
+            "\"><x variable=\"sourceVariable" + std::to_string(element % 7) + "\"/></point>";
   }
   text.resize(size);
   return text;
@@ -97,8 +97,8 @@ void compressAnew(benchmark::State& state) {
   for (auto _ : state) {
     uLongf size = compressBound(text.size());
     out.resize(size);
-    compress2(reinterpret_cast<Bytef*>(out.data()), &size, reinterpret_cast<Bytef const*>(text.data()), text.size(),
-              kestrel::host::ZlibCompression::usualLevel);
+    compress2(reinterpret_cast<Bytef*>(out.data()), &size, reinterpret_cast<Bytef const*>(text.data()),
+              text.size(), kestrel::host::ZlibCompression::usualLevel);
     out.resize(size);
     benchmark::DoNotOptimize(out.data());
   }

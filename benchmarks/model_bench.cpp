@@ -1,7 +1,12 @@
-// The chart model beside the bare XML library under it: building a small chart, writing and reading a large one.
-#include <cstddef>
-#include <memory>
-#include <string>
+// The chart model beside the bare XML library under it: building a small chart, writing and reading a large
+// one.
+#include "model/chartstring.h"
+#include "model/document.h"
+#include "model/elements.h"
+#include "model/graph.h"
+#include "model/labels.h"
+#include "model/style.h"
+#include "model/variables.h"
 
 #include <benchmark/benchmark.h>
 #include <xercesc/dom/DOM.hpp>
@@ -10,13 +15,9 @@
 #include <xercesc/parsers/XercesDOMParser.hpp>
 #include <xercesc/util/PlatformUtils.hpp>
 
-#include "model/chartstring.h"
-#include "model/document.h"
-#include "model/elements.h"
-#include "model/graph.h"
-#include "model/labels.h"
-#include "model/style.h"
-#include "model/variables.h"
+#include <cstddef>
+#include <memory>
+#include <string>
 
 namespace {
 
@@ -90,8 +91,8 @@ template <typename T>
 using Released = std::unique_ptr<T, Release>;
 
 Released<xercesc::DOMDocument> bareChart() {
-  Released<xercesc::DOMDocument> document(
-      xercesc::DOMImplementation::getImplementation()->createDocument(chartNamespace, u"visualization", nullptr));
+  Released<xercesc::DOMDocument> document(xercesc::DOMImplementation::getImplementation()->createDocument(
+      chartNamespace, u"visualization", nullptr));
   describe(*document->getDocumentElement());
   return document;
 }
@@ -123,7 +124,8 @@ std::string const& largeText() {
 std::unique_ptr<xercesc::XercesDOMParser> parsed(std::string const& text) {
   auto parser = std::make_unique<xercesc::XercesDOMParser>();
   parser->setDoNamespaces(true);
-  xercesc::MemBufInputSource const source(reinterpret_cast<XMLByte const*>(text.data()), text.size(), "chart");
+  xercesc::MemBufInputSource const source(reinterpret_cast<XMLByte const*>(text.data()), text.size(),
+                                          "chart");
   parser->parse(source);
   return parser;
 }

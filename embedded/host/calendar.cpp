@@ -1,9 +1,9 @@
+#include "host/locale.h"
+#include "kestrelhost/host.h"
+
 #include <cmath>
 #include <cstdint>
 #include <limits>
-
-#include "host/locale.h"
-#include "kestrelhost/host.h"
 
 namespace kestrel::host {
 
@@ -12,8 +12,8 @@ namespace {
 constexpr std::int64_t secondsInDay = 86400;
 constexpr double mostSeconds = 9007199254740992.0;  // up to here a double tells every second from the next
 
-/// Gregorian date of a number of days since 1970-01-01. Years are counted from March, so that the leap day is the last
-/// day of its year, and in eras of 400 years, which all have the same number of days.
+/// Gregorian date of a number of days since 1970-01-01. Years are counted from March, so that the leap day is
+/// the last day of its year, and in eras of 400 years, which all have the same number of days.
 void breakUpDays(std::int64_t days, DateParts& parts) {
   constexpr std::int64_t daysInEra = 146097;
   constexpr std::int64_t daysBefore1970 = 719468;  // since 0000-03-01

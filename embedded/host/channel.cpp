@@ -1,9 +1,9 @@
 #include "host/channel.h"
 
+#include "kestrelhost/host.h"
+
 #include <array>
 #include <cstdlib>
-
-#include "kestrelhost/host.h"
 
 namespace kestrel::host {
 
@@ -63,15 +63,16 @@ bool CaptureChannel::write(void const* bytes, std::size_t length) {
 int DefaultChannel::put(std::int64_t identifier, void const* bytes, std::size_t length) {
   if (!mCapture) {
     char const* const chosen = std::getenv("KESTREL_CAPTURE");
-    mCapture = std::make_shared<CaptureChannel>(chosen != nullptr && *chosen != '\0' ? chosen : "capture.kcap");
+    mCapture =
+        std::make_shared<CaptureChannel>(chosen != nullptr && *chosen != '\0' ? chosen : "capture.kcap");
   }
   return mCapture->put(identifier, bytes, length);
 }
 
 }  // namespace kestrel::host
 
-int IpcPutC(std::int64_t const* identifier, std::int64_t const*, std::int64_t const* length, void const* buffer,
-            std::int64_t const*) {
+int IpcPutC(std::int64_t const* identifier, std::int64_t const*, std::int64_t const* length,
+            void const* buffer, std::int64_t const*) {
   if (*length < 0) return kestrel::host::failure;
   return kestrel::host::Host::current().channel->put(*identifier, buffer, static_cast<std::size_t>(*length));
 }

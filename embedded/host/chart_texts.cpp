@@ -1,8 +1,8 @@
-#include <limits>
-
 #include "host/text.h"
 #include "kestrelhost/host.h"
 #include "model/document.h"
+
+#include <limits>
 
 namespace kestrel::host {
 

@@ -1,12 +1,12 @@
 #include "kestrelhost/compression.h"
 
+#include "host/channel.h"
+#include "kestrelhost/host.h"
+
 #include <zlib.h>
 
 #include <algorithm>
 #include <limits>
-
-#include "host/channel.h"
-#include "kestrelhost/host.h"
 
 namespace kestrel::host {
 

@@ -60,7 +60,8 @@ struct MemoryVariable::Column {
       : name(std::move(columnName)),
         format(columnFormat),
         cells(columnFormat.IsString() ? columnFormat.Width() : sizeof(double)),
-        labels(std::make_shared<LabelList>(columnFormat.IsString() ? columnFormat.Width() : sizeof(double))) {}
+        labels(std::make_shared<LabelList>(columnFormat.IsString() ? columnFormat.Width() : sizeof(double))) {
+  }
 
   std::string name;
   std::string label;
@@ -81,7 +82,8 @@ void MemoryVariable::setLabel(std::string label) { mColumn->label = std::move(la
 
 void MemoryVariable::setFormat(Vexa_Format format) {
   Vexa_Format const& now = mColumn->format;
-  bool const sameCells = now.IsString() ? format.IsString() && format.Width() == now.Width() : !format.IsString();
+  bool const sameCells =
+      now.IsString() ? format.IsString() && format.Width() == now.Width() : !format.IsString();
   if (!sameCells) throw std::invalid_argument("this format does not fit the cells of " + mColumn->name);
   mColumn->format = format;
 }
@@ -109,7 +111,8 @@ MemoryVariable& MemoryDataSource::add(std::unique_ptr<MemoryVariable::Column> co
   return *mVariables.back();
 }
 
-MemoryVariable& MemoryDataSource::addNumbers(std::string name, std::vector<double> const& values, Vexa_Format format) {
+MemoryVariable& MemoryDataSource::addNumbers(std::string name, std::vector<double> const& values,
+                                             Vexa_Format format) {
   if (format.IsString()) throw std::invalid_argument(name + " has numbers and the format of a text");
   auto column = std::make_unique<MemoryVariable::Column>(std::move(name), format);
   for (double const value : values) column->cells.add(value);
@@ -129,7 +132,8 @@ MemoryVariable& MemoryDataSource::addTexts(std::string name, std::vector<std::st
 }
 
 MemoryVariable& MemoryDataSource::addCategories(std::string name, std::vector<std::string> const& values) {
-  auto column = std::make_unique<MemoryVariable::Column>(std::move(name), Vexa_Format(Vexa_Format::FormatNumber, 8, 0));
+  auto column =
+      std::make_unique<MemoryVariable::Column>(std::move(name), Vexa_Format(Vexa_Format::FormatNumber, 8, 0));
   std::unordered_map<std::string_view, double> codes;
   for (std::string const& value : values) {
     if (value.empty()) {
@@ -153,7 +157,8 @@ std::uint64_t MemoryDataSource::caseCount() const {
 
 int MemoryDataSource::FindVarIndex(char const* name, int) const {
   auto const matches = [name](auto const& variable) { return variable->mColumn->name == name; };
-  auto const found = name != nullptr ? std::find_if(mVariables.begin(), mVariables.end(), matches) : mVariables.end();
+  auto const found =
+      name != nullptr ? std::find_if(mVariables.begin(), mVariables.end(), matches) : mVariables.end();
   return found != mVariables.end() ? static_cast<int>(found - mVariables.begin()) : -1;
 }
 

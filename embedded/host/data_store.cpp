@@ -1,11 +1,10 @@
 #include "host/data_store.h"
 
-#include <limits>
-#include <stdexcept>
-
 #include "data_store_watch.h"
 #include "data_stream.h"
 #include "data_table.h"
+
+#include <algorithm>
 
 namespace kestrel::host {
 
@@ -20,7 +19,9 @@ void watchStores(StoreObserver* observer) { watcher = observer; }
 StoreObserver::~StoreObserver() = default;
 bool StoreObserver::addDataSource(std::string const&, unsigned int) { return true; }
 bool StoreObserver::addVariable(std::string const&, std::string const&) { return true; }
-bool StoreObserver::setVariableValue(std::string const&, std::string const&, unsigned int, double) { return true; }
+bool StoreObserver::setVariableValue(std::string const&, std::string const&, unsigned int, double) {
+  return true;
+}
 bool StoreObserver::getDataPointer(std::string const&, std::string const&) { return true; }
 bool StoreObserver::getRowCount(std::string const&) { return true; }
 bool StoreObserver::getSourceNames() { return true; }
@@ -73,7 +74,7 @@ VarDataProcessor::VarDataProcessor() : mStore(std::make_unique<Store>()) {}
 VarDataProcessor::~VarDataProcessor() = default;
 
 void VarDataProcessor::AddDataSource(std::string const& source, unsigned int rows) {
-  if (allowed(&StoreObserver::addDataSource, source, rows)) mStore->open(source, std::min(rows, rowLimit));
+  if (allowed(&StoreObserver::addDataSource, source, rows)) mStore->open(source, std::min(rows, gapLimit));
 }
 
 bool VarDataProcessor::AddVariable(std::string const& source, std::string const& column, _varinfo*) {
@@ -82,8 +83,8 @@ bool VarDataProcessor::AddVariable(std::string const& source, std::string const&
   return true;
 }
 
-bool VarDataProcessor::SetVariableValue(std::string const& source, std::string const& column, unsigned int row,
-                                        double value) {
+bool VarDataProcessor::SetVariableValue(std::string const& source, std::string const& column,
+                                        unsigned int row, double value) {
   if (!allowed(&StoreObserver::setVariableValue, source, column, row, value)) return false;
   DataTable* const table = mStore->find(source);
   return table != nullptr && table->write(column, row, value);

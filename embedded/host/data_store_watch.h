@@ -4,8 +4,8 @@
 
 namespace kestrel::host {
 
-/// Whoever is told of the operations on data stores; null for nobody. The stores ask it for each cell, so it is kept
-/// where asking costs no more than a comparison.
+/// Whoever is told of the operations on data stores; null for nobody. The stores ask it for each cell, so it
+/// is kept where asking costs no more than a comparison.
 void watchStores(StoreObserver* observer);
 
 }  // namespace kestrel::host

@@ -1,13 +1,13 @@
 #include "data_stream.h"
 
+#include "arrow_generated.h"
+
 #include <algorithm>
 #include <bit>
 #include <cstring>
 #include <limits>
 #include <memory>
 #include <stdexcept>
-
-#include "arrow_generated.h"
 
 #ifdef __SSE2__
 #include <emmintrin.h>
@@ -29,7 +29,8 @@ constexpr std::uint32_t cellsInWord = 64;
 
 std::size_t aligned(std::size_t size) { return (size + alignment - 1) / alignment * alignment; }
 
-/// The parts of a stream's body for each column: a bit for each cell, set where there is a value, then the cells.
+/// The parts of a stream's body for each column: a bit for each cell, set where there is a value, then the
+/// cells.
 struct Layout {
   explicit Layout(std::uint32_t rows)
       : validity(aligned((std::size_t{rows} + 7) / 8)), values(std::size_t{rows} * sizeof(double)) {}
@@ -48,8 +49,7 @@ DetachedBuffer schemaMessage(DataTable const& table) {
     auto const type = arrow::CreateFloatingPoint(builder, arrow::Precision::Double).Union();
     auto const name = builder.CreateString(column.name);
     auto const children = builder.CreateVector(noChildren);
-    fields.push_back(
-        arrow::CreateField(builder, name, true, arrow::Type::FloatingPoint, type, 0, children));
+    fields.push_back(arrow::CreateField(builder, name, true, arrow::Type::FloatingPoint, type, 0, children));
   }
   auto const key = builder.CreateString("source");
   std::vector<flatbuffers::Offset<arrow::KeyValue>> const metadata = {
@@ -60,7 +60,8 @@ DetachedBuffer schemaMessage(DataTable const& table) {
   return builder.Release();
 }
 
-/// `missing` has the number of missing cells of each column; whatever they are, the message has the same size.
+/// `missing` has the number of missing cells of each column; whatever they are, the message has the same
+/// size.
 DetachedBuffer batchMessage(DataTable const& table, std::vector<std::int64_t> const& missing) {
   Layout const layout(table.rows());
   std::vector<arrow::FieldNode> nodes;
@@ -112,7 +113,8 @@ std::uint64_t presence(double const* cells, std::uint32_t count) {
 }
 
 /// Copies the cells and marks those that have a value. The number of missing ones.
-std::int64_t copyCells(double const* cells, std::uint32_t rows, unsigned char* validity, unsigned char* values) {
+std::int64_t copyCells(double const* cells, std::uint32_t rows, unsigned char* validity,
+                       unsigned char* values) {
   std::int64_t present = 0;
   for (std::uint32_t start = 0; start < rows; start += cellsInWord) {
     std::uint32_t const count = std::min(cellsInWord, rows - start);
@@ -163,7 +165,8 @@ unsigned char* writeDataStream(std::vector<DataTable*> const& tables, unsigned i
   if (total > std::numeric_limits<unsigned int>::max()) {
     throw std::length_error("the data of the chart is too large for one stream");
   }
-  std::unique_ptr<unsigned char[]> bytes(new unsigned char[total]);  // not filled: every byte is written below
+  std::unique_ptr<unsigned char[]> bytes(
+      new unsigned char[total]);  // not filled: every byte is written below
   unsigned char* at = bytes.get();
   for (Stream const& stream : streams) at = stream.write(at);
   size = static_cast<unsigned int>(total);

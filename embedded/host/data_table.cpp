@@ -1,9 +1,9 @@
 #include "data_table.h"
 
+#include "host/data_store.h"
+
 #include <algorithm>
 #include <new>
-
-#include "host/data_store.h"
 
 namespace kestrel::host {
 
@@ -48,8 +48,8 @@ double* DataTable::cells(std::string const& name) {
 }
 
 bool DataTable::writeBeyond(Cells& cells, std::uint32_t row, double value) {
-  bool const absurd = row >= VarDataProcessor::rowLimit ||
-                      (row > mRows && row - mRows > VarDataProcessor::gapLimit);
+  bool const absurd =
+      row >= VarDataProcessor::rowLimit || (row > mRows && row - mRows > VarDataProcessor::gapLimit);
   if (absurd) return false;
   cells.extend(row + 1);
   cells.write(row, value);

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "kestrelhost/missing.h"
+
 #include <cstdint>
 #include <cstdlib>
 #include <memory>
@@ -7,11 +9,10 @@
 #include <unordered_map>
 #include <vector>
 
-#include "kestrelhost/missing.h"
-
 namespace kestrel::host {
 
-/// The cells of a column, one after the other. Memory grows by reallocation: large blocks then move without a copy.
+/// The cells of a column, one after the other. Memory grows by reallocation: large blocks then move without a
+/// copy.
 class Cells {
  public:
   double* data() { return mCells.get(); }

@@ -8,8 +8,8 @@ namespace kestrel::host {
 namespace {
 
 struct DatePattern {
-  Vexa_Format::FormatType type;
   char16_t const* pattern;
+  Vexa_Format::FormatType type;
   bool hasSeconds;
 };
 
@@ -18,20 +18,20 @@ constexpr char16_t timePattern[] = u"HH:mm:ss";
 constexpr char16_t dayAndTimePattern[] = u"yyyy-MM-dd HH:mm:ss";
 
 constexpr DatePattern datePatterns[] = {
-    {Vexa_Format::FormatDate, dayPattern, false},
-    {Vexa_Format::FormatDate23, dayPattern, false},
-    {Vexa_Format::FormatDate24, dayPattern, false},
-    {Vexa_Format::FormatDate28, dayPattern, false},
-    {Vexa_Format::FormatDate29, dayPattern, false},
-    {Vexa_Format::FormatDate30, dayPattern, false},
-    {Vexa_Format::FormatDate38, dayPattern, false},
-    {Vexa_Format::FormatDate39, dayPattern, false},
-    {Vexa_Format::FormatDateTime, dayAndTimePattern, true},
-    {Vexa_Format::FormatDateTime86, dayAndTimePattern, true},
-    {Vexa_Format::FormatTime, timePattern, true},
-    {Vexa_Format::FormatTime85, timePattern, true},
-    {Vexa_Format::FormatDayOfWeek, u"EEEE", false},
-    {Vexa_Format::FormatMonthOfYear, u"MMMM", false},
+    {dayPattern, Vexa_Format::FormatDate, false},
+    {dayPattern, Vexa_Format::FormatDate23, false},
+    {dayPattern, Vexa_Format::FormatDate24, false},
+    {dayPattern, Vexa_Format::FormatDate28, false},
+    {dayPattern, Vexa_Format::FormatDate29, false},
+    {dayPattern, Vexa_Format::FormatDate30, false},
+    {dayPattern, Vexa_Format::FormatDate38, false},
+    {dayPattern, Vexa_Format::FormatDate39, false},
+    {dayAndTimePattern, Vexa_Format::FormatDateTime, true},
+    {dayAndTimePattern, Vexa_Format::FormatDateTime86, true},
+    {timePattern, Vexa_Format::FormatTime, true},
+    {timePattern, Vexa_Format::FormatTime85, true},
+    {u"EEEE", Vexa_Format::FormatDayOfWeek, false},
+    {u"MMMM", Vexa_Format::FormatMonthOfYear, false},
 };
 
 void showPattern(LumoFormat& element, char16_t const* pattern, bool hasSeconds, Vexa_Format const& format) {

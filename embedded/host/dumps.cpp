@@ -1,13 +1,14 @@
 #include "kestrelhost/dumps.h"
 
+#include "descriptor.h"
+
+#include "kestrelhost/host.h"
+
 #include <fcntl.h>
 #include <sys/stat.h>
 
 #include <cerrno>
 #include <cstdlib>
-
-#include "descriptor.h"
-#include "kestrelhost/host.h"
 
 namespace kestrel::host {
 
@@ -77,6 +78,7 @@ void EnvironmentDumps::print(std::string const& content, std::string const& pref
 
 bool NoDumps::wanted(ChartBase::PRINTTYPE type) { return categories.count(type) != 0; }
 
-void NoDumps::print(std::string const&, std::string const&, std::string const&, unsigned long, ChartBase::PRINTTYPE) {}
+void NoDumps::print(std::string const&, std::string const&, std::string const&, unsigned long,
+                    ChartBase::PRINTTYPE) {}
 
 }  // namespace kestrel::host

@@ -1,9 +1,9 @@
-#include <xercesc/framework/MemBufInputSource.hpp>
-#include <xercesc/sax/SAXParseException.hpp>
-
 #include "host/log.h"
 #include "kestrelhost/host.h"
 #include "model/chartstring.h"
+
+#include <xercesc/framework/MemBufInputSource.hpp>
+#include <xercesc/sax/SAXParseException.hpp>
 
 using kestrel::host::Host;
 

@@ -1,5 +1,9 @@
 #include "host/files.h"
 
+#include "descriptor.h"
+
+#include "kestrelhost/host.h"
+
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -7,15 +11,12 @@
 #include <algorithm>
 #include <cerrno>
 
-#include "descriptor.h"
-#include "kestrelhost/host.h"
-
 namespace kestrel::host {
 
 namespace {
 
-/// Opens a name below a root, component by component, and follows no link, so that nobody can lead it out of the root
-/// while it looks.
+/// Opens a name below a root, component by component, and follows no link, so that nobody can lead it out of
+/// the root while it looks.
 Descriptor openBelow(std::string const& root, std::string const& name) {
   Descriptor folder(::open(root.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   std::size_t start = 0;

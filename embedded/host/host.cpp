@@ -1,9 +1,10 @@
 #include "kestrelhost/host.h"
 
-#include <utility>
-
 #include "data_store_watch.h"
+
 #include "model/chartstring.h"
+
+#include <utility>
 
 namespace kestrel::host {
 

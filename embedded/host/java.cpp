@@ -38,7 +38,9 @@ std::string NoJava::convertTemplate(std::string const&) {
   return {};
 }
 
-void NoJava::note(std::string const& consequence) { Host::current().log->note(absent + (": " + consequence)); }
+void NoJava::note(std::string const& consequence) {
+  Host::current().log->note(absent + (": " + consequence));
+}
 
 bool ScriptedJava::hasMachine() { return machineThere; }
 bool ScriptedJava::machineStarted() { return machineRuns; }
@@ -59,7 +61,9 @@ bool ScriptedJava::hasConverter() { return converterThere; }
 bool ScriptedJava::converterStarted() { return converterRuns; }
 bool ScriptedJava::startConverter(JNIEnv_*) { return converterRuns = true; }
 bool ScriptedJava::convertPdl(std::string const& in, std::string& out) { return pdl && pdl(in, out); }
-bool ScriptedJava::upgrade(std::string const& in, std::string& out) { return upgrading && upgrading(in, out); }
+bool ScriptedJava::upgrade(std::string const& in, std::string& out) {
+  return upgrading && upgrading(in, out);
+}
 std::string ScriptedJava::errorMessage() { return message; }
 
 std::string ScriptedJava::applyStyleSheet(std::string const& styleSheet, std::string const& chart) {

@@ -1,14 +1,14 @@
 #include "host/locale.h"
 
+#include "host/files.h"
+#include "kestrelhost/host.h"
+
 #include <dlfcn.h>
 #include <sys/stat.h>
 
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
-
-#include "host/files.h"
-#include "kestrelhost/host.h"
 
 namespace kestrel::host {
 
@@ -23,9 +23,11 @@ bool isLetter(char character) {
 /// Locale names come from outside and become part of paths: "en_US.UTF-8" and its like, nothing else.
 bool isLocaleName(std::string const& name) {
   auto const harmless = [](char character) {
-    return isLetter(character) || (character >= '0' && character <= '9') || std::strchr("_-.", character) != nullptr;
+    return isLetter(character) || (character >= '0' && character <= '9') ||
+           std::strchr("_-.", character) != nullptr;
   };
-  return name.size() >= 2 && isLetter(name[0]) && isLetter(name[1]) && std::all_of(name.begin(), name.end(), harmless);
+  return name.size() >= 2 && isLetter(name[0]) && isLetter(name[1]) &&
+         std::all_of(name.begin(), name.end(), harmless);
 }
 
 std::string environmentLocale() {
@@ -78,7 +80,7 @@ Paths::~Paths() = default;
 
 std::string EnvironmentLocale::languageCode() {
   std::string const name = lowerCase(environmentLocale());
-  std::string const language = name.substr(0, name.find_first_of("_-."));
+  std::string language = name.substr(0, name.find_first_of("_-."));
   if (language != "zh") return language;
   bool const traditional = name.rfind("zh_tw", 0) == 0 || name.rfind("zh_hk", 0) == 0;
   return traditional ? "zh-tw" : "zh-cn";

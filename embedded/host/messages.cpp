@@ -1,8 +1,8 @@
 #include "host/messages.h"
 
-#include <utility>
-
 #include "kestrelhost/host.h"
+
+#include <utility>
 
 VexaGoToCaller::VexaGoToCaller() = default;
 VexaGoToCaller::VexaGoToCaller(VexaGoToCaller const&) = default;
@@ -22,7 +22,8 @@ BpString::BpString(BpString const&) = default;
 BpString& BpString::operator=(BpString const&) = default;
 BpString::~BpString() = default;
 
-BpComposite::BpComposite(std::string const& pattern, bool fixed) : BpCellText(pattern, fixed), mPattern(pattern) {}
+BpComposite::BpComposite(std::string const& pattern, bool fixed)
+    : BpCellText(pattern, fixed), mPattern(pattern) {}
 BpComposite::BpComposite(BpComposite const&) = default;
 BpComposite& BpComposite::operator=(BpComposite const&) = default;
 BpComposite::~BpComposite() = default;

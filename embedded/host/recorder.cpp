@@ -1,10 +1,12 @@
 #include "kestrelhost/recorder.h"
 
-#include <array>
-#include <stdexcept>
+#include "recorder_journal.h"
 
 #include "model/chartstring.h"
-#include "recorder_journal.h"
+
+#include <algorithm>
+#include <array>
+#include <stdexcept>
 
 namespace kestrel::host {
 
@@ -82,8 +84,8 @@ std::string shown(Entry::Argument const& argument) {
   };
   bool const isBytes = argument.name == "bytes" || argument.name == "compressed" || argument.name == "stream";
   auto const* const bytes = isBytes ? std::get_if<std::string>(&argument.value) : nullptr;
-  std::string const value = bytes != nullptr ? std::to_string(bytes->size()) + " bytes"
-                                             : std::visit(Printer(), argument.value);
+  std::string const value =
+      bytes != nullptr ? std::to_string(bytes->size()) + " bytes" : std::visit(Printer(), argument.value);
   return argument.name + "=" + value;
 }
 
@@ -97,7 +99,11 @@ Value const& valueOf(Entry const& entry, std::string_view name) {
 }
 
 RecordedMessage messageOf(Entry const& entry) {
-  RecordedMessage message{entry.text("text"), entry.flag("fixed"), "", {}, static_cast<int>(entry.number("show")),
+  RecordedMessage message{entry.text("text"),
+                          entry.flag("fixed"),
+                          "",
+                          {},
+                          static_cast<int>(entry.number("show")),
                           static_cast<int>(entry.number("level"))};
   if (entry.has("pattern")) message.pattern = entry.text("pattern");
   for (int cell = 1; entry.has("cell" + std::to_string(cell)); ++cell) {
@@ -131,10 +137,8 @@ double Entry::real(std::string_view name) const { return valueOf<double>(*this, 
 std::string const& Entry::text(std::string_view name) const { return valueOf<std::string>(*this, name); }
 
 bool Entry::has(std::string_view name) const {
-  for (Argument const& argument : arguments) {
-    if (argument.name == name) return true;
-  }
-  return false;
+  return std::any_of(arguments.begin(), arguments.end(),
+                     [name](Argument const& argument) { return argument.name == name; });
 }
 
 std::string Entry::line() const {
@@ -219,8 +223,10 @@ Host MemoryServices::host() const {
   return host;
 }
 
-Recorder::Recorder() : mJournal(std::make_shared<Journal>()), mHost(recordedHost(mServices.host(), mJournal)) {}
-Recorder::Recorder(Host const& host) : mJournal(std::make_shared<Journal>()), mHost(recordedHost(host, mJournal)) {}
+Recorder::Recorder()
+    : mJournal(std::make_shared<Journal>()), mHost(recordedHost(mServices.host(), mJournal)) {}
+Recorder::Recorder(Host const& host)
+    : mJournal(std::make_shared<Journal>()), mHost(recordedHost(host, mJournal)) {}
 Recorder::~Recorder() = default;
 
 Host const& Recorder::host() const { return mHost; }
@@ -251,10 +257,13 @@ std::vector<std::string> Recorder::failures() const {
 }
 
 std::vector<std::string> Recorder::trace() const {
-  return converted(entries(), Operation::PrintDebugInfo, [](Entry const& entry) { return entry.text("line"); });
+  return converted(entries(), Operation::PrintDebugInfo,
+                   [](Entry const& entry) { return entry.text("line"); });
 }
 
-std::vector<RecordedDump> Recorder::dumps() const { return converted(entries(), Operation::PrintString, dumpOf); }
+std::vector<RecordedDump> Recorder::dumps() const {
+  return converted(entries(), Operation::PrintString, dumpOf);
+}
 
 std::vector<Message> Recorder::sent() const {
   return converted(entries(), Operation::IpcPutC, [](Entry const& entry) {

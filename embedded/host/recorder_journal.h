@@ -1,12 +1,12 @@
 #pragma once
 
+#include "kestrelhost/recorder.h"
+
 #include <map>
 #include <set>
 #include <string>
 #include <utility>
 #include <vector>
-
-#include "kestrelhost/recorder.h"
 
 namespace kestrel::host {
 

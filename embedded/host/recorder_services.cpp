@@ -1,8 +1,9 @@
-#include <utility>
+#include "recorder_journal.h"
 
 #include "host/data_types.h"
 #include "model/chartstring.h"
-#include "recorder_journal.h"
+
+#include <utility>
 
 namespace kestrel::host {
 
@@ -21,7 +22,9 @@ class Recorded : public Service {
       : mInner(std::move(inner)), mJournal(std::move(journal)) {}
 
  protected:
-  bool noted(Operation operation, Arguments arguments = {}) { return mJournal->note(operation, std::move(arguments)); }
+  bool noted(Operation operation, Arguments arguments = {}) {
+    return mJournal->note(operation, std::move(arguments));
+  }
 
   Service& inner() { return *mInner; }
   JournalHold const& journal() { return mJournal; }
@@ -98,8 +101,8 @@ class RecordedDumps : public Recorded<Dumps> {
     return noted(Operation::WillPrintString, {{"type", std::int64_t{type}}}) && inner().wanted(type);
   }
 
-  void print(std::string const& content, std::string const& prefix, std::string const& suffix, unsigned long counter,
-             ChartBase::PRINTTYPE type) override {
+  void print(std::string const& content, std::string const& prefix, std::string const& suffix,
+             unsigned long counter, ChartBase::PRINTTYPE type) override {
     Arguments arguments{{"content", content},
                         {"prefix", prefix},
                         {"suffix", suffix},
@@ -167,7 +170,9 @@ class RecordedLocale : public Recorded<Locale> {
     return noted(Operation::LanguageCode) ? inner().languageCode() : std::string();
   }
 
-  std::string localeName() override { return noted(Operation::LocaleName) ? inner().localeName() : std::string(); }
+  std::string localeName() override {
+    return noted(Operation::LocaleName) ? inner().localeName() : std::string();
+  }
   std::string codePage() override { return inner().codePage(); }
 };
 
@@ -203,8 +208,8 @@ class RecordedFormats : public Recorded<DisplayFormats> {
  private:
   bool noteFormat(Operation operation, Vexa_Format const& format) {
     return noted(operation, {{"type", std::int64_t{format.TypeEx()}},
-                            {"width", std::int64_t{format.Width()}},
-                            {"decimals", std::int64_t{format.Decimals()}}});
+                             {"width", std::int64_t{format.Width()}},
+                             {"decimals", std::int64_t{format.Decimals()}}});
   }
 };
 
@@ -254,7 +259,9 @@ class RecordedApplication : public Recorded<TemplateApplication> {
  public:
   using Recorded::Recorded;
 
-  bool set(std::string const& xml) override { return noted(Operation::SetTemplate, {{"xml", xml}}) && inner().set(xml); }
+  bool set(std::string const& xml) override {
+    return noted(Operation::SetTemplate, {{"xml", xml}}) && inner().set(xml);
+  }
 
   void apply() override {
     if (noted(Operation::ApplyTemplate)) inner().apply();
@@ -265,7 +272,8 @@ class RecordedTemplateEngine : public Recorded<TemplateEngine> {
  public:
   using Recorded::Recorded;
 
-  std::unique_ptr<TemplateApplication> start(LumoVisualization& working, LumoVisualization* baseline) override {
+  std::unique_ptr<TemplateApplication> start(LumoVisualization& working,
+                                             LumoVisualization* baseline) override {
     bool const succeeds = noted(Operation::StartTemplate, {{"baseline", baseline != nullptr}});
     FixedTemplateEngine refusing;
     refusing.accepts = false;
@@ -280,7 +288,8 @@ class RecordedFrameLayout : public Recorded<FrameLayout> {
   using Recorded::Recorded;
 
   bool pack(LumoVisualization& visualization, LumoDocument* baseline) override {
-    return noted(Operation::PackFrames, {{"baseline", baseline != nullptr}}) && inner().pack(visualization, baseline);
+    return noted(Operation::PackFrames, {{"baseline", baseline != nullptr}}) &&
+           inner().pack(visualization, baseline);
   }
 };
 
@@ -291,9 +300,9 @@ class RecordedDataDump : public Recorded<DataDump> {
   std::string join(std::string const& compressedXml, unsigned char const* stream, unsigned long size,
                    char16_t const* encoding) override {
     std::string const bytes(reinterpret_cast<char const*>(stream), stream != nullptr ? size : 0);
-    bool const succeeds =
-        noted(Operation::GetEntireXML,
-             {{"compressed", compressedXml}, {"stream", bytes}, {"encoding", ChartString(encoding).toUTF8()}});
+    bool const succeeds = noted(
+        Operation::GetEntireXML,
+        {{"compressed", compressedXml}, {"stream", bytes}, {"encoding", ChartString(encoding).toUTF8()}});
     return succeeds ? inner().join(compressedXml, stream, size, encoding) : std::string();
   }
 };
@@ -305,14 +314,18 @@ class RecordedJava : public Recorded<JavaSide> {
   bool hasMachine() override { return noted(Operation::MachineInstance) && inner().hasMachine(); }
   bool machineStarted() override { return noted(Operation::MachineIsStarted) && inner().machineStarted(); }
   bool startMachine() override { return noted(Operation::StartMachine) && inner().startMachine(); }
-  JNIEnv_* environment() override { return noted(Operation::GetEnvironment) ? inner().environment() : nullptr; }
+  JNIEnv_* environment() override {
+    return noted(Operation::GetEnvironment) ? inner().environment() : nullptr;
+  }
 
   int attachThread(JNIEnv_** environment) override {
     return noted(Operation::AttachThread) ? inner().attachThread(environment) : 1;
   }
 
   bool hasConverter() override { return noted(Operation::ConverterInstance) && inner().hasConverter(); }
-  bool converterStarted() override { return noted(Operation::ConverterIsStarted) && inner().converterStarted(); }
+  bool converterStarted() override {
+    return noted(Operation::ConverterIsStarted) && inner().converterStarted();
+  }
 
   bool startConverter(JNIEnv_* environment) override {
     return noted(Operation::StartConverter) && inner().startConverter(environment);
@@ -384,13 +397,18 @@ class RecordedStores : public StoreObserver {
     return mJournal->note(Operation::GetRowCount, {{"source", source}}) && mInner->getRowCount(source);
   }
 
-  bool getSourceNames() override { return mJournal->note(Operation::GetSourceNames) && mInner->getSourceNames(); }
-
-  bool getVariableNames(std::string const& source) override {
-    return mJournal->note(Operation::GetVariableNames, {{"source", source}}) && mInner->getVariableNames(source);
+  bool getSourceNames() override {
+    return mJournal->note(Operation::GetSourceNames) && mInner->getSourceNames();
   }
 
-  bool getDataStream() override { return mJournal->note(Operation::GetDataStream) && mInner->getDataStream(); }
+  bool getVariableNames(std::string const& source) override {
+    return mJournal->note(Operation::GetVariableNames, {{"source", source}}) &&
+           mInner->getVariableNames(source);
+  }
+
+  bool getDataStream() override {
+    return mJournal->note(Operation::GetDataStream) && mInner->getDataStream();
+  }
 
  private:
   std::shared_ptr<StoreObserver> mInner;

@@ -1,9 +1,9 @@
+#include "kestrelhost/log.h"
+
 #include <spdlog/logger.h>
 #include <spdlog/sinks/stdout_sinks.h>
 
 #include <cstdlib>
-
-#include "kestrelhost/log.h"
 
 namespace kestrel::host {
 

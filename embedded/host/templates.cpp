@@ -44,7 +44,8 @@ class NoTemplateEngine::Refusal : public TemplateApplication {
   explicit Refusal(bool& noted) : mNoted(noted) {}
 
   bool set(std::string const&) override {
-    if (!mNoted) Host::current().log->note("this host has no template language: chart templates are not applied");
+    if (!mNoted)
+      Host::current().log->note("this host has no template language: chart templates are not applied");
     mNoted = true;
     return false;
   }
@@ -137,7 +138,9 @@ BaseTemplate::BaseTemplate(LumoVisualization const* baseline, LumoVisualization&
 BaseTemplate::~BaseTemplate() = default;
 
 void BaseTemplate::getAllElements(LumoGraph const& graph, std::vector<CTElementType*>& elements) {
-  auto const append = [&elements](auto const& list) { elements.insert(elements.end(), list.begin(), list.end()); };
+  auto const append = [&elements](auto const& list) {
+    elements.insert(elements.end(), list.begin(), list.end());
+  };
   append(graph.getAreas());
   append(graph.getEdges());
   append(graph.getIntervals());
@@ -148,7 +151,8 @@ void BaseTemplate::getAllElements(LumoGraph const& graph, std::vector<CTElementT
   append(graph.getSchemas());
 }
 
-std::vector<LumoDimension*> BaseTemplate::getDimensionsByRole(LumoGraph const& graph, ChartString const& role) const {
+std::vector<LumoDimension*> BaseTemplate::getDimensionsByRole(LumoGraph const& graph,
+                                                              ChartString const& role) const {
   char16_t const* const roles[] = {LumoUni::_x, LumoUni::_y, LumoUni::_z};
   std::vector<LumoDimension*> found;
   for (LumoCoordinates const* coordinates : graph.getCoordinatess()) {
@@ -167,7 +171,8 @@ bool FramePacker::packFrames(LumoVisualization& visualization, LumoDocument* bas
   return Host::current().frameLayout->pack(visualization, baseline);
 }
 
-ChartTransformer::ChartTransformer(std::string const& compressedXml, unsigned char const* stream, unsigned long size)
+ChartTransformer::ChartTransformer(std::string const& compressedXml, unsigned char const* stream,
+                                   unsigned long size)
     : mCompressedXml(compressedXml), mStream(stream), mSize(size) {}
 ChartTransformer::~ChartTransformer() = default;
 

@@ -45,7 +45,7 @@ std::shared_ptr<TextFile const> TextFileCache::get(std::string const& path) {
   auto const known = mFiles.find(path);
   if (known != mFiles.end()) return known->second;
   std::string const content = LocalFiles({}, largestTable).fetch(path, true, true);
-  auto const file = content.empty() ? nullptr : std::make_shared<TextFile const>(content);
+  auto file = content.empty() ? nullptr : std::make_shared<TextFile const>(content);
   mFiles.emplace(path, file);
   return file;
 }

@@ -1,13 +1,13 @@
+#include "text_file.h"
+
 #include "host/text.h"
+#include "kestrelhost/host.h"
+#include "model/chartstring.h"
 
 #include <unicode/ucnv.h>
 #include <unicode/unistr.h>
 
 #include <unordered_map>
-
-#include "kestrelhost/host.h"
-#include "model/chartstring.h"
-#include "text_file.h"
 
 namespace kestrel::host {
 
@@ -27,7 +27,8 @@ std::string toLocalCodePage(std::string const& text) {
   icu::UnicodeString const characters = icu::UnicodeString::fromUTF8(text);
   int const length = characters.extract(0, characters.length(), nullptr, 0U, page.c_str());
   std::string bytes(static_cast<std::size_t>(length) + 1, '\0');
-  characters.extract(0, characters.length(), bytes.data(), static_cast<std::uint32_t>(bytes.size()), page.c_str());
+  characters.extract(0, characters.length(), bytes.data(), static_cast<std::uint32_t>(bytes.size()),
+                     page.c_str());
   bytes.resize(static_cast<std::size_t>(length));
   return bytes;
 }
@@ -84,7 +85,9 @@ std::unique_ptr<TextTable> FolderTexts::open(std::string const& path) {
   return std::make_unique<FileTable>(mFiles, complete ? path : path + '/');
 }
 
-std::unique_ptr<TextTable> FixedTexts::open(std::string const&) { return std::make_unique<FixedTable>(texts); }
+std::unique_ptr<TextTable> FixedTexts::open(std::string const&) {
+  return std::make_unique<FixedTable>(texts);
+}
 
 }  // namespace kestrel::host
 

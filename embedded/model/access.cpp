@@ -1,5 +1,7 @@
 #include "access.h"
 
+#include "number_text.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -9,12 +11,11 @@
 #include <string_view>
 #include <system_error>
 
-#include "number_text.h"
-
 namespace kestrel::model {
 namespace {
 
-/// The longest text that is still taken for a number; a double needs at most 767 digits, but nobody writes them.
+/// The longest text that is still taken for a number; a double needs at most 767 digits, but nobody writes
+/// them.
 constexpr std::size_t longestNumber = 64;
 
 /// A number in ASCII, without white space around it and a plus sign before it; empty for what cannot be one.
@@ -67,7 +68,9 @@ bool readBool(LumoBaseElement const& object, char16_t const* name) {
   return sameText(text, LumoUni::_true) || sameText(text, u"1");
 }
 
-double readDouble(LumoBaseElement const& object, char16_t const* name) { return numberOf(read(object, name), 0.0); }
+double readDouble(LumoBaseElement const& object, char16_t const* name) {
+  return numberOf(read(object, name), 0.0);
+}
 
 int readInteger(LumoBaseElement const& object, char16_t const* name, int absent) {
   return numberOf(read(object, name), absent);
@@ -97,7 +100,9 @@ void write(LumoBaseElement& object, char16_t const* name, double value) {
   writeAscii(object, name, NumberText::shortest(value).view());
 }
 
-void write(LumoBaseElement& object, char16_t const* name, unsigned int value) { writeDigits(object, name, value); }
+void write(LumoBaseElement& object, char16_t const* name, unsigned int value) {
+  writeDigits(object, name, value);
+}
 void write(LumoBaseElement& object, char16_t const* name, int value) { writeDigits(object, name, value); }
 
 void erase(LumoBaseElement& object, char16_t const* name) { LumoBinding::treeOf(object).erase(object, name); }

@@ -1,12 +1,12 @@
 #pragma once
 
-#include <type_traits>
-#include <vector>
-
 #include "dom_walk.h"
 #include "kinds.h"
 #include "links.h"
 #include "tree.h"
+
+#include <type_traits>
+#include <vector>
 
 // The few operations that every accessor of the model is made of.
 
@@ -23,7 +23,8 @@ int readInteger(LumoBaseElement const& object, char16_t const* name, int absent 
 unsigned int readUnsigned(LumoBaseElement const& object, char16_t const* name);
 
 template <typename Enumeration>
-Enumeration readEnum(LumoBaseElement const& object, char16_t const* name, Enumeration absent = Enumeration{}) {
+Enumeration readEnum(LumoBaseElement const& object, char16_t const* name,
+                     Enumeration absent = Enumeration{}) {
   return static_cast<Enumeration>(readInteger(object, name, static_cast<int>(absent)));
 }
 

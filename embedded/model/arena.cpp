@@ -13,7 +13,8 @@ constexpr std::size_t greatestChunk = std::size_t{1} << 16;
 }  // namespace
 
 char16_t const* Arena::copy(std::u16string_view text) {
-  auto* const memory = static_cast<char16_t*>(allocate((text.size() + 1) * sizeof(char16_t), alignof(char16_t)));
+  auto* const memory =
+      static_cast<char16_t*>(allocate((text.size() + 1) * sizeof(char16_t), alignof(char16_t)));
   *std::copy(text.begin(), text.end(), memory) = u'\0';
   return memory;
 }

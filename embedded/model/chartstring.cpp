@@ -1,17 +1,17 @@
 #include "model/chartstring.h"
 
+#include "code_page.h"
+#include "number_text.h"
+
+#include <unicode/uchar.h>
+#include <unicode/ustring.h>
+
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <string>
 #include <string_view>
 #include <utility>
-
-#include <unicode/uchar.h>
-#include <unicode/ustring.h>
-
-#include "code_page.h"
-#include "number_text.h"
 
 namespace {
 
@@ -166,11 +166,14 @@ void ChartString::trimSpaces(bool leading) {
 
 void ChartString::truncateString(unsigned int count) {
   std::size_t kept = text_.size() - std::min<std::size_t>(count, text_.size());
-  bool const splits = kept > 0 && kept < text_.size() && U16_IS_LEAD(text_[kept - 1]) && U16_IS_TRAIL(text_[kept]);
+  bool const splits =
+      kept > 0 && kept < text_.size() && U16_IS_LEAD(text_[kept - 1]) && U16_IS_TRAIL(text_[kept]);
   text_.resize(splits ? kept - 1 : kept);
 }
 
-bool operator<(ChartString const& left, ChartString const& right) noexcept { return left.text_ < right.text_; }
+bool operator<(ChartString const& left, ChartString const& right) noexcept {
+  return left.text_ < right.text_;
+}
 
 void ChartString::setLocalCodePage(std::string const& name) { kestrel::model::setLocalCodePage(name); }
 std::string ChartString::localCodePage() { return kestrel::model::localCodePage(); }

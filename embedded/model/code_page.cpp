@@ -1,16 +1,16 @@
 #include "code_page.h"
 
+#include <unicode/translit.h>
+#include <unicode/uchar.h>
+#include <unicode/ucnv.h>
+#include <unicode/unistr.h>
+
 #include <algorithm>
 #include <cstddef>
 #include <memory>
 #include <mutex>
 #include <new>
 #include <stdexcept>
-
-#include <unicode/translit.h>
-#include <unicode/ucnv.h>
-#include <unicode/uchar.h>
-#include <unicode/unistr.h>
 
 namespace kestrel::model {
 namespace {
@@ -70,7 +70,8 @@ LocalCodePage& local() {
 }
 
 bool isAscii(std::string_view bytes) {
-  return std::all_of(bytes.begin(), bytes.end(), [](char byte) { return static_cast<unsigned char>(byte) < 0x80; });
+  return std::all_of(bytes.begin(), bytes.end(),
+                     [](char byte) { return static_cast<unsigned char>(byte) < 0x80; });
 }
 
 /// The continuation bytes that the lead byte calls for, and the least code point that needs so many.
@@ -101,19 +102,22 @@ std::size_t appendMultibyte(std::u16string& text, std::string_view bytes, std::s
   Lead const lead = leadOf(static_cast<unsigned char>(bytes[position++]));
   char32_t code = lead.bits;
   unsigned int read = 0;
-  while (read < lead.more && position < bytes.size() && (static_cast<unsigned char>(bytes[position]) & 0xC0U) == 0x80) {
+  while (read < lead.more && position < bytes.size() &&
+         (static_cast<unsigned char>(bytes[position]) & 0xC0U) == 0x80) {
     code = (code << 6) | (static_cast<unsigned char>(bytes[position]) & 0x3FU);
     ++position;
     ++read;
   }
-  bool const isCharacter =
-      lead.more > 0 && read == lead.more && code >= lead.least && code <= 0x10FFFF && (code < 0xD800 || code > 0xDFFF);
+  bool const isCharacter = lead.more > 0 && read == lead.more && code >= lead.least && code <= 0x10FFFF &&
+                           (code < 0xD800 || code > 0xDFFF);
   appendCodePoint(text, isCharacter ? code : char32_t{replacement});
   return position;
 }
 
 void appendUtf8Of(std::string& bytes, char32_t code) {
-  auto const put = [&bytes](char32_t byte) { bytes.push_back(static_cast<char>(static_cast<unsigned char>(byte))); };
+  auto const put = [&bytes](char32_t byte) {
+    bytes.push_back(static_cast<char>(static_cast<unsigned char>(byte)));
+  };
   if (code < 0x800) {
     put(0xC0 | (code >> 6));
   } else if (code < 0x10000) {

@@ -1,11 +1,11 @@
 #include "model/document.h"
 
+#include "text_writer.h"
+#include "tree.h"
+
 #include <memory>
 #include <stdexcept>
 #include <string>
-
-#include "text_writer.h"
-#include "tree.h"
 
 using xercesc::DOMDocument;
 using xercesc::DOMElement;
@@ -32,7 +32,8 @@ DOMDocument* LumoDocument::getImplementation() const noexcept { return tree_->do
 void LumoDocument::setChangeObserver(LumoChangeObserver* observer) noexcept { tree_->setObserver(observer); }
 
 LumoBaseElement* LumoDocument::importElement(DOMElement const& source, LumoBaseElement& parent) {
-  if (&LumoBinding::treeOf(parent) != tree_.get()) throw std::invalid_argument("importElement: parent of another chart");
+  if (&LumoBinding::treeOf(parent) != tree_.get())
+    throw std::invalid_argument("importElement: parent of another chart");
   return &tree_->addCopy(parent, source);
 }
 

@@ -1,8 +1,8 @@
 #include "dom_walk.h"
 
-#include <cstddef>
-
 #include <xercesc/util/XMLString.hpp>
+
+#include <cstddef>
 
 namespace kestrel::model {
 namespace {

@@ -1,10 +1,10 @@
 #pragma once
 
+#include <xercesc/dom/DOM.hpp>
+
 #include <cstddef>
 #include <string_view>
 #include <vector>
-
-#include <xercesc/dom/DOM.hpp>
 
 namespace kestrel::model {
 
@@ -21,8 +21,8 @@ bool isWithin(xercesc::DOMNode const& node, xercesc::DOMNode const& top);
 bool isInDocument(xercesc::DOMNode const& node);
 bool isText(xercesc::DOMNode const& node);
 
-/// Visits a node and everything in it in document order. It remembers its way, because asking the DOM for a parent is
-/// slow, and recursion would not survive deep trees.
+/// Visits a node and everything in it in document order. It remembers its way, because asking the DOM for a
+/// parent is slow, and recursion would not survive deep trees.
 class NodeWalk {
  public:
   explicit NodeWalk(xercesc::DOMNode& top) : node_(&top) {}

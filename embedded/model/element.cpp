@@ -1,8 +1,9 @@
-#include <string>
-
 #include "access.h"
-#include "model/base.h"
 #include "text_writer.h"
+
+#include "model/base.h"
+
+#include <string>
 
 using namespace kestrel::model;
 
@@ -20,7 +21,9 @@ char16_t const* LumoBaseElement::getAttribute(char16_t const* name) const { retu
 char16_t const* LumoBaseElement::getId() const { return read(*this, LumoUni::_id); }
 void LumoBaseElement::setId(char16_t const* id) { tree_->writeId(*this, id); }
 
-bool LumoBaseElement::doesIdExist(char16_t const* id) const { return tree_->find(id, &isA<LumoBaseElement>) != nullptr; }
+bool LumoBaseElement::doesIdExist(char16_t const* id) const {
+  return tree_->find(id, &isA<LumoBaseElement>) != nullptr;
+}
 
 LumoStyle* LumoBaseElement::getStyleById(char16_t const* id) const {
   return static_cast<LumoStyle*>(tree_->find(id, &isA<LumoStyle>));

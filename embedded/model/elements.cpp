@@ -1,8 +1,8 @@
 #include "model/elements.h"
 
-#include <vector>
-
 #include "access.h"
+
+#include <vector>
 
 using namespace kestrel::model;
 

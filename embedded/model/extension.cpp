@@ -1,11 +1,11 @@
+#include "access.h"
+
 #include "model/base.h"
+#include "model/chartstring.h"
 
 #include <xercesc/dom/DOMException.hpp>
 #include <xercesc/util/XMLChar.hpp>
 #include <xercesc/util/XMLString.hpp>
-
-#include "access.h"
-#include "model/chartstring.h"
 
 using namespace kestrel::model;
 

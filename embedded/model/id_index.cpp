@@ -45,8 +45,10 @@ void IdIndex::append(Bucket& bucket, LumoLinks& links) {
 
 void IdIndex::remove(LumoLinks& links) {
   Bucket& bucket = *links.bucket;
-  (links.previousInBucket == nullptr ? bucket.first : links.previousInBucket->nextInBucket) = links.nextInBucket;
-  (links.nextInBucket == nullptr ? bucket.last : links.nextInBucket->previousInBucket) = links.previousInBucket;
+  (links.previousInBucket == nullptr ? bucket.first : links.previousInBucket->nextInBucket) =
+      links.nextInBucket;
+  (links.nextInBucket == nullptr ? bucket.last : links.nextInBucket->previousInBucket) =
+      links.previousInBucket;
   if (bucket.first == bucket.last) bucket.isOrdered = true;
   links.bucket = nullptr;
 }

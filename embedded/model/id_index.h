@@ -1,11 +1,11 @@
 #pragma once
 
+#include "arena.h"
+#include "links.h"
+
 #include <cstddef>
 #include <string_view>
 #include <vector>
-
-#include "arena.h"
-#include "links.h"
 
 namespace kestrel::model {
 
@@ -20,8 +20,8 @@ struct Bucket {
   bool isOrdered;
 };
 
-/// Finds the elements of an id. Ids need not be unique. Buckets stay for as long as the arena does, so that their
-/// text does too.
+/// Finds the elements of an id. Ids need not be unique. Buckets stay for as long as the arena does, so that
+/// their text does too.
 class IdIndex {
  public:
   explicit IdIndex(Arena& arena) : arena_(arena) {}

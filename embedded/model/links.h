@@ -1,8 +1,8 @@
 #pragma once
 
-#include <cstddef>
-
 #include "model/base.h"
+
+#include <cstddef>
 
 namespace kestrel::model {
 
@@ -40,5 +40,12 @@ struct LumoBinding {
   static LumoTree& treeOf(LumoBaseElement const& object) { return *object.tree_; }
   static xercesc::DOMElement& elementOf(LumoBaseElement const& object) { return *object.element_; }
   static LumoLinks*& linksOf(LumoBaseElement& object) { return object.links_; }
-  static LumoLinks const* linksOf(LumoBaseElement const& object) { return object.links_; }
+
+  /// A handle is a second object for an element of a chart, made and ended by whoever needs it. Nothing may
+  /// point at it.
+  static void makeHandle(LumoBaseElement& object) { object.links_ = &handleMark; }
+  static bool isHandle(LumoBaseElement const& object) { return object.links_ == &handleMark; }
+
+ private:
+  static LumoLinks handleMark;
 };

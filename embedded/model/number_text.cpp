@@ -42,8 +42,10 @@ Digits split(std::string_view scientific) {
 }
 
 bool isPlain(Digits const& digits) {
-  bool const isUpperBound = digits.exponent == greatestPlainExponent + 1 && digits.count == 1 && digits.characters[0] == '1';
-  return isUpperBound || (digits.exponent >= smallestPlainExponent && digits.exponent <= greatestPlainExponent);
+  bool const isUpperBound =
+      digits.exponent == greatestPlainExponent + 1 && digits.count == 1 && digits.characters[0] == '1';
+  return isUpperBound ||
+         (digits.exponent >= smallestPlainExponent && digits.exponent <= greatestPlainExponent);
 }
 
 }  // namespace
@@ -51,7 +53,8 @@ bool isPlain(Digits const& digits) {
 NumberText NumberText::shortest(double value) {
   NumberText text;
   std::array<char, 32> buffer;
-  auto const result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::scientific);
+  auto const result =
+      std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::scientific);
   text.lay(value, {buffer.data(), static_cast<std::size_t>(result.ptr - buffer.data())});
   return text;
 }
@@ -60,8 +63,8 @@ NumberText NumberText::rounded(double value, unsigned int digits) {
   NumberText text;
   std::array<char, 32> buffer;
   int const precision = static_cast<int>(std::clamp(digits, 1U, mostDigits)) - 1;
-  auto const result =
-      std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::scientific, precision);
+  auto const result = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
+                                    std::chars_format::scientific, precision);
   text.lay(value, {buffer.data(), static_cast<std::size_t>(result.ptr - buffer.data())});
   return text;
 }

@@ -1,8 +1,8 @@
 #include "model/paneling.h"
 
-#include <vector>
-
 #include "access.h"
+
+#include <vector>
 
 using namespace kestrel::model;
 

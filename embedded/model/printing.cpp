@@ -1,12 +1,12 @@
 #include "model/printing.h"
 
+#include "text_writer.h"
+#include "tree.h"
+
 #include <atomic>
 #include <iostream>
 #include <string>
 #include <utility>
-
-#include "text_writer.h"
-#include "tree.h"
 
 namespace {
 
@@ -25,7 +25,8 @@ void DOMPrinter::Print(xercesc::DOMNode const* node, std::ostream& stream, bool 
   print(node, stream, declaration, false);
 }
 
-void DOMPrinter::print(xercesc::DOMNode const* node, std::ostream& stream, bool declaration, bool indented) const {
+void DOMPrinter::print(xercesc::DOMNode const* node, std::ostream& stream, bool declaration,
+                       bool indented) const {
   if (node != nullptr) stream << kestrel::model::textOf(*node, {declaration, indented});
 }
 

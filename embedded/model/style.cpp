@@ -1,9 +1,9 @@
 #include "model/style.h"
 
+#include "access.h"
+
 #include <array>
 #include <vector>
-
-#include "access.h"
 
 using namespace kestrel::model;
 

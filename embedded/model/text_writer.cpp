@@ -1,11 +1,11 @@
 #include "text_writer.h"
 
+#include "dom_walk.h"
+#include "utf8_buffer.h"
+
 #include <cstddef>
 #include <string>
 #include <string_view>
-
-#include "dom_walk.h"
-#include "utf8_buffer.h"
 
 namespace kestrel::model {
 namespace {
@@ -30,10 +30,12 @@ bool declares(std::u16string_view name, std::u16string_view& prefix) {
   return true;
 }
 
-bool isSpace(std::u16string_view text) { return text.find_first_not_of(u" \t\r\n") == std::u16string_view::npos; }
+bool isSpace(std::u16string_view text) {
+  return text.find_first_not_of(u" \t\r\n") == std::u16string_view::npos;
+}
 
-/// What XML can hold of a text. Where a sequence of characters would end something early, this must come first: what
-/// is dropped may bring two of them together.
+/// What XML can hold of a text. Where a sequence of characters would end something early, this must come
+/// first: what is dropped may bring two of them together.
 std::u16string legal(std::u16string_view text) {
   std::u16string result;
   result.reserve(text.size());
@@ -126,7 +128,9 @@ bool Writer::open(DOMNode const& node) {
       return false;
     }
     case DOMNode::TEXT_NODE:
-    case DOMNode::CDATA_SECTION_NODE: putText(node); return false;
+    case DOMNode::CDATA_SECTION_NODE:
+      putText(node);
+      return false;
     case DOMNode::COMMENT_NODE: {
       std::u16string text = broken(legal(viewOf(node.getNodeValue())), u'-', u'-');
       if (!text.empty() && text.back() == u'-') text.push_back(u' ');
@@ -138,9 +142,12 @@ bool Writer::open(DOMNode const& node) {
       putBetween("<?", std::u16string(node.getNodeName()) + (data.empty() ? u"" : u" ") + data, "?>");
       return false;
     }
-    case DOMNode::ATTRIBUTE_NODE: return false;
-    // What is left either holds content (a document, a fragment, an entity reference) or has none (a document type).
-    default: return node.getNodeType() != DOMNode::DOCUMENT_TYPE_NODE && node.hasChildNodes();
+    case DOMNode::ATTRIBUTE_NODE:
+      return false;
+    // What is left either holds content (a document, a fragment, an entity reference) or has none (a document
+    // type).
+    default:
+      return node.getNodeType() != DOMNode::DOCUMENT_TYPE_NODE && node.hasChildNodes();
   }
 }
 
@@ -225,7 +232,8 @@ void Writer::declareNamespaces(DOMElement const& element) {
   for (XMLSize_t i = 0; i < count; ++i) {
     DOMNode const& attribute = *attributes.item(i);
     std::u16string_view const prefix = viewOf(attribute.getPrefix());
-    if (prefix.empty() || prefix == u"xml" || prefix == u"xmlns" || prefix == viewOf(element.getPrefix())) continue;
+    if (prefix.empty() || prefix == u"xml" || prefix == u"xmlns" || prefix == viewOf(element.getPrefix()))
+      continue;
     std::u16string_view const uri = viewOf(attribute.getNamespaceURI());
     if (isFirstOfPrefix(attributes, i) && !isDeclared(element, prefix, uri)) declare(prefix, uri);
   }
@@ -243,12 +251,14 @@ void Writer::declare(std::u16string_view prefix, std::u16string_view uri) {
 /// The usual case, told by addresses: the DOM keeps each name and namespace once.
 bool Writer::isDeclaredByParent(DOMElement const& element) const {
   DOMNode const* const parent = walk_.holder();
-  return parent != nullptr && parent->getNodeType() == DOMNode::ELEMENT_NODE && parent->getLocalName() != nullptr &&
-         parent->getNamespaceURI() == element.getNamespaceURI() && parent->getPrefix() == element.getPrefix();
+  return parent != nullptr && parent->getNodeType() == DOMNode::ELEMENT_NODE &&
+         parent->getLocalName() != nullptr && parent->getNamespaceURI() == element.getNamespaceURI() &&
+         parent->getPrefix() == element.getPrefix();
 }
 
 /// Does the text written so far, with the attributes of `element`, bind the prefix to the namespace?
-bool Writer::isDeclared(DOMElement const& element, std::u16string_view prefix, std::u16string_view uri) const {
+bool Writer::isDeclared(DOMElement const& element, std::u16string_view prefix,
+                        std::u16string_view uri) const {
   std::u16string name(u"xmlns");
   if (!prefix.empty()) name.append(u":").append(prefix);
   for (DOMNode const* node = &element; node != nullptr && node->getNodeType() == DOMNode::ELEMENT_NODE;

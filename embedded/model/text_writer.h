@@ -1,8 +1,8 @@
 #pragma once
 
-#include <string>
-
 #include <xercesc/dom/DOM.hpp>
+
+#include <string>
 
 namespace kestrel::model {
 
@@ -12,8 +12,8 @@ struct WriterOptions {
   bool indented = false;
 };
 
-/// The text of a node and everything in it, as UTF-8. It parses again to the same nodes: what XML cannot hold is
-/// dropped, and namespaces that the DOM uses without declaring them are declared.
+/// The text of a node and everything in it, as UTF-8. It parses again to the same nodes: what XML cannot hold
+/// is dropped, and namespaces that the DOM uses without declaring them are declared.
 std::string textOf(xercesc::DOMNode const& node, WriterOptions options);
 
 }  // namespace kestrel::model

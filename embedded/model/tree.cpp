@@ -1,16 +1,16 @@
 #include "tree.h"
 
-#include <mutex>
+#include "dom_walk.h"
 
 #include <xercesc/util/PlatformUtils.hpp>
 
-#include "dom_walk.h"
+#include <mutex>
 
+using kestrel::model::ElementWalk;
+using kestrel::model::makeObject;
 using kestrel::model::Maker;
 using kestrel::model::makerOf;
-using kestrel::model::makeObject;
 using kestrel::model::nameOf;
-using kestrel::model::ElementWalk;
 using kestrel::model::valueOf;
 using xercesc::DOMDocument;
 using xercesc::DOMElement;
@@ -78,12 +78,12 @@ LumoTree::LumoTree(DOMDocument& document) : document_(&document), hasWrittenRefe
   if (DOMElement* const root = document.getDocumentElement()) bind(*root, true);
 }
 
-LumoTree::LumoTree(DOMElement& element)
-    : document_(element.getOwnerDocument()), isStandalone_(true) {}
+LumoTree::LumoTree(DOMElement& element) : document_(element.getOwnerDocument()), isStandalone_(true) {}
 
 LumoTree::~LumoTree() {
   // The elements keep their user data: a DOM that has lost much of it takes quadratic time to end.
-  if (document_ != nullptr && !owned_ && of(document_) == this) document_->setUserData(treeKey, nullptr, nullptr);
+  if (document_ != nullptr && !owned_ && of(document_) == this)
+    document_->setUserData(treeKey, nullptr, nullptr);
 }
 
 LumoTree* LumoTree::of(DOMDocument const* document) {
@@ -148,4 +148,3 @@ LumoBaseElement& LumoTree::bindOne(DOMElement& element, DOMNode const* holder) {
   bool const isRoot = root_ != nullptr && parent == root_->getImplementation();
   return make(element, makerOf(nameOf(element), isRoot ? LumoUni::_visualization : nameOf(*parent)));
 }
-

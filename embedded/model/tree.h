@@ -1,16 +1,17 @@
 #pragma once
 
-#include <memory>
-#include <string>
-#include <unordered_map>
-
-#include <xercesc/dom/DOM.hpp>
-
 #include "arena.h"
 #include "id_index.h"
 #include "kinds.h"
 #include "links.h"
+
 #include "model/document.h"
+
+#include <xercesc/dom/DOM.hpp>
+
+#include <memory>
+#include <string>
+#include <unordered_map>
 
 namespace kestrel::model {
 
@@ -19,8 +20,8 @@ void holdXmlLibrary();
 
 }  // namespace kestrel::model
 
-/// Everything that the objects of one chart share: the DOM under them, their memory, the index of ids, the references
-/// between them. All rules about changes live here.
+/// Everything that the objects of one chart share: the DOM under them, their memory, the index of ids, the
+/// references between them. All rules about changes live here.
 class LumoTree {
  public:
   using Change = LumoChangeObserver::Kind;
@@ -93,7 +94,10 @@ class LumoTree {
   xercesc::DOMElement& copyInto(xercesc::DOMElement& into, xercesc::DOMNode const& node,
                                 xercesc::DOMElement const& parent, xercesc::DOMElement const& top);
 
-  LumoLinks& linksOf(LumoBaseElement& object);
+  /// The object itself; for a handle, the object of its element.
+  LumoBaseElement& lasting(LumoBaseElement const& object) const;
+  LumoLinks* linksOf(LumoBaseElement const& object) const;
+  LumoLinks& makeLinks(LumoBaseElement& object);
   void registerId(LumoBaseElement& object, char16_t const* id, bool inOrder);
   void unregisterId(LumoBaseElement& object);
   LumoBaseElement* find(Bucket& bucket, Test fits) const;

@@ -1,15 +1,16 @@
+#include "tree.h"
+
+#include "dom_walk.h"
+
 #include <functional>
 #include <string>
 #include <string_view>
 
-#include "dom_walk.h"
-#include "tree.h"
-
+using kestrel::model::ElementWalk;
 using kestrel::model::isText;
 using kestrel::model::Kind;
 using kestrel::model::nameOf;
 using kestrel::model::NodeWalk;
-using kestrel::model::ElementWalk;
 using kestrel::model::sameText;
 using kestrel::model::valueOf;
 using xercesc::DOMAttr;
@@ -59,13 +60,20 @@ void copyContent(DOMNode const& source, DOMElement& parent) {
   xercesc::DOMDocument& document = *parent.getOwnerDocument();
   char16_t const* const text = source.getNodeValue();
   switch (source.getNodeType()) {
-    case DOMNode::TEXT_NODE: parent.appendChild(document.createTextNode(text)); break;
-    case DOMNode::CDATA_SECTION_NODE: parent.appendChild(document.createCDATASection(text)); break;
-    case DOMNode::COMMENT_NODE: parent.appendChild(document.createComment(text)); break;
+    case DOMNode::TEXT_NODE:
+      parent.appendChild(document.createTextNode(text));
+      break;
+    case DOMNode::CDATA_SECTION_NODE:
+      parent.appendChild(document.createCDATASection(text));
+      break;
+    case DOMNode::COMMENT_NODE:
+      parent.appendChild(document.createComment(text));
+      break;
     case DOMNode::PROCESSING_INSTRUCTION_NODE:
       parent.appendChild(document.createProcessingInstruction(source.getNodeName(), text));
       break;
-    default: break;
+    default:
+      break;
   }
 }
 
@@ -91,7 +99,8 @@ DOMElement& LumoTree::create(DOMElement const& parent, char16_t const* name) {
   // A new element joins the namespace that it finds itself in.
   if (parent.getLocalName() == nullptr) return *document_->createElement(name);
   char16_t const* const prefix = parent.getPrefix();
-  if (prefix == nullptr || *prefix == u'\0') return *document_->createElementNS(parent.getNamespaceURI(), name);
+  if (prefix == nullptr || *prefix == u'\0')
+    return *document_->createElementNS(parent.getNamespaceURI(), name);
   std::u16string const qualified = std::u16string(prefix) + u':' + name;
   return *document_->createElementNS(parent.getNamespaceURI(), qualified.c_str());
 }
@@ -137,7 +146,8 @@ LumoBaseElement& LumoTree::addCopy(LumoBaseElement& parent, DOMElement const& so
     into = &copyInto(*into, *walk.node(), parentElement, source);
     if (walk.enter()) continue;
     while ((goesOn = walk.node() != &source)) {
-      if (walk.node()->getNodeType() == DOMNode::ELEMENT_NODE) into = static_cast<DOMElement*>(into->getParentNode());
+      if (walk.node()->getNodeType() == DOMNode::ELEMENT_NODE)
+        into = static_cast<DOMElement*>(into->getParentNode());
       if (walk.pass()) break;
       walk.leave();
     }
@@ -164,7 +174,7 @@ void LumoTree::move(LumoBaseElement& object, LumoBaseElement& parent) {
   LumoBinding::elementOf(parent).appendChild(&top);
   for (ElementWalk element(top); element; ++element) {
     LumoBaseElement* const inner = existing(*element);
-    LumoLinks const* const links = inner == nullptr ? nullptr : LumoBinding::linksOf(*inner);
+    LumoLinks const* const links = inner == nullptr ? nullptr : linksOf(*inner);
     if (links != nullptr && links->bucket != nullptr && links->bucket->first != links->bucket->last) {
       links->bucket->isOrdered = false;
     }

@@ -1,16 +1,17 @@
+#include "tree.h"
+
+#include "dom_walk.h"
+
 #include <iterator>
 #include <string_view>
 #include <unordered_set>
 #include <vector>
 
-#include "dom_walk.h"
-#include "tree.h"
-
+using kestrel::model::ElementWalk;
 using kestrel::model::IdIndex;
 using kestrel::model::isBefore;
 using kestrel::model::isInDocument;
 using kestrel::model::nameOf;
-using kestrel::model::ElementWalk;
 using kestrel::model::sameText;
 using kestrel::model::valueOf;
 using xercesc::DOMAttr;
@@ -35,10 +36,11 @@ bool isNumbered(std::u16string_view name) {
 
 bool isReference(std::u16string_view name, DOMElement const& element) {
   static std::unordered_set<std::u16string_view> const names{
-      u"cellStyle",   u"clusterVariable", u"coordinates",  u"cycle",         u"domain",         u"extremeStyle",
-      u"fenceStyle",  u"hingeStyle",      u"markStyle",    u"medianStyle",   u"outlierStyle",   u"ref",
-      u"source",      u"style",           u"styleCycle",   u"target",        u"textFrameStyle", u"tickFrameStyle",
-      u"tickTextStyle", u"variable"};
+      u"cellStyle",      u"clusterVariable", u"coordinates",   u"cycle",
+      u"domain",         u"extremeStyle",    u"fenceStyle",    u"hingeStyle",
+      u"markStyle",      u"medianStyle",     u"outlierStyle",  u"ref",
+      u"source",         u"style",           u"styleCycle",    u"target",
+      u"textFrameStyle", u"tickFrameStyle",  u"tickTextStyle", u"variable"};
   std::u16string_view const elementName = nameOf(element);
   if (elementName == LumoUni::_extension) {
     return name == u"subtitle" || name == u"styleCycleRepository" || isNumbered(name);
@@ -49,16 +51,29 @@ bool isReference(std::u16string_view name, DOMElement const& element) {
 
 }  // namespace
 
-LumoLinks& LumoTree::linksOf(LumoBaseElement& object) {
-  LumoLinks*& links = LumoBinding::linksOf(object);
-  if (links == nullptr) links = &arena_.make<LumoLinks>(&object, nullptr, nullptr, nullptr, nullptr, nullptr);
+LumoLinks LumoBinding::handleMark{};
+
+LumoBaseElement& LumoTree::lasting(LumoBaseElement const& object) const {
+  // What is no handle lies in the arena, where nothing is constant.
+  return LumoBinding::isHandle(object) ? *existing(LumoBinding::elementOf(object))
+                                       : const_cast<LumoBaseElement&>(object);
+}
+
+LumoLinks* LumoTree::linksOf(LumoBaseElement const& object) const {
+  return LumoBinding::linksOf(lasting(object));
+}
+
+LumoLinks& LumoTree::makeLinks(LumoBaseElement& object) {
+  LumoBaseElement& owner = lasting(object);
+  LumoLinks*& links = LumoBinding::linksOf(owner);
+  if (links == nullptr) links = &arena_.make<LumoLinks>(&owner, nullptr, nullptr, nullptr, nullptr, nullptr);
   return *links;
 }
 
 void LumoTree::registerId(LumoBaseElement& object, char16_t const* id, bool inOrder) {
   if (*id == u'\0' || isStandalone_) return;
   DOMElement& element = LumoBinding::elementOf(object);
-  LumoLinks& links = linksOf(object);
+  LumoLinks& links = makeLinks(object);
   if (links.bucket != nullptr) IdIndex::remove(links);
   Bucket& bucket = ids_.findOrMake(id);
   if (bucket.last != nullptr && bucket.isOrdered && !inOrder) {
@@ -66,13 +81,13 @@ void LumoTree::registerId(LumoBaseElement& object, char16_t const* id, bool inOr
   }
   bool const isFirst = bucket.first == nullptr;
   IdIndex::append(bucket, links);
-  // The DOM finds detached elements too, so they must not be known to it; and it takes ever longer with each further
-  // element of the same id, so it knows only one.
+  // The DOM finds detached elements too, so they must not be known to it; and it takes ever longer with each
+  // further element of the same id, so it knows only one.
   if (isFirst && (!hasDetached_ || isInDocument(element))) element.setIdAttribute(LumoUni::_id, true);
 }
 
 void LumoTree::unregisterId(LumoBaseElement& object) {
-  LumoLinks* const links = LumoBinding::linksOf(object);
+  LumoLinks* const links = linksOf(object);
   if (links == nullptr || links->bucket == nullptr) return;
   Bucket& bucket = *links->bucket;
   IdIndex::remove(*links);
@@ -102,7 +117,8 @@ LumoBaseElement* LumoTree::find(Bucket& bucket, Test fits) const {
   for (LumoLinks const* links = bucket.first; links != nullptr; links = links->nextInBucket) {
     DOMElement const& element = LumoBinding::elementOf(*links->element);
     // Elements may have been detached or renamed past the model.
-    if (fits(*links->element) && sameText(valueOf(element, LumoUni::_id), bucket.id.data()) && isInDocument(element)) {
+    if (fits(*links->element) && sameText(valueOf(element, LumoUni::_id), bucket.id.data()) &&
+        isInDocument(element)) {
       return links->element;
     }
   }
@@ -114,7 +130,7 @@ void LumoTree::putInOrder(Bucket& bucket) const {
   for (ElementWalk element(*document_->getDocumentElement()); element; ++element) {
     if (!sameText(valueOf(*element, LumoUni::_id), bucket.id.data())) continue;
     LumoBaseElement* const object = existing(*element);
-    LumoLinks* const links = object == nullptr ? nullptr : LumoBinding::linksOf(*object);
+    LumoLinks* const links = object == nullptr ? nullptr : linksOf(*object);
     if (links != nullptr && links->bucket == &bucket) inTree.push_back(links);
   }
   // Those in the tree go to the front one by one, the last first.
@@ -123,7 +139,7 @@ void LumoTree::putInOrder(Bucket& bucket) const {
 }
 
 LumoTree::Reference* LumoTree::outgoing(LumoBaseElement const& object, char16_t const* name) const {
-  LumoLinks const* const links = LumoBinding::linksOf(object);
+  LumoLinks const* const links = linksOf(object);
   Reference* reference = links == nullptr ? nullptr : links->outgoing;
   while (reference != nullptr && !sameText(reference->attribute, name)) reference = reference->nextOfSource;
   return reference;
@@ -132,14 +148,15 @@ LumoTree::Reference* LumoTree::outgoing(LumoBaseElement const& object, char16_t 
 void LumoTree::connect(LumoBaseElement& object, char16_t const* name, LumoBaseElement& target, bool told) {
   Reference* reference = outgoing(object, name);
   if (reference == nullptr) {
-    LumoLinks& links = linksOf(object);
-    reference = &arena_.make<Reference>(&object, nullptr, arena_.copy(name), told, links.outgoing, nullptr, nullptr);
+    LumoLinks& links = makeLinks(object);
+    reference = &arena_.make<Reference>(links.element, nullptr, arena_.copy(name), told, links.outgoing,
+                                        nullptr, nullptr);
     links.outgoing = reference;
   } else {
     disconnect(*reference);
   }
-  LumoLinks& targetLinks = linksOf(target);
-  reference->target = &target;
+  LumoLinks& targetLinks = makeLinks(target);
+  reference->target = targetLinks.element;
   reference->told = told;
   reference->previousOfTarget = nullptr;
   reference->nextOfTarget = targetLinks.incoming;
@@ -152,7 +169,8 @@ void LumoTree::disconnect(Reference& reference) {
   LumoLinks& links = *LumoBinding::linksOf(*reference.target);
   (reference.previousOfTarget == nullptr ? links.incoming : reference.previousOfTarget->nextOfTarget) =
       reference.nextOfTarget;
-  if (reference.nextOfTarget != nullptr) reference.nextOfTarget->previousOfTarget = reference.previousOfTarget;
+  if (reference.nextOfTarget != nullptr)
+    reference.nextOfTarget->previousOfTarget = reference.previousOfTarget;
   reference.target = nullptr;
 }
 
@@ -189,14 +207,14 @@ void LumoTree::followId(LumoBaseElement& object, char16_t const* id) {
   char16_t const* const current = valueOf(LumoBinding::elementOf(object), LumoUni::_id);
   bool const hasId = current != nullptr && *current != u'\0';
   if (hasId && hasWrittenReferences_ && !isStandalone_) findWrittenReferences();
-  LumoLinks const* const links = LumoBinding::linksOf(object);
+  LumoLinks const* const links = linksOf(object);
   if (links == nullptr) return;
 
   std::vector<Reference*> following;
   for (Reference* reference = links->incoming; reference != nullptr; reference = reference->nextOfTarget) {
     char16_t const* const written = valueOf(LumoBinding::elementOf(*reference->source), reference->attribute);
     if (!sameText(written, current)) continue;
-    if (reference->told || find(current, &anyFits) == &object) following.push_back(reference);
+    if (reference->told || find(current, &anyFits) == links->element) following.push_back(reference);
   }
   for (Reference const* reference : following) before(Change::SetAttribute, *reference->source);
   for (Reference* reference : following) {

@@ -27,15 +27,23 @@ constexpr std::array<PlainTable, 3> plain{plainTable(""), plainTable("<>&\r"), p
 std::string_view entityOf(char16_t character, Escape escape) {
   if (escape == Escape::None) return {};
   switch (character) {
-    case u'<': return "&lt;";
-    case u'>': return "&gt;";
-    case u'&': return "&amp;";
-    case u'"': return "&quot;";
-    case u'\t': return "&#x9;";
-    case u'\n': return "&#xA;";
+    case u'<':
+      return "&lt;";
+    case u'>':
+      return "&gt;";
+    case u'&':
+      return "&amp;";
+    case u'"':
+      return "&quot;";
+    case u'\t':
+      return "&#x9;";
+    case u'\n':
+      return "&#xA;";
     // A parser would turn a bare one into a line feed.
-    case u'\r': return "&#xD;";
-    default: return {};
+    case u'\r':
+      return "&#xD;";
+    default:
+      return {};
   }
 }
 

@@ -1,3 +1,8 @@
+#include "number_text.h"
+
+#include "host/data_types.h"
+#include "model/printing.h"
+
 #include <algorithm>
 #include <array>
 #include <charconv>
@@ -6,10 +11,6 @@
 #include <limits>
 #include <string>
 #include <string_view>
-
-#include "host/data_types.h"
-#include "model/printing.h"
-#include "number_text.h"
 
 namespace {
 
@@ -26,18 +27,36 @@ enum class Shape { Number, Date, DateTime, Time, ElapsedTime, Ordinal };
 
 Shape shapeOf(unsigned int type) {
   switch (type) {
-    case 20: case 23: case 24: case 28: case 29: case 30: case 38: case 39: return Shape::Date;
-    case 22: case 86: return Shape::DateTime;
-    case 21: case 85: return Shape::Time;
-    case 25: return Shape::ElapsedTime;
-    case 26: case 27: return Shape::Ordinal;
-    default: return Shape::Number;
+    case 20:
+    case 23:
+    case 24:
+    case 28:
+    case 29:
+    case 30:
+    case 38:
+    case 39:
+      return Shape::Date;
+    case 22:
+    case 86:
+      return Shape::DateTime;
+    case 21:
+    case 85:
+      return Shape::Time;
+    case 25:
+      return Shape::ElapsedTime;
+    case 26:
+    case 27:
+      return Shape::Ordinal;
+    default:
+      return Shape::Number;
   }
 }
 
 bool isBlank(char character) { return character == ' ' || character == '\t'; }
 
-std::string full(double value) { return std::string(kestrel::model::NumberText::rounded(value, fullPrecision).view()); }
+std::string full(double value) {
+  return std::string(kestrel::model::NumberText::rounded(value, fullPrecision).view());
+}
 
 std::string fixed(double value, int decimals) {
   // The greatest double has 309 digits before its point.
@@ -124,12 +143,16 @@ std::string formatter::AsString(OBS const& value, Vexa_Format const& format) {
   int const decimals = std::min<int>(format.Decimals(), fullPrecision);
   Shape const shape = shapeOf(format.TypeEx());
   switch (shape) {
-    case Shape::Ordinal: return full(content);
-    case Shape::ElapsedTime: return elapsed(content, decimals);
+    case Shape::Ordinal:
+      return full(content);
+    case Shape::ElapsedTime:
+      return elapsed(content, decimals);
     case Shape::Date:
     case Shape::DateTime:
-    case Shape::Time: return moment(content, shape, decimals);
-    case Shape::Number: break;
+    case Shape::Time:
+      return moment(content, shape, decimals);
+    case Shape::Number:
+      break;
   }
   return number(content, format);
 }

@@ -1,9 +1,9 @@
 #include "model/variables.h"
 
+#include "access.h"
+
 #include <stdexcept>
 #include <vector>
-
-#include "access.h"
 
 using namespace kestrel::model;
 
@@ -76,14 +76,20 @@ LumoBinding bindingOf(xercesc::DOMElement* element) {
 
 LumoFormat::LumoFormat(xercesc::DOMElement* element) : CTFormatType(bindingOf(element)) {
   LumoTree& tree = LumoBinding::treeOf(*this);
-  if (tree.isStandalone()) tree.setOwner(*this);
+  if (tree.isStandalone()) {
+    tree.setOwner(*this);
+  } else {
+    tree.objectOf(*element);
+    LumoBinding::makeHandle(*this);
+  }
 }
 
 LumoFormat::~LumoFormat() {
+  // The chart that a handle stands in may have ended before it.
+  if (LumoBinding::isHandle(*this)) return;
   LumoTree* const tree = &LumoBinding::treeOf(*this);
   if (tree->owner() == this) delete tree;
 }
-
 
 LumoRelabel* LumoFormat::addRelabel(char16_t const* from, char16_t const* to) {
   LumoRelabel* const relabel = add<LumoRelabel>(*this);

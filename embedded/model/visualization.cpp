@@ -1,8 +1,8 @@
+#include "access.h"
+
 #include "model/document.h"
 
 #include <vector>
-
-#include "access.h"
 
 using namespace kestrel::model;
 using xercesc::DOMElement;

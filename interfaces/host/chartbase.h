@@ -1,9 +1,10 @@
 #pragma once
 
-#include <string>
+#include "export.h"
 
 #include "../model/chartstring.h"
-#include "export.h"
+
+#include <string>
 
 class FacSTDictionary;
 class LumoFormat;
@@ -37,15 +38,16 @@ class VEXA_API ChartBase {
   /// The id itself where the chart has no such id yet, otherwise the id with a number that makes it unique.
   static ChartString CreateUniqueId(ChartString const& id, LumoVisualization& visualization);
 
-  /// Each fills the display attributes of a format element from a print format, and is false where the host has no
-  /// display for the type; the element then stays as it was.
+  /// Each fills the display attributes of a format element from a print format, and is false where the host
+  /// has no display for the type; the element then stays as it was.
   static bool FormatNumber(LumoFormat& element, Vexa_Format& format);
   static bool FormatCustomCurrency(LumoFormat& element, Vexa_Format& format);
   static bool FormatDate(LumoFormat& element, Vexa_Format& format);
   static bool FormatElapsedTime(LumoFormat& element, Vexa_Format& format);
 
-  /// Rewrites a text in place: where the dictionary knows the whole text as a key, its translation, which is in the
-  /// named code page, takes the place. Any other text stays, and so it does with a null dictionary.
+  /// Rewrites a text in place: where the dictionary knows the whole text as a key, its translation takes the
+  /// place. Any other text stays, and so does every text with a null dictionary. `encoding` is the code page
+  /// of the language, for hosts whose dictionaries are not in the local one.
   static void updateText(ChartString& text, FacSTDictionary* dictionary, std::string const& encoding);
 
   static char16_t const _container[];

@@ -1,14 +1,14 @@
 #pragma once
 
+#include "export.h"
+
 #include <cstdint>
 #include <cstring>
 #include <memory>
 #include <utility>
 
-#include "export.h"
-
-/// The host's data cell. A number is a double in its eight bytes; a string variable's cell is the first of as many
-/// bytes as the variable is wide, padded with blanks.
+/// The host's data cell. A number is a double in its eight bytes; a string variable's cell is the first of as
+/// many bytes as the variable is wide, padded with blanks.
 struct alignas(8) OBS {
   unsigned char bytes[8] = {};
 
@@ -21,7 +21,8 @@ struct alignas(8) OBS {
     return result;
   }
 };
-static_assert(sizeof(OBS) == 8 && alignof(OBS) == 8);
+static_assert(sizeof(OBS) == 8);
+static_assert(alignof(OBS) == 8);
 
 /// A print format: how wide a value is printed, as what, and with how many decimals.
 class Vexa_Format {
@@ -96,8 +97,8 @@ class Vexa_Format {
 };
 static_assert(sizeof(Vexa_Format) == 4);
 
-/// The value labels of one variable: pairs of a cell and a text in the local code page. What it gives lives as long
-/// as it does.
+/// The value labels of one variable: pairs of a cell and a text in the local code page. What it gives lives
+/// as long as it does.
 class VEXA_API Vexa_ValueLabels {
  public:
   virtual ~Vexa_ValueLabels();

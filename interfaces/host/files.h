@@ -1,8 +1,8 @@
 #pragma once
 
-#include <string>
-
 #include "export.h"
+
+#include <string>
 
 class VEXA_API FetchFile {
  public:
@@ -21,8 +21,8 @@ class VEXA_API PathInstance {
   /// The base folder, with a slash at its end.
   virtual std::string getBasePath() const = 0;
 
-  /// The folder of the dictionaries. It begins with the base path, and what follows is the language's folder, up to the
-  /// next slash.
+  /// The folder of the dictionaries. It begins with the base path, and what follows is the language's folder,
+  /// up to the next slash.
   virtual std::string getDictionaryPath() const = 0;
 };
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <string>
-
 #include "export.h"
+
+#include <string>
 
 struct JNIEnv_;
 

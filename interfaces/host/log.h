@@ -1,12 +1,12 @@
 #pragma once
 
-#include <exception>
-#include <string>
+#include "export.h"
 
 #include <xercesc/sax/HandlerBase.hpp>
 #include <xercesc/util/XMLException.hpp>
 
-#include "export.h"
+#include <exception>
+#include <string>
 
 /// The failure value of the chart library: a message, and the place in the source that raised it.
 /// It is thrown and caught by value. File and line are diagnostics; nothing depends on them.
@@ -45,6 +45,7 @@ class VEXA_API ChartErrorHandler : public xercesc::HandlerBase {
   /// Throws the failure itself, so that the parse ends there.
   void fatalError(xercesc::SAXParseException const& failure) override;
 
-  /// Gives an empty input for every entity: nothing outside the text is ever loaded. The parser owns the result.
+  /// Gives an empty input for every entity: nothing outside the text is ever loaded. The parser owns the
+  /// result.
   xercesc::InputSource* resolveEntity(XMLCh const* publicId, XMLCh const* systemId) override;
 };

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "export.h"
+
 #include <string>
 #include <vector>
-
-#include "export.h"
 
 /// Unwinds from deep inside a procedure to the host that called it. Only a host throws it; every guard of the
 /// library lets it through.
@@ -14,8 +14,8 @@ class VEXA_API VexaGoToCaller {
   virtual ~VexaGoToCaller();
 };
 
-/// A piece of text for the user, in UTF-8. `fixed` is true for a text of the system, which a host may translate,
-/// and false for text that came from outside, which it must show as it is.
+/// A piece of text for the user, in UTF-8. `fixed` is true for a text of the system, which a host may
+/// translate, and false for text that came from outside, which it must show as it is.
 class VEXA_API BpCellText {
  public:
   virtual ~BpCellText();
@@ -55,8 +55,8 @@ class VEXA_API BpComposite : public BpCellText {
   /// Keeps a copy of the cell's text and flag for the next placeholder.
   void Add(BpCellText const& cell);
 
-  /// Fills the placeholders in one pass over the pattern: a cell that itself holds `^1` is not filled again. A
-  /// placeholder with no cell stays as it stands; a cell with no placeholder is not shown.
+  /// Fills the placeholders in one pass over the pattern: a cell that itself holds `^1` is not filled again.
+  /// A placeholder with no cell stays as it stands; a cell with no placeholder is not shown.
   void Finish();
 
   std::string const& pattern() const;

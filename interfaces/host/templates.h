@@ -1,11 +1,12 @@
 #pragma once
 
+#include "export.h"
+
+#include "../model/chartstring.h"
+
 #include <memory>
 #include <string>
 #include <vector>
-
-#include "../model/chartstring.h"
-#include "export.h"
 
 class CTElementType;
 class LumoDimension;
@@ -22,7 +23,8 @@ class VEXA_API ChartTemplate {
   ChartTemplate(ChartTemplate const&) = delete;
   ChartTemplate& operator=(ChartTemplate const&) = delete;
 
-  /// Takes the text of a template in place of the one before. False if it is none; applyTemplate then does nothing.
+  /// Takes the text of a template in place of the one before. False if it is none; applyTemplate then does
+  /// nothing.
   bool setTemplate(std::string const& xml);
   void applyTemplate();
 
@@ -40,7 +42,8 @@ class VEXA_API BaseTemplate {
   /// Appends the graphic elements of a graph to the list, kind by kind and in document order within a kind.
   static void getAllElements(LumoGraph const& graph, std::vector<CTElementType*>& elements);
 
-  /// The dimensions of all coordinates of the graph that stand for "x", "y" or "z"; an unknown role gives none.
+  /// The dimensions of all coordinates of the graph that stand for "x", "y" or "z"; an unknown role gives
+  /// none.
   std::vector<LumoDimension*> getDimensionsByRole(LumoGraph const& graph, ChartString const& role) const;
 
  private:

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "export.h"
+
 #include <memory>
 #include <string>
-
-#include "export.h"
 
 /// A table of texts in one language. Keys are in UTF-8, texts in the local code page.
 class VEXA_API FacSTDictionary {

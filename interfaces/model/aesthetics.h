@@ -1,10 +1,10 @@
 #pragma once
 
-#include <vector>
-
 #include "base.h"
 #include "export.h"
 #include "forward.h"
+
+#include <vector>
 
 /// Varies the look of an element by a variable.
 class LUMO_API CTAesthetic : public LumoBaseElement {

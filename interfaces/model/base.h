@@ -1,20 +1,20 @@
 #pragma once
 
-#include <string>
-
-#include <xercesc/dom/DOMElement.hpp>
-
 #include "export.h"
 #include "forward.h"
 
-/// One element of a chart. The object belongs to its LumoDocument and lives as long as that does; nobody else frees
-/// it. A removed element is detached from the tree, and its object stays readable.
+#include <xercesc/dom/DOMElement.hpp>
+
+#include <string>
+
+/// One element of a chart. The object belongs to its LumoDocument and lives as long as that does; nobody else
+/// frees it. A removed element is detached from the tree, and its object stays readable.
 ///
-/// Attributes: an absent one reads as null, setting null removes it. A text that a getter returns is valid until that
-/// attribute is set again. References: setting one names the target's id in the attribute, follows the id when it
-/// changes, and reading it gives the very object that was set; text that was parsed gives the first element of that
-/// id in document order, and null where there is none. Adders append always and return the new element, never null;
-/// the getter of a single child gives the first one, or null.
+/// Attributes: an absent one reads as null, setting null removes it. A text that a getter returns is valid
+/// until that attribute is set again. References: setting one names the target's id in the attribute, follows
+/// the id when it changes, and reading it gives the very object that was set; text that was parsed gives the
+/// first element of that id in document order, and null where there is none. Adders append always and return
+/// the new element, never null; the getter of a single child gives the first one, or null.
 class LUMO_API LumoBaseElement {
  public:
   /// For the model itself: only it can make a binding.
@@ -77,8 +77,8 @@ class LUMO_API LumoExtensionSV : public LumoExtension {
   void setValuesAreGroupedMidpoints(bool grouped);
 };
 
-/// Names the special parts of a chart: its titles, footnotes and legends, and the repository of style cycles. The
-/// `remove` operations drop the reference only; the part stays in the chart.
+/// Names the special parts of a chart: its titles, footnotes and legends, and the repository of style cycles.
+/// The `remove` operations drop the reference only; the part stays in the chart.
 class LUMO_API LumoExtensionVis : public LumoExtension {
  public:
   using LumoExtension::LumoExtension;

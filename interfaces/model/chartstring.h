@@ -1,14 +1,14 @@
 #pragma once
 
+#include "export.h"
+
 #include <cstddef>
 #include <string>
 #include <string_view>
 
-#include "export.h"
-
-/// The UTF-16 text of the chart model. A null text counts as empty wherever one is taken. Lengths and positions are
-/// in UTF-16 units. Narrow text (`char const*`) is in the local code page, which is UTF-8 unless the host says
-/// otherwise; bytes that are no character of it become U+FFFD.
+/// The UTF-16 text of the chart model. A null text counts as empty wherever one is taken. Lengths and
+/// positions are in UTF-16 units. Narrow text (`char const*`) is in the local code page, which is UTF-8
+/// unless the host says otherwise; bytes that are no character of it become U+FFFD.
 class LUMO_API ChartString {
  public:
   ChartString() noexcept;
@@ -32,8 +32,8 @@ class LUMO_API ChartString {
   void assign(unsigned long value);
   void assign(unsigned int value);
   void assign(char16_t character);
-  /// The characters from `first` up to, not including, `last`; nothing when either is null or `last` is not behind
-  /// `first`.
+  /// The characters from `first` up to, not including, `last`; nothing when either is null or `last` is not
+  /// behind `first`.
   void assign(char16_t const* first, char16_t const* last);
 
   /// A text may be appended to itself, in whole or in part.
@@ -46,10 +46,11 @@ class LUMO_API ChartString {
 
   void appendInteger(long value);
   void assignInteger(long value);
-  /// The shortest digits that read back as the same number, whatever the locale: plain notation from 1e-5 up to 1e16,
-  /// an exponent beyond ("1e17"), "NaN", "INF" and "-INF" for what is no number.
+  /// The shortest digits that read back as the same number, whatever the locale: plain notation from 1e-5 up
+  /// to 1e16, an exponent beyond ("1e17"), "NaN", "INF" and "-INF" for what is no number.
   void appendDouble(double value);
-  /// At most `precision` significant digits (1 to 17) without trailing zeros, in the notation of appendDouble.
+  /// At most `precision` significant digits (1 to 17) without trailing zeros, in the notation of
+  /// appendDouble.
   void assignDouble(double value, unsigned int precision);
 
   /// Replaces the text. Bytes that are not UTF-8 become U+FFFD.
@@ -77,15 +78,18 @@ class LUMO_API ChartString {
   void replaceSubstring(char16_t const* from, char16_t const* to);
   /// Cuts blanks, tabs and line ends at the end of the text, and with `leading` at its start too.
   void trimSpaces(bool leading);
-  /// Drops the last `count` characters, all of them if there are fewer. A surrogate pair that the cut would split
-  /// goes as a whole.
+  /// Drops the last `count` characters, all of them if there are fewer. A surrogate pair that the cut would
+  /// split goes as a whole.
   void truncateString(unsigned int count);
 
-  friend bool operator==(ChartString const& left, ChartString const& right) noexcept { return left.equals(right); }
+  friend bool operator==(ChartString const& left, ChartString const& right) noexcept {
+    return left.equals(right);
+  }
   LUMO_API friend bool operator<(ChartString const& left, ChartString const& right) noexcept;
 
-  /// The code page of narrow text, for the whole process. Names as ICU has them; "CP949" and "CP950" mean the Windows
-  /// code pages of that number. Throws std::invalid_argument for a name that stands for none, and changes nothing.
+  /// The code page of narrow text, for the whole process. Names as ICU has them; "CP949" and "CP950" mean the
+  /// Windows code pages of that number. Throws std::invalid_argument for a name that stands for none, and
+  /// changes nothing.
   static void setLocalCodePage(std::string const& name);
   static std::string localCodePage();
   /// The text of `bytes` in the named code page. Throws std::invalid_argument as setLocalCodePage does.

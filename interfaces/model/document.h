@@ -1,35 +1,44 @@
 #pragma once
 
-#include <memory>
-#include <string>
-#include <vector>
-
-#include <xercesc/dom/DOMDocument.hpp>
-
 #include "base.h"
 #include "export.h"
 #include "forward.h"
 #include "labels.h"
 
-/// Hears of each change of a document before it happens. What it throws leaves the operation that was about to make
-/// the change; the document stays as it was before that change, and usable.
+#include <xercesc/dom/DOMDocument.hpp>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+/// Hears of each change of a document before it happens. What it throws leaves the operation that was about
+/// to make the change; the document stays as it was before that change, and usable.
 class LUMO_API LumoChangeObserver {
  public:
-  enum class Kind { AddElement, RemoveElement, MoveElement, SetAttribute, RemoveAttribute, SetText, SetComment };
+  enum class Kind {
+    AddElement,
+    RemoveElement,
+    MoveElement,
+    SetAttribute,
+    RemoveAttribute,
+    SetText,
+    SetComment
+  };
 
   virtual ~LumoChangeObserver();
-  /// `element` is the one that changes: the parent for AddElement, else the element removed, moved or written.
+  /// `element` is the one that changes: the parent for AddElement, else the element removed, moved or
+  /// written.
   virtual void beforeChange(Kind kind, LumoBaseElement const& element) = 0;
 };
 
-/// Owns the object of every element of one chart; they end with it. Holds the XML library ready by itself: a document
-/// may be made before anybody initialised that, and may outlive its last termination by others.
+/// Owns the object of every element of one chart; they end with it. Holds the XML library ready by itself: a
+/// document may be made before anybody initialised that, and may outlive its last termination by others.
 class LUMO_API LumoDocument {
  public:
   /// A new chart with an empty root element.
   LumoDocument();
-  /// Stands on a parsed chart. The DOM stays the caller's and must outlive the document; its root element is the
-  /// visualization, whatever its name. Throws std::invalid_argument when `document` is null.
+  /// Stands on a parsed chart. The DOM stays the caller's and must outlive the document; its root element is
+  /// the visualization, whatever its name. Throws std::invalid_argument when `document` is null.
   explicit LumoDocument(xercesc::DOMDocument* document);
   LumoDocument(LumoDocument const&) = delete;
   LumoDocument& operator=(LumoDocument const&) = delete;
@@ -37,18 +46,19 @@ class LUMO_API LumoDocument {
 
   /// The root element; null only on a DOM that has none.
   virtual LumoVisualization* getVisualization() const;
-  /// The chart's text: the XML declaration in UTF-8, then everything in the DOM. What XML cannot hold (control
-  /// characters, half a surrogate pair) is dropped, so that it always parses again.
+  /// The chart's text: the XML declaration in UTF-8, then everything in the DOM. What XML cannot hold
+  /// (control characters, half a surrogate pair) is dropped, so that it always parses again.
   virtual std::string AsUTF8() const;
 
   xercesc::DOMDocument* getImplementation() const noexcept;
   /// Not owned; null for none.
   void setChangeObserver(LumoChangeObserver* observer) noexcept;
 
-  /// Copies an element of any DOM, with everything in it, to the end of `parent`, an element of this document.
+  /// Copies an element of any DOM, with everything in it, to the end of `parent`, an element of this
+  /// document.
   LumoBaseElement* importElement(xercesc::DOMElement const& source, LumoBaseElement& parent);
-  /// The object of an element of this DOM, made now with those of its descendants if the element came into the tree
-  /// past the model. Null for a null element or one of another DOM.
+  /// The object of an element of this DOM, made now with those of its descendants if the element came into
+  /// the tree past the model. Null for a null element or one of another DOM.
   LumoBaseElement* find(xercesc::DOMElement* element);
 
  private:
@@ -112,13 +122,14 @@ class LUMO_API LumoVisualization : public LumoBaseElement {
   void setType(char16_t const* type);
   void setVersion(double version);
 
-  /// Moves the graphs, label frames and legends of all containers, nested ones too, in document order to the end of
-  /// the visualization. The containers stay, with what else they hold.
+  /// Moves the graphs, label frames and legends of all containers, nested ones too, in document order to the
+  /// end of the visualization. The containers stay, with what else they hold.
   void reparentContainerChildren();
   /// Moves the visualization's own legends to the end of `container`.
   void reparentLegendChildren(LumoContainer const& container);
-  /// Moves every style with an id that stands elsewhere to the end of `container`, in document order. Styles within
-  /// a cycle are the cycle's values and stay, and so do `container` itself and the styles that hold it.
+  /// Moves every style with an id that stands elsewhere to the end of `container`, in document order. Styles
+  /// within a cycle are the cycle's values and stay, and so do `container` itself and the styles that hold
+  /// it.
   void reparentStyles(LumoStyle const& container);
 };
 

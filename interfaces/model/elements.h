@@ -1,10 +1,10 @@
 #pragma once
 
-#include <vector>
-
 #include "base.h"
 #include "export.h"
 #include "forward.h"
+
+#include <vector>
 
 /// A graphic element: what a graph draws of its data.
 class LUMO_API CTElementType : public LumoBaseElement {

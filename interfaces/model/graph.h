@@ -1,11 +1,11 @@
 #pragma once
 
-#include <vector>
-
 #include "base.h"
 #include "export.h"
 #include "forward.h"
 #include "labels.h"
+
+#include <vector>
 
 /// The scale of a dimension.
 class LUMO_API LumoScale : public LumoBaseElement {

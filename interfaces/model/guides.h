@@ -1,10 +1,10 @@
 #pragma once
 
-#include <vector>
-
 #include "base.h"
 #include "export.h"
 #include "forward.h"
+
+#include <vector>
 
 /// Something drawn over the elements of a graph that depends on no data.
 class LUMO_API CTGuideType : public LumoBaseElement {

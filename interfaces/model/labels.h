@@ -1,10 +1,10 @@
 #pragma once
 
-#include <vector>
-
 #include "base.h"
 #include "export.h"
 #include "forward.h"
+
+#include <vector>
 
 /// Ties one side or extent of a part to a place.
 class LUMO_API LumoLocation : public LumoBaseElement {

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <vector>
-
 #include "base.h"
 #include "export.h"
 #include "forward.h"
+
+#include <vector>
 
 /// Splits a graph into panels.
 class LUMO_API LumoFaceting : public LumoBaseElement {

@@ -1,12 +1,12 @@
 #pragma once
 
-#include <iosfwd>
-#include <string>
+#include "export.h"
+#include "forward.h"
 
 #include <xercesc/dom/DOMNode.hpp>
 
-#include "export.h"
-#include "forward.h"
+#include <iosfwd>
+#include <string>
 
 struct OBS;
 class Vexa_Format;
@@ -17,7 +17,8 @@ class LUMO_API DOMPrinter {
   DOMPrinter();
   virtual ~DOMPrinter();
 
-  /// Writes `node` and everything in it; with `declaration` the XML declaration first. A null node writes nothing.
+  /// Writes `node` and everything in it; with `declaration` the XML declaration first. A null node writes
+  /// nothing.
   virtual void Print(xercesc::DOMNode const* node, std::ostream& stream, bool declaration) const;
 
  protected:
@@ -42,13 +43,13 @@ class LUMO_API formatter {
  public:
   formatter() = delete;
 
-  /// The text of a cell under a print format, in the local code page. A cell of a string format is backed by as many
-  /// bytes as the format is wide; blanks at its end are cut. The system-missing value is ".".
+  /// The text of a cell under a print format, in the local code page. A cell of a string format is backed by
+  /// as many bytes as the format is wide; blanks at its end are cut. The system-missing value is ".".
   static std::string AsString(OBS const& value, Vexa_Format const& format);
   /// At most `precision` significant digits, as ChartString::assignDouble writes them.
   static std::string AsString(double const& value, unsigned int precision);
-  /// Moves `first` and `last` (which is the last character, not one behind it) inward past blanks and tabs, never
-  /// past a terminating zero. Returns the length that is left, 0 or less when nothing is.
+  /// Moves `first` and `last` (which is the last character, not one behind it) inward past blanks and tabs,
+  /// never past a terminating zero. Returns the length that is left, 0 or less when nothing is.
   static int trim(char const*& first, char const*& last);
 };
 

@@ -1,15 +1,15 @@
 #pragma once
 
-#include <vector>
-
 #include "base.h"
 #include "export.h"
 #include "forward.h"
 
+#include <vector>
+
 /// One set of visual properties. Lengths are texts with their unit, colours "#RRGGBB" or names.
 ///
-/// The forms with three texts take the preferred, the least and the greatest value; an empty or null text gives no
-/// value. Each `remove` takes one property away, those with three values as a whole.
+/// The forms with three texts take the preferred, the least and the greatest value; an empty or null text
+/// gives no value. Each `remove` takes one property away, those with three values as a whole.
 class LUMO_API LumoStyle : public LumoBaseElement {
  public:
   static char16_t const _black[];

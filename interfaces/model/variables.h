@@ -1,12 +1,12 @@
 #pragma once
 
-#include <vector>
-
-#include <xercesc/dom/DOMElement.hpp>
-
 #include "base.h"
 #include "export.h"
 #include "forward.h"
+
+#include <xercesc/dom/DOMElement.hpp>
+
+#include <vector>
 
 /// A variable of the chart. Its booleans are false where nothing was set.
 class LUMO_API CTVariableType : public LumoBaseElement {
@@ -95,8 +95,9 @@ class LUMO_API LumoFormat : public CTFormatType {
   enum ENUM_baseFormat : int { BaseFormatNone = 0, BaseFormat1 = 1, BaseFormat2 = 2, BaseFormat3 = 3 };
 
   using CTFormatType::CTFormatType;
-  /// Works on an element that no document of the model owns; it stays the caller's and must outlive this object,
-  /// which owns the objects of what it adds. On an element of a document it is a second handle beside its own object.
+  /// Works on an element that no document of the model owns; it stays the caller's and must outlive this
+  /// object, which owns the objects of what it adds. On an element of a document it is a second handle beside
+  /// its own object.
   explicit LumoFormat(xercesc::DOMElement* element);
   ~LumoFormat() override;
 
@@ -128,8 +129,8 @@ class LUMO_API LumoRelabel : public LumoBaseElement {
   char16_t const* getTo() const;
 };
 
-/// What both kinds of domain share. A caller that cannot tell which kind it has may use every operation here: one
-/// that the other kind was made for simply writes its child or attribute.
+/// What both kinds of domain share. A caller that cannot tell which kind it has may use every operation here:
+/// one that the other kind was made for simply writes its child or attribute.
 class LUMO_API CTDomainType : public LumoBaseElement {
  public:
   using LumoBaseElement::LumoBaseElement;

@@ -1,5 +1,7 @@
 // Writes data streams and beside each, as JSON, what a reader must find in it: `arrow_streams FOLDER`.
 
+#include "host/data_store.h"
+
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -8,8 +10,6 @@
 #include <memory>
 #include <string>
 #include <vector>
-
-#include "host/data_store.h"
 
 namespace {
 
@@ -48,16 +48,21 @@ std::vector<Sample> samples() {
       {"no_rows", {{"source0", {{"x", {}}, {"y", {}}}}}},
       {"one_cell", {{"source0", {{"sourceVariable0_SN", {2.5}}}}}},
       {"numbers",
-       {{"source0", {{"x", {0.0, -0.0, 5e-324, -1.5, 1.7976931348623157e308, infinite, -infinite, none, 0.1}}}}}},
-      {"missing", {{"source0", {{"x", {missing, 1, missing}}, {"y", {1, missing, 2}}, {"z", {missing, missing, missing}}}}}},
+       {{"source0",
+         {{"x", {0.0, -0.0, 5e-324, -1.5, 1.7976931348623157e308, infinite, -infinite, none, 0.1}}}}}},
+      {"missing",
+       {{"source0",
+         {{"x", {missing, 1, missing}}, {"y", {1, missing, 2}}, {"z", {missing, missing, missing}}}}}},
       {"empty_name", {{"source0", {{"", {1, 2}}, {"x", {3, missing}}}}}},
-      {"names", {{"Qu\xC3\xA9lle \xE4\xB8\x80 \xF0\x9F\x93\x88", {{"a \"b\" <c>\t", {1}}, {"\xD0\x9F", {2}}}}}},
+      {"names",
+       {{"Qu\xC3\xA9lle \xE4\xB8\x80 \xF0\x9F\x93\x88", {{"a \"b\" <c>\t", {1}}, {"\xD0\x9F", {2}}}}}},
       {"many_sources",
        {{"source1", {{"x", {1, 2, 3}}}}, {"source0", {}}, {"source2", {{"x", {missing}}, {"y", {4}}}}}},
       {"large", {{"source0", {{"x", cells(20000, 3)}, {"y", cells(20000, 0)}, {"z", cells(20000, 1)}}}}},
   };
   for (unsigned int rows : {7u, 8u, 9u, 63u, 64u, 65u, 1023u}) {
-    result.push_back({"rows_" + std::to_string(rows), {{"source0", {{"x", cells(rows, 5)}, {"y", cells(rows, 7)}}}}});
+    result.push_back(
+        {"rows_" + std::to_string(rows), {{"source0", {{"x", cells(rows, 5)}, {"y", cells(rows, 7)}}}}});
   }
   return result;
 }

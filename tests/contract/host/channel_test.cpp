@@ -1,9 +1,10 @@
 #include "host/channel.h"
 
-#include <gtest/gtest.h>
+#include "temporary_folder.h"
 
 #include "kestrelhost/recorder.h"
-#include "temporary_folder.h"
+
+#include <gtest/gtest.h>
 
 using namespace kestrel::host;
 

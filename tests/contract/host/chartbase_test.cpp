@@ -1,14 +1,14 @@
 #include "host/chartbase.h"
 
-#include <gtest/gtest.h>
-
-#include <set>
-
 #include "host/data_types.h"
 #include "host/text.h"
 #include "kestrelhost/recorder.h"
 #include "model/document.h"
 #include "model/variables.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
 
 using namespace kestrel::host;
 
@@ -51,11 +51,18 @@ TEST(ChartBaseConstantsTest, HaveTheirTexts) {
 }
 
 TEST(ChartBaseConstantsTest, AreDifferentIds) {
-  char16_t const* const ids[] = {
-      ChartBase::_container,         ChartBase::_frame_data_1,       ChartBase::_frame_graph_1,
-      ChartBase::_frame_title_1,     ChartBase::_frame_title_2,      ChartBase::_frame_subtitle_1,
-      ChartBase::_frame_footnote_1,  ChartBase::_frame_footnote_2,   ChartBase::_frame_footnote_3,
-      ChartBase::_styleCyclePattern, ChartBase::_styleCycleRepository, ChartBase::_frame_statistics_summary_1};
+  char16_t const* const ids[] = {ChartBase::_container,
+                                 ChartBase::_frame_data_1,
+                                 ChartBase::_frame_graph_1,
+                                 ChartBase::_frame_title_1,
+                                 ChartBase::_frame_title_2,
+                                 ChartBase::_frame_subtitle_1,
+                                 ChartBase::_frame_footnote_1,
+                                 ChartBase::_frame_footnote_2,
+                                 ChartBase::_frame_footnote_3,
+                                 ChartBase::_styleCyclePattern,
+                                 ChartBase::_styleCycleRepository,
+                                 ChartBase::_frame_statistics_summary_1};
   std::set<std::u16string> const different(std::begin(ids), std::end(ids));
   EXPECT_EQ(different.size(), std::size(ids));
 }
@@ -144,7 +151,8 @@ TEST_F(FormatElementTest, GoesThroughTheHost) {
   ScopedHost const scope(recorder.host());
   Vexa_Format number = format(5, 2);
   EXPECT_FALSE(ChartBase::FormatNumber(element, number));
-  EXPECT_EQ(recorder.lines(), std::vector<std::string>{"ChartBase::FormatNumber(type=5, width=8, decimals=2)"});
+  EXPECT_EQ(recorder.lines(),
+            std::vector<std::string>{"ChartBase::FormatNumber(type=5, width=8, decimals=2)"});
 }
 
 class UpdateTextTest : public testing::Test {

@@ -1,9 +1,9 @@
 #include "kestrelhost/compression.h"
 
-#include <gtest/gtest.h>
-
 #include "host/channel.h"
 #include "kestrelhost/recorder.h"
+
+#include <gtest/gtest.h>
 
 using namespace kestrel::host;
 
@@ -101,7 +101,8 @@ TEST(DecompressionTest, RefusesBytesThatAreNoStream) {
 TEST(DecompressionTest, RefusesAStreamThatIsCut) {
   std::string const bytes = compressed(chartLikeText(1000));
   std::string out;
-  for (std::size_t length = 0; length < bytes.size(); ++length) EXPECT_FALSE(decompress(bytes.substr(0, length), out));
+  for (std::size_t length = 0; length < bytes.size(); ++length)
+    EXPECT_FALSE(decompress(bytes.substr(0, length), out));
 }
 
 TEST(DecompressionTest, RefusesAStreamWithSomethingBehindIt) {

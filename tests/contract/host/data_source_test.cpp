@@ -8,7 +8,9 @@ using namespace kestrel::host;
 
 namespace {
 
-std::string bytesOf(OBS const* cell, std::size_t count) { return {reinterpret_cast<char const*>(cell), count}; }
+std::string bytesOf(OBS const* cell, std::size_t count) {
+  return {reinterpret_cast<char const*>(cell), count};
+}
 
 TEST(MemoryDataSourceTest, FindsVariablesByName) {
   MemoryDataSource source;

@@ -96,9 +96,11 @@ TEST_F(DataStoreTest, TakesRowsInAnyOrder) {
 TEST_F(DataStoreTest, TakesColumnsInAnyOrder) {
   for (char const* column : {"z", "a", "k"}) store.AddVariable("source0", column, nullptr);
   for (unsigned int row = 0; row < 50; ++row) {
-    for (char const* column : {"k", "x", "a", "y", "z", "x"}) ASSERT_TRUE(set(column, row, row + column[0] * 1000.0));
+    for (char const* column : {"k", "x", "a", "y", "z", "x"})
+      ASSERT_TRUE(set(column, row, row + column[0] * 1000.0));
   }
-  for (char const* column : {"k", "x", "a", "y", "z"}) EXPECT_EQ(cells(column)[49], 49 + column[0] * 1000.0) << column;
+  for (char const* column : {"k", "x", "a", "y", "z"})
+    EXPECT_EQ(cells(column)[49], 49 + column[0] * 1000.0) << column;
 }
 
 TEST_F(DataStoreTest, RefusesCellsOfColumnsThatWereNotAdded) {
@@ -166,6 +168,11 @@ TEST_F(DataStoreTest, MayStartASourceWithRows) {
   store.AddVariable("source1", "x", nullptr);
   EXPECT_EQ(store.GetRowCount("source1"), 2u);
   EXPECT_EQ(store.GetDataPointer("source1", "x")[1], missing);
+}
+
+TEST_F(DataStoreTest, DoesNotStartASourceWithAbsurdlyManyRows) {
+  store.AddDataSource("source1", std::numeric_limits<unsigned int>::max());
+  EXPECT_EQ(store.GetRowCount("source1"), VarDataProcessor::gapLimit);
 }
 
 TEST_F(DataStoreTest, GivesAPointerAlsoToAColumnWithoutRows) {

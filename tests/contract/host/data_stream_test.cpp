@@ -1,3 +1,5 @@
+#include "host/data_store.h"
+
 #include <gtest/gtest.h>
 
 #include <cstring>
@@ -5,8 +7,6 @@
 #include <memory>
 #include <string>
 #include <vector>
-
-#include "host/data_store.h"
 
 namespace {
 
@@ -92,7 +92,7 @@ TEST(DataStreamTest, AlignsEveryPart) {
     EXPECT_EQ(frames.batch % 8, 0u);
     EXPECT_EQ(frames.body % 8, 0u);
     EXPECT_EQ(stream.size() % 8, 0u);
-    std::size_t const column = (rows + 63) / 64 * 8 + rows * std::size_t{8};
+    std::size_t const column = (std::size_t{rows} + 63) / 64 * 8 + rows * std::size_t{8};
     EXPECT_EQ(stream.size(), frames.body + 2 * column + 8) << rows;
   }
 }

@@ -1,11 +1,11 @@
+#include "host/locale.h"
+#include "kestrelhost/recorder.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <limits>
 #include <tuple>
-
-#include "host/locale.h"
-#include "kestrelhost/recorder.h"
 
 using namespace kestrel::host;
 
@@ -20,8 +20,8 @@ struct Broken {
 };
 
 std::ostream& operator<<(std::ostream& out, Broken const& date) {
-  return out << date.result << ": " << date.year << "-" << date.month << "-" << date.day << " " << date.hours << ":"
-             << date.minutes << ":" << date.seconds;
+  return out << date.result << ": " << date.year << "-" << date.month << "-" << date.day << " " << date.hours
+             << ":" << date.minutes << ":" << date.seconds;
 }
 
 Broken broken(double value) {
@@ -83,8 +83,8 @@ TEST(DateTest, GivesZerosForWhatIsNoDate) {
 TEST(DateTest, EveryDayOfFourCenturiesFollowsTheOneBefore) {
   constexpr int lengths[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
   long day = 1, month = 1, year = 1800;
-  for (double value = -5364662400; value < 7258118400; value += 86400) {
-    ASSERT_EQ(broken(value), (Broken{1, day, month, year, 0, 0, 0})) << value;
+  for (std::int64_t value = -5364662400; value < 7258118400; value += 86400) {
+    ASSERT_EQ(broken(static_cast<double>(value)), (Broken{1, day, month, year, 0, 0, 0})) << value;
     bool const leap = (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
     int const length = month == 2 && leap ? 29 : lengths[month - 1];
     if (++day > length) day = 1, ++month;

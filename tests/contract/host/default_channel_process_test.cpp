@@ -1,10 +1,11 @@
+#include "temporary_folder.h"
+
+#include "host/channel.h"
+
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 #include <filesystem>
-
-#include "host/channel.h"
-#include "temporary_folder.h"
 
 namespace {
 

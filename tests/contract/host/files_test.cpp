@@ -1,10 +1,11 @@
 #include "host/files.h"
 
-#include <gtest/gtest.h>
-#include <sys/stat.h>
+#include "temporary_folder.h"
 
 #include "kestrelhost/recorder.h"
-#include "temporary_folder.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
 
 using namespace kestrel::host;
 

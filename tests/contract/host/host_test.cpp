@@ -1,13 +1,13 @@
 #include "kestrelhost/host.h"
 
-#include <gtest/gtest.h>
-
-#include <stdexcept>
-
 #include "host/chartbase.h"
 #include "host/locale.h"
 #include "kestrelhost/recorder.h"
 #include "model/chartstring.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
 
 using namespace kestrel::host;
 

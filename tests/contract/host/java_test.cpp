@@ -1,8 +1,8 @@
 #include "host/java.h"
 
-#include <gtest/gtest.h>
-
 #include "kestrelhost/recorder.h"
+
+#include <gtest/gtest.h>
 
 using namespace kestrel::host;
 
@@ -117,7 +117,8 @@ TEST_F(ScriptedJavaTest, ConvertsAsItIsTold) {
 TEST_F(ScriptedJavaTest, PassesStyleSheetAndChartInTheirOrder) {
   java.styleSheets = [](std::string const& sheet, std::string const& chart) { return sheet + "|" + chart; };
   EXPECT_EQ(plotDeskConverter::GetInstance()->applyStyleSheet("sheet", "chart"), "sheet|chart");
-  EXPECT_EQ(recorder.lines().back(), "plotDeskConverter::applyStyleSheet(styleSheet=\"sheet\", chart=\"chart\")");
+  EXPECT_EQ(recorder.lines().back(),
+            "plotDeskConverter::applyStyleSheet(styleSheet=\"sheet\", chart=\"chart\")");
 }
 
 TEST_F(ScriptedJavaTest, AnswersTemplateRequests) {
@@ -134,7 +135,7 @@ TEST_F(ScriptedJavaTest, ThrowsItsFailuresByValueOrByPointer) {
   try {
     LumoConverter::GetInstance()->PDLtoXML("x", out);
     FAIL() << "returned";
-  } catch (JException* thrown) {
+  } catch (JException* thrown) {  // NOLINT(misc-throw-by-value-catch-by-reference)
     EXPECT_EQ(thrown->getMessage(), "no memory");
   }
 }

@@ -1,12 +1,13 @@
 #include "host/locale.h"
 
-#include <gtest/gtest.h>
-
-#include <cstring>
+#include "temporary_folder.h"
 
 #include "host/files.h"
 #include "kestrelhost/recorder.h"
-#include "temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <cstring>
 
 using namespace kestrel::host;
 
@@ -39,7 +40,8 @@ TEST(EnvironmentLocaleTest, TellsTheTwoWritingsOfChineseApart) {
 TEST(EnvironmentLocaleTest, LeavesAModifierOut) { EXPECT_EQ(fromLang("de_DE@euro"), Pair("de", "de_DE")); }
 
 TEST(EnvironmentLocaleTest, IsEnglishWhereTheEnvironmentHasNoLanguage) {
-  for (char const* value : {static_cast<char const*>(nullptr), "", "C", "POSIX", "C.UTF-8", "../../etc", "e", "en/.."}) {
+  for (char const* value :
+       {static_cast<char const*>(nullptr), "", "C", "POSIX", "C.UTF-8", "../../etc", "e", "en/.."}) {
     EXPECT_EQ(fromLang(value), Pair("en", "en_US.UTF-8"));
   }
 }
@@ -123,7 +125,8 @@ TEST(PathFactoryTest, GivesThePathsOfTheHostInForce) {
 class SharePathsTest : public testing::Test {
  protected:
   SharePathsTest() : share("KESTREL_SHARE", folder.path().c_str()), scope(host()) {
-    for (char const* language : {"en", "ru", "zh_tw", "zh-cn"}) std::filesystem::create_directory(folder / language);
+    for (char const* language : {"en", "ru", "zh_tw", "zh-cn"})
+      std::filesystem::create_directory(folder / language);
   }
 
   Host host() {

@@ -1,8 +1,11 @@
 #include "host/log.h"
 
-#include <gtest/gtest.h>
+#include "temporary_folder.h"
 
-#include <memory>
+#include "kestrelhost/recorder.h"
+#include "model/chartstring.h"
+
+#include <gtest/gtest.h>
 #include <xercesc/dom/DOM.hpp>
 #include <xercesc/framework/MemBufInputSource.hpp>
 #include <xercesc/parsers/XercesDOMParser.hpp>
@@ -11,9 +14,7 @@
 #include <xercesc/util/IllegalArgumentException.hpp>
 #include <xercesc/util/PlatformUtils.hpp>
 
-#include "kestrelhost/recorder.h"
-#include "model/chartstring.h"
-#include "temporary_folder.h"
+#include <memory>
 
 using namespace kestrel::host;
 
@@ -90,7 +91,8 @@ TEST_F(ErrorHandlerTest, ThrowsAFatalErrorOfAParser) {
 
 TEST_F(ErrorHandlerTest, GivesAnEmptyInputForEveryEntity) {
   ChartErrorHandler handler;
-  std::unique_ptr<xercesc::InputSource> const input(handler.resolveEntity(u"public", u"file:///etc/hostname"));
+  std::unique_ptr<xercesc::InputSource> const input(
+      handler.resolveEntity(u"public", u"file:///etc/hostname"));
   ASSERT_NE(input, nullptr);
   std::unique_ptr<xercesc::BinInputStream> const stream(input->makeStream());
   XMLByte byte = 0;
@@ -105,14 +107,16 @@ TEST_F(ErrorHandlerTest, KeepsAParserFromReadingFiles) {
   xercesc::XercesDOMParser parser;
   parser.setErrorHandler(&handler);
   parser.setEntityResolver(&handler);
-  parser.parse(xercesc::MemBufInputSource(reinterpret_cast<XMLByte const*>(text.data()), text.size(), "text"));
+  parser.parse(
+      xercesc::MemBufInputSource(reinterpret_cast<XMLByte const*>(text.data()), text.size(), "text"));
   EXPECT_TRUE(ChartString(u"xy").equals(parser.getDocument()->getDocumentElement()->getTextContent()));
 }
 
 TEST(StandardLogTest, WritesFailuresToStandardErrorWithTheirPlace) {
   testing::internal::CaptureStderr();
   StandardLog().error("Failed to send chart.", "xdocument.cpp", 9);
-  EXPECT_EQ(testing::internal::GetCapturedStderr(), "kestrel: error: Failed to send chart. (xdocument.cpp:9)\n");
+  EXPECT_EQ(testing::internal::GetCapturedStderr(),
+            "kestrel: error: Failed to send chart. (xdocument.cpp:9)\n");
 }
 
 TEST(StandardLogTest, LeavesAnUnknownPlaceOut) {

@@ -1,10 +1,10 @@
 #include "host/messages.h"
 
+#include "kestrelhost/recorder.h"
+
 #include <gtest/gtest.h>
 
 #include <type_traits>
-
-#include "kestrelhost/recorder.h"
 
 using namespace kestrel::host;
 
@@ -35,7 +35,9 @@ TEST(BpCompositeTest, EachCellFillsThePlaceholderOfItsNumber) {
   EXPECT_EQ(filled("^2 before ^1", {"one", "two"}), "two before one");
 }
 
-TEST(BpCompositeTest, APlaceholderThatIsThereTwiceIsFilledTwice) { EXPECT_EQ(filled("^1^1", {"ab"}), "abab"); }
+TEST(BpCompositeTest, APlaceholderThatIsThereTwiceIsFilledTwice) {
+  EXPECT_EQ(filled("^1^1", {"ab"}), "abab");
+}
 
 TEST(BpCompositeTest, ACellThatHoldsAPlaceholderIsNotFilledAgain) {
   EXPECT_EQ(filled("^1 and ^2", {"^2", "^1"}), "^2 and ^1");

@@ -1,16 +1,16 @@
 #include "kestrelhost/recorder.h"
 
-#include <gtest/gtest.h>
-
-#include <stdexcept>
-
-#include "host/chartbase.h"
 #include "host/channel.h"
+#include "host/chartbase.h"
 #include "host/data_store.h"
 #include "host/files.h"
 #include "host/locale.h"
 #include "host/log.h"
 #include "host/text.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
 
 using namespace kestrel::host;
 
@@ -56,14 +56,15 @@ TEST_F(RecorderTest, NotesTheCallsOfADataStore) {
   store.GetVariableNames("source0", names);
   unsigned int size = 0;
   delete[] store.GetDataStream(size);
-  EXPECT_EQ(recorder.lines(),
-            (Lines{"VarDataProcessor::AddDataSource(source=\"source0\", rows=0)",
-                   "VarDataProcessor::AddVariable(source=\"source0\", column=\"x\")",
-                   "VarDataProcessor::SetVariableValue(source=\"source0\", column=\"x\", row=0, value=1.5)",
-                   "VarDataProcessor::GetRowCount(source=\"source0\")",
-                   "VarDataProcessor::GetDataPointer(source=\"source0\", column=\"x\")",
-                   "VarDataProcessor::GetSourceNames()", "VarDataProcessor::GetVariableNames(source=\"source0\")",
-                   "VarDataProcessor::GetDataStream()"}));
+  EXPECT_EQ(
+      recorder.lines(),
+      (Lines{"VarDataProcessor::AddDataSource(source=\"source0\", rows=0)",
+             "VarDataProcessor::AddVariable(source=\"source0\", column=\"x\")",
+             "VarDataProcessor::SetVariableValue(source=\"source0\", column=\"x\", row=0, value=1.5)",
+             "VarDataProcessor::GetRowCount(source=\"source0\")",
+             "VarDataProcessor::GetDataPointer(source=\"source0\", column=\"x\")",
+             "VarDataProcessor::GetSourceNames()", "VarDataProcessor::GetVariableNames(source=\"source0\")",
+             "VarDataProcessor::GetDataStream()"}));
 }
 
 TEST_F(RecorderTest, WatchesNoStoreAfterItsScope) {

@@ -1,12 +1,12 @@
 #include "host/templates.h"
 
-#include <gtest/gtest.h>
-
 #include "kestrelhost/recorder.h"
 #include "model/document.h"
 #include "model/elements.h"
 #include "model/graph.h"
 #include "model/tokens.h"
+
+#include <gtest/gtest.h>
 
 using namespace kestrel::host;
 
@@ -40,7 +40,8 @@ TEST_F(BaseTemplateTest, FindsTheElementsOfEveryKind) {
   CTElementType* const polygon = graph().addPolygon(u"o");
   std::vector<CTElementType*> elements;
   BaseTemplate::getAllElements(graph(), elements);
-  EXPECT_EQ(elements, (std::vector<CTElementType*>{area, secondArea, edge, interval, line, path, point, polygon, schema}));
+  EXPECT_EQ(elements, (std::vector<CTElementType*>{area, secondArea, edge, interval, line, path, point,
+                                                   polygon, schema}));
 }
 
 TEST_F(BaseTemplateTest, AppendsTheElementsToTheList) {

@@ -1,9 +1,10 @@
 #include "host/text.h"
 
-#include <gtest/gtest.h>
+#include "temporary_folder.h"
 
 #include "kestrelhost/recorder.h"
-#include "temporary_folder.h"
+
+#include <gtest/gtest.h>
 
 using namespace kestrel::host;
 
@@ -47,7 +48,9 @@ TEST_F(DictionaryTest, SkipsRemarksAndLinesWithoutATab) {
   EXPECT_EQ(lookUp("# a\tno\n", "# a"), "# a");
 }
 
-TEST_F(DictionaryTest, TakesEscapesInKeyAndText) { EXPECT_EQ(lookUp("a\\\\b\tx\\ny\\tz\\q\n", "a\\b"), "x\ny\tz\\q"); }
+TEST_F(DictionaryTest, TakesEscapesInKeyAndText) {
+  EXPECT_EQ(lookUp("a\\\\b\tx\\ny\\tz\\q\n", "a\\b"), "x\ny\tz\\q");
+}
 
 TEST_F(DictionaryTest, DoesNotNeedALineFeedAtTheEnd) { EXPECT_EQ(lookUp("a\tlast", "a"), "last"); }
 
@@ -117,8 +120,8 @@ TEST(DictionaryCodePageTest, ReadsBackInEveryCodePage) {
 }
 
 TEST(ShippedTextsTest, NameTheDaysAndMonthsInEveryLanguage) {
-  constexpr char const* keys[] = {"Sunday",       "Saturday",    "TFOMonday", "TFOFriday", "January", "May",
-                                  "December", "TFOMarch", "TFODecember", "Q"};
+  constexpr char const* keys[] = {"Sunday", "Saturday", "TFOMonday", "TFOFriday",   "January",
+                                  "May",    "December", "TFOMarch",  "TFODecember", "Q"};
   ScopedVariable const share("KESTREL_SHARE", KESTREL_SHARE_DIR);
   for (auto const& entry : std::filesystem::directory_iterator(KESTREL_SHARE_DIR)) {
     if (!std::filesystem::exists(entry.path() / "GRAPH.txt")) continue;

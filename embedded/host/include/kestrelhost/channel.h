@@ -1,13 +1,13 @@
 #pragma once
 
+#include "host/export.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <memory>
 #include <string>
 #include <vector>
-
-#include "host/export.h"
 
 namespace kestrel::host {
 
@@ -46,9 +46,9 @@ class VEXA_API NullChannel : public Channel {
   int put(std::int64_t identifier, void const* bytes, std::size_t length) override;
 };
 
-/// Writes the messages to a file, in order and byte for byte: the eight bytes "KCAP0001", then for each message its
-/// identifier and its length, both as little-endian 64-bit integers, and its bytes. What is written stands in the file
-/// after flush(), and after the channel is gone.
+/// Writes the messages to a file, in order and byte for byte: the eight bytes "KCAP0001", then for each
+/// message its identifier and its length, both as little-endian 64-bit integers, and its bytes. What is
+/// written stands in the file after flush(), and after the channel is gone.
 class VEXA_API CaptureChannel : public Channel {
  public:
   static constexpr char signature[] = "KCAP0001";
@@ -73,8 +73,9 @@ class VEXA_API CaptureChannel : public Channel {
   bool mGood;
 };
 
-/// The channel of a process that chose none: a capture file, named by the environment variable KESTREL_CAPTURE or
-/// else `capture.kcap` in the current folder, that is opened at the first put and complete when the process exits.
+/// The channel of a process that chose none: a capture file, named by the environment variable
+/// KESTREL_CAPTURE or else `capture.kcap` in the current folder, that is opened at the first put and complete
+/// when the process exits.
 class VEXA_API DefaultChannel : public Channel {
  public:
   int put(std::int64_t identifier, void const* bytes, std::size_t length) override;

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <string>
-
 #include "host/chartbase.h"
 #include "host/export.h"
+
+#include <string>
 
 namespace kestrel::host {
 
@@ -59,8 +59,8 @@ class VEXA_API ChartTexts {
   virtual void updateText(ChartString& text, FacSTDictionary* dictionary, std::string const& encoding) = 0;
 };
 
-/// A free id is the id, an underscore and the lowest number from 1 that makes it free. A text that the dictionary knows
-/// as a key becomes its translation.
+/// A free id is the id, an underscore and the lowest number from 1 that makes it free. A text that the
+/// dictionary knows as a key becomes its translation.
 class VEXA_API UsualChartTexts : public ChartTexts {
  public:
   ChartString createUniqueId(ChartString const& id, LumoVisualization& visualization) override;

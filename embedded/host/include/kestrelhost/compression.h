@@ -1,9 +1,9 @@
 #pragma once
 
+#include "host/export.h"
+
 #include <cstddef>
 #include <string>
-
-#include "host/export.h"
 
 namespace kestrel::host {
 
@@ -15,8 +15,8 @@ class VEXA_API Compression {
   virtual int compress(std::string const& in, std::string& out) = 0;
 };
 
-/// zlib streams. The state of the stream is kept from call to call, because setting one up costs more than compressing
-/// a small text. Every text gives the same bytes whatever came before it.
+/// zlib streams. The state of the stream is kept from call to call, because setting one up costs more than
+/// compressing a small text. Every text gives the same bytes whatever came before it.
 class VEXA_API ZlibCompression : public Compression {
  public:
   /// Level 4 takes about half the time of zlib's own choice, 6, and gives texts about a tenth longer.
@@ -31,8 +31,8 @@ class VEXA_API ZlibCompression : public Compression {
   int mLevel;
 };
 
-/// Undoes a zlib stream. False, with an empty `out`, where the bytes are not one whole stream, are followed by others,
-/// or would give more than `limit` bytes.
+/// Undoes a zlib stream. False, with an empty `out`, where the bytes are not one whole stream, are followed
+/// by others, or would give more than `limit` bytes.
 VEXA_API bool decompress(std::string const& in, std::string& out, std::size_t limit = std::size_t{1} << 32);
 
 }  // namespace kestrel::host

@@ -1,16 +1,16 @@
 #pragma once
 
+#include "host/export.h"
+
 #include <functional>
 #include <string>
-
-#include "host/export.h"
 
 struct JNIEnv_;
 
 namespace kestrel::host {
 
-/// The Java side: a virtual machine, the converter of older charts, the style sheets, the converter of visualization
-/// templates.
+/// The Java side: a virtual machine, the converter of older charts, the style sheets, the converter of
+/// visualization templates.
 class VEXA_API JavaSide {
  public:
   virtual ~JavaSide();
@@ -35,8 +35,8 @@ class VEXA_API JavaSide {
   virtual std::string convertTemplate(std::string const& request) = 0;
 };
 
-/// A virtual machine that does not start, and nothing behind it. Style sheets and template requests give an empty text
-/// and a note in the log.
+/// A virtual machine that does not start, and nothing behind it. Style sheets and template requests give an
+/// empty text and a note in the log.
 class VEXA_API NoJava : public JavaSide {
  public:
   bool hasMachine() override;
@@ -59,8 +59,8 @@ class VEXA_API NoJava : public JavaSide {
   void note(std::string const& consequence);
 };
 
-/// A Java side that answers as it is told. As it comes, everything is there, nothing is started yet, and conversions
-/// fail with an empty message.
+/// A Java side that answers as it is told. As it comes, everything is there, nothing is started yet, and
+/// conversions fail with an empty message.
 class VEXA_API ScriptedJava : public JavaSide {
  public:
   using Conversion = std::function<bool(std::string const& in, std::string& out)>;

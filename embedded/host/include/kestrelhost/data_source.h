@@ -1,14 +1,14 @@
 #pragma once
 
+#include "host/data_types.h"
+#include "host/export.h"
+#include "kestrelhost/missing.h"
+
 #include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
-
-#include "host/data_types.h"
-#include "host/export.h"
-#include "kestrelhost/missing.h"
 
 namespace kestrel::host {
 
@@ -31,7 +31,8 @@ class VEXA_API MemoryVariable : public Vexa_Variable {
   /// For a column of text; a value longer than the column is wide is cut, as a cell could not hold it.
   void addValueLabel(std::string_view value, std::string label);
 
-  /// A number's cell, or the first of the bytes of a text. The case must lie below the source's number of cases.
+  /// A number's cell, or the first of the bytes of a text. The case must lie below the source's number of
+  /// cases.
   OBS const* cell(std::uint64_t index) const;
 
  private:
@@ -43,8 +44,8 @@ class VEXA_API MemoryVariable : public Vexa_Variable {
   std::unique_ptr<Column> mColumn;
 };
 
-/// A data set in memory, column by column, as a procedure's data source. Every column must have as many cases as the
-/// first; one that has not is refused with std::invalid_argument.
+/// A data set in memory, column by column, as a procedure's data source. Every column must have as many cases
+/// as the first; one that has not is refused with std::invalid_argument.
 class VEXA_API MemoryDataSource : public ProcedureDataSource {
  public:
   static constexpr Vexa_Format usualNumber{Vexa_Format::FormatNumber, 8, 2};
@@ -55,15 +56,18 @@ class VEXA_API MemoryDataSource : public ProcedureDataSource {
   MemoryDataSource(MemoryDataSource const&) = delete;
   MemoryDataSource& operator=(MemoryDataSource const&) = delete;
 
-  /// Numbers, or dates as seconds since 1970-01-01T00:00:00 with a date's format. The source keeps the variable.
-  MemoryVariable& addNumbers(std::string name, std::vector<double> const& values, Vexa_Format format = usualNumber);
+  /// Numbers, or dates as seconds since 1970-01-01T00:00:00 with a date's format. The source keeps the
+  /// variable.
+  MemoryVariable& addNumbers(std::string name, std::vector<double> const& values,
+                             Vexa_Format format = usualNumber);
 
-  /// Text of a fixed width, which is that of the longest value if it is not given. A longer value is refused with
-  /// std::length_error.
-  MemoryVariable& addTexts(std::string name, std::vector<std::string> const& values, unsigned short width = 0);
+  /// Text of a fixed width, which is that of the longest value if it is not given. A longer value is refused
+  /// with std::length_error.
+  MemoryVariable& addTexts(std::string name, std::vector<std::string> const& values,
+                           unsigned short width = 0);
 
-  /// Text as categories: the numbers 1, 2, ... in the order in which the texts first appear, with the texts as value
-  /// labels. An empty text is system-missing.
+  /// Text as categories: the numbers 1, 2, ... in the order in which the texts first appear, with the texts
+  /// as value labels. An empty text is system-missing.
   MemoryVariable& addCategories(std::string name, std::vector<std::string> const& values);
 
   unsigned int variableCount() const;

@@ -1,20 +1,22 @@
 #pragma once
 
-#include <string>
-
 #include "host/export.h"
+
+#include <string>
 
 namespace kestrel::host {
 
-/// Is told of each operation on a data store before it happens. Without an observer a store costs nothing more.
-/// An operation returns false to make the store's operation fail: it then does nothing and gives its empty result.
+/// Is told of each operation on a data store before it happens. Without an observer a store costs nothing
+/// more. An operation returns false to make the store's operation fail: it then does nothing and gives its
+/// empty result.
 class VEXA_API StoreObserver {
  public:
   virtual ~StoreObserver();
 
   virtual bool addDataSource(std::string const& source, unsigned int rows);
   virtual bool addVariable(std::string const& source, std::string const& column);
-  virtual bool setVariableValue(std::string const& source, std::string const& column, unsigned int row, double value);
+  virtual bool setVariableValue(std::string const& source, std::string const& column, unsigned int row,
+                                double value);
   virtual bool getDataPointer(std::string const& source, std::string const& column);
   virtual bool getRowCount(std::string const& source);
   virtual bool getSourceNames();

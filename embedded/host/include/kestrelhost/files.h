@@ -1,10 +1,10 @@
 #pragma once
 
+#include "host/export.h"
+
 #include <cstdint>
 #include <map>
 #include <string>
-
-#include "host/export.h"
 
 namespace kestrel::host {
 
@@ -17,8 +17,9 @@ class VEXA_API Files {
   virtual std::string fetch(std::string const& name, bool first, bool second) = 0;
 };
 
-/// The local file system. Only regular files are read, and only up to a size. With a root, a name is taken below it,
-/// whether or not it starts with a slash, and one that leads out of it, by `..` or by a symbolic link, is not read.
+/// The local file system. Only regular files are read, and only up to a size. With a root, a name is taken
+/// below it, whether or not it starts with a slash, and one that leads out of it, by `..` or by a symbolic
+/// link, is not read.
 class VEXA_API LocalFiles : public Files {
  public:
   static constexpr std::uint64_t usualLimit = std::uint64_t{1} << 30;

@@ -1,8 +1,5 @@
 #pragma once
 
-#include <memory>
-#include <string>
-
 #include "host/export.h"
 #include "kestrelhost/channel.h"
 #include "kestrelhost/chart_services.h"
@@ -16,11 +13,14 @@
 #include "kestrelhost/templates.h"
 #include "kestrelhost/text.h"
 
+#include <memory>
+#include <string>
+
 /// The embedded host: what stands behind the functions and classes of the host interface.
 namespace kestrel::host {
 
-/// The services of a host. A default-constructed one has the services that a plain process works with; each can be
-/// replaced alone. Copies share their services.
+/// The services of a host. A default-constructed one has the services that a plain process works with; each
+/// can be replaced alone. Copies share their services.
 struct VEXA_API Host {
   Host();
 
@@ -49,9 +49,9 @@ struct VEXA_API Host {
   std::shared_ptr<StoreObserver> storeObserver;
 };
 
-/// Puts a host in force for as long as it lives; the one before comes back after it. Narrow text is read in the code
-/// page of the host in force. A service that is null is replaced by the default one. The process has one current host,
-/// so scopes are nested, and opened and closed on one thread while no other uses a service.
+/// Puts a host in force for as long as it lives; the one before comes back after it. Narrow text is read in
+/// the code page of the host in force. A service that is null is replaced by the default one. The process has
+/// one current host, so scopes are nested, and opened and closed on one thread while no other uses a service.
 class VEXA_API ScopedHost {
  public:
   /// Throws std::invalid_argument where the locale's code page is unknown.

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <string>
-
 #include "host/export.h"
+
+#include <string>
 
 namespace kestrel::host {
 
@@ -19,8 +19,8 @@ class VEXA_API Locale {
   virtual std::string codePage() = 0;
 };
 
-/// From the environment variables LC_ALL, LC_MESSAGES and LANG, of which the first that is not empty counts. "C" and
-/// "POSIX" are English. The code page is UTF-8.
+/// From the environment variables LC_ALL, LC_MESSAGES and LANG, of which the first that is not empty counts.
+/// "C" and "POSIX" are English. The code page is UTF-8.
 class VEXA_API EnvironmentLocale : public Locale {
  public:
   std::string languageCode() override;
@@ -50,13 +50,14 @@ class VEXA_API Paths {
   virtual std::string dictionaryPath(int kind) = 0;
 };
 
-/// The share folder of kestrel: the one that the environment variable KESTREL_SHARE names, or that of the installed
-/// tree, which is found from the place of this library, or that of the source tree. The language is the current host's.
+/// The share folder of kestrel: the one that the environment variable KESTREL_SHARE names, or that of the
+/// installed tree, which is found from the place of this library, or that of the source tree. The language is
+/// the current host's.
 class VEXA_API SharePaths : public Paths {
  public:
   std::string basePath(int kind) override;
-  /// The language's folder, or the English one where there is none for the language. Folders have the names of the
-  /// language codes, but for "zh-tw", whose folder is "zh_tw".
+  /// The language's folder, or the English one where there is none for the language. Folders have the names
+  /// of the language codes, but for "zh-tw", whose folder is "zh_tw".
   std::string dictionaryPath(int kind) override;
 };
 

@@ -1,9 +1,9 @@
 #pragma once
 
-#include <string>
-
 #include "host/export.h"
 #include "host/messages.h"
+
+#include <string>
 
 namespace kestrel::host {
 

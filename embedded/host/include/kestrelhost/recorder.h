@@ -1,5 +1,8 @@
 #pragma once
 
+#include "host/export.h"
+#include "kestrelhost/host.h"
+
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -9,16 +12,13 @@
 #include <variant>
 #include <vector>
 
-#include "host/export.h"
-#include "kestrelhost/host.h"
-
 namespace kestrel::host {
 
 /// The operations of a host that a recorder notes. What each carries stands in its comment.
 enum class Operation {
-  Error,                 ///< message, file, line
-  Note,                  ///< message
-  BpError,               ///< text, fixed, show, level; of a composite also pattern, and cell<n>, fixed<n> for each cell
+  Error,    ///< message, file, line
+  Note,     ///< message
+  BpError,  ///< text, fixed, show, level; of a composite also pattern, and cell<n>, fixed<n> for each cell
   PrintDebugInfo,        ///< line
   WillPrintString,       ///< type
   PrintString,           ///< content, prefix, suffix, number, type
@@ -38,16 +38,16 @@ enum class Operation {
   LookUp,                ///< key
   LanguageCode,
   LocaleName,
-  BreakUpDate,           ///< value
-  TemplateNames,         ///< kind (0 styles, 1 options, 2 chosen, 3 default)
-  TemplateExists,        ///< kind
-  TemplateIsDirty,       ///< kind
-  TemplateSetIsDirty,    ///< kind, dirty
-  StartTemplate,         ///< baseline (whether there is one)
-  SetTemplate,           ///< xml
+  BreakUpDate,         ///< value
+  TemplateNames,       ///< kind (0 styles, 1 options, 2 chosen, 3 default)
+  TemplateExists,      ///< kind
+  TemplateIsDirty,     ///< kind
+  TemplateSetIsDirty,  ///< kind, dirty
+  StartTemplate,       ///< baseline (whether there is one)
+  SetTemplate,         ///< xml
   ApplyTemplate,
-  PackFrames,            ///< baseline (whether there is one)
-  GetEntireXML,          ///< compressed, stream, encoding
+  PackFrames,    ///< baseline (whether there is one)
+  GetEntireXML,  ///< compressed, stream, encoding
   MachineInstance,
   MachineIsStarted,
   StartMachine,
@@ -56,18 +56,18 @@ enum class Operation {
   ConverterInstance,
   ConverterIsStarted,
   StartConverter,
-  PDLtoXML,              ///< in
-  UpgradeXML,            ///< in
+  PDLtoXML,    ///< in
+  UpgradeXML,  ///< in
   GetErrorMessage,
-  ApplyStyleSheet,       ///< styleSheet, chart
-  ConvertTemplate,       ///< request
-  AddDataSource,         ///< source, rows
-  AddVariable,           ///< source, column
-  SetVariableValue,      ///< source, column, row, value
-  GetDataPointer,        ///< source, column
-  GetRowCount,           ///< source
+  ApplyStyleSheet,   ///< styleSheet, chart
+  ConvertTemplate,   ///< request
+  AddDataSource,     ///< source, rows
+  AddVariable,       ///< source, column
+  SetVariableValue,  ///< source, column, row, value
+  GetDataPointer,    ///< source, column
+  GetRowCount,       ///< source
   GetSourceNames,
-  GetVariableNames,      ///< source
+  GetVariableNames,  ///< source
   GetDataStream,
 };
 
@@ -130,8 +130,9 @@ struct RecordedDump {
   bool operator==(RecordedDump const&) const = default;
 };
 
-/// Services that work in memory and answer as they are told, for tests: the messages sent are kept, files, texts,
-/// paths and locale are what is put into them, log, user messages and trace go nowhere, no dumps are wanted.
+/// Services that work in memory and answer as they are told, for tests: the messages sent are kept, files,
+/// texts, paths and locale are what is put into them, log, user messages and trace go nowhere, no dumps are
+/// wanted.
 struct VEXA_API MemoryServices {
   MemoryServices();
 
@@ -188,17 +189,18 @@ class VEXA_API Recorder {
   std::vector<RecordedDump> dumps() const;
   std::vector<Message> sent() const;
 
-  /// Makes the n-th call from now on of an operation fail in the operation's own way: false, empty, not 0, or nothing
-  /// done. The first is 1; 0 stands for every call. The call is noted all the same.
+  /// Makes the n-th call from now on of an operation fail in the operation's own way: false, empty, not 0, or
+  /// nothing done. The first is 1; 0 stands for every call. The call is noted all the same.
   void failAt(Operation operation, unsigned int n);
   void failEvery(Operation operation) { failAt(operation, 0); }
 
-  /// Runs an action at the n-th call, before the service does its work. What the action throws leaves the operation.
+  /// Runs an action at the n-th call, before the service does its work. What the action throws leaves the
+  /// operation.
   void actAt(Operation operation, unsigned int n, std::function<void()> action);
 
   template <typename Exception>
   void throwAt(Operation operation, unsigned int n, Exception exception) {
-    actAt(operation, n, [exception = std::move(exception)] { throw exception; });
+    actAt(operation, n, [exception = std::move(exception)] { throw Exception(exception); });
   }
   template <typename Exception>
   void throwEvery(Operation operation, Exception exception) {

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "host/export.h"
+
 #include <array>
 #include <memory>
 #include <string>
 #include <vector>
-
-#include "host/export.h"
 
 class LumoDocument;
 class LumoVisualization;
@@ -58,13 +58,15 @@ class VEXA_API TemplateEngine {
   virtual ~TemplateEngine();
 
   /// Never null. `baseline` may be.
-  virtual std::unique_ptr<TemplateApplication> start(LumoVisualization& working, LumoVisualization* baseline) = 0;
+  virtual std::unique_ptr<TemplateApplication> start(LumoVisualization& working,
+                                                     LumoVisualization* baseline) = 0;
 };
 
 /// No template language: every text is refused, and the first refusal is noted in the log.
 class VEXA_API NoTemplateEngine : public TemplateEngine {
  public:
-  std::unique_ptr<TemplateApplication> start(LumoVisualization& working, LumoVisualization* baseline) override;
+  std::unique_ptr<TemplateApplication> start(LumoVisualization& working,
+                                             LumoVisualization* baseline) override;
 
  private:
   class Refusal;
@@ -74,7 +76,8 @@ class VEXA_API NoTemplateEngine : public TemplateEngine {
 /// Accepts or refuses every template text, as it is told, and applies none.
 class VEXA_API FixedTemplateEngine : public TemplateEngine {
  public:
-  std::unique_ptr<TemplateApplication> start(LumoVisualization& working, LumoVisualization* baseline) override;
+  std::unique_ptr<TemplateApplication> start(LumoVisualization& working,
+                                             LumoVisualization* baseline) override;
 
   bool accepts = true;
 };

@@ -1,0 +1,88 @@
+#pragma once
+
+#include "chart.h"
+
+/// A new element of a class with all that it stands in.
+template <typename T>
+T* sample(LumoVisualization& chart);
+
+#define SAMPLE(Class, expression)                  \
+  template <>                                      \
+  inline Class* sample(LumoVisualization& chart) { \
+    return expression;                             \
+  }
+
+SAMPLE(LumoVisualization, &chart)
+SAMPLE(LumoExtension, chart.addStyleCycle(u"extended")->addExtension())
+SAMPLE(LumoExtensionSV, variableIn(chart).addExtension())
+SAMPLE(LumoExtensionVis, chart.addExtension())
+SAMPLE(LumoSwingController, chart.addSwingController())
+SAMPLE(LumoGraph, &graphIn(chart))
+SAMPLE(LumoCoordinates, &coordinatesIn(chart))
+SAMPLE(LumoDimension, &dimensionIn(chart))
+SAMPLE(LumoDimensionReference, coordinatesIn(chart).addDimensionReference())
+SAMPLE(LumoAxis, &axisIn(chart))
+SAMPLE(LumoMajorTicks, &ticksIn(chart))
+SAMPLE(LumoScale, dimensionIn(chart).addScale(LumoScale::Method1))
+SAMPLE(LumoRectangularTransform, coordinatesIn(chart).addRectangularTransform())
+SAMPLE(LumoReflectionTransform, coordinatesIn(chart).addReflectionTransform())
+SAMPLE(LumoSameRatioTransform, coordinatesIn(chart).addSameRatioTransform())
+SAMPLE(CTElementType, &pointIn(chart))
+SAMPLE(LumoSchema, graphIn(chart).addSchema(u"schema"))
+SAMPLE(CTCoordinate, pointIn(chart).addX())
+SAMPLE(LumoBinStatistic, pointIn(chart).addBinStatistic())
+SAMPLE(LumoSummaryStatistic, pointIn(chart).addSummaryStatistic())
+SAMPLE(LumoLabeling, pointIn(chart).addLabeling())
+SAMPLE(CTAesthetic, pointIn(chart).addShape())
+SAMPLE(CTAestheticMapping, pointIn(chart).addColor()->addColorMapping())
+SAMPLE(LumoColor, pointIn(chart).addColor())
+SAMPLE(LumoDash, pointIn(chart).addDash())
+SAMPLE(LumoPattern, pointIn(chart).addPattern())
+SAMPLE(LumoShape, pointIn(chart).addShape())
+SAMPLE(LumoSize, pointIn(chart).addSize())
+SAMPLE(LumoSymbolMapping, pointIn(chart).addShape()->addSymbolMapping())
+SAMPLE(LumoColorMapping, pointIn(chart).addColor()->addColorMapping())
+SAMPLE(LumoTransparency, pointIn(chart).addTransparency())
+SAMPLE(LumoStyleBy, pointIn(chart).addStyleBy(nullptr))
+SAMPLE(LumoConditionalStyle, pointIn(chart).addConditionalStyle(u"true", styleIn(chart, u"conditional")))
+SAMPLE(LumoStyleCycle, chart.addStyleCycle(u"cycle"))
+SAMPLE(LumoCycle, chart.addStyleCycle(u"cycle")->addCycle())
+SAMPLE(CTVariableType, &variableIn(chart))
+SAMPLE(LumoSourceVariable, &variableIn(chart))
+SAMPLE(LumoDerivedVariable, chart.addDerivedVariable(u"derived"))
+SAMPLE(LumoExpressionVariable, chart.addExpressionVariable(u"expression"))
+SAMPLE(LumoVariableReference, crossIn(chart).addVariableReference())
+SAMPLE(LumoFormat, &formatIn(chart))
+SAMPLE(CTFormatType, &formatIn(chart))
+SAMPLE(LumoIntervalDomain, chart.addIntervalDomain(u"domain"))
+SAMPLE(LumoCategoricalDomain, chart.addCategoricalDomain(u"domain"))
+SAMPLE(CTDomainType, chart.addCategoricalDomain(u"domain"))
+SAMPLE(LumoCategories, chart.addCategoricalDomain(u"domain")->addCategories())
+SAMPLE(LumoSimpleSort, chart.addCategoricalDomain(u"domain")->addSimpleSort())
+SAMPLE(LumoCategoryOrder, chart.addCategoricalDomain(u"domain")->addSimpleSort()->addCategoryOrder())
+SAMPLE(LumoRange, chart.addIntervalDomain(u"domain")->addRange())
+SAMPLE(LumoUserSource, chart.addUserSource(u"source"))
+SAMPLE(LumoLocation, chart.addLocation(LumoLocation::PartLeft))
+SAMPLE(CTTextType, labelIn(chart).addText())
+SAMPLE(CTLabelType, &labelIn(chart))
+SAMPLE(LumoLabel, &labelIn(chart))
+SAMPLE(LumoLabelFrame, chart.addLabelFrame(u"frame"))
+SAMPLE(LumoDescriptionGroup, labelIn(chart).addDescriptionGroup(chart))
+SAMPLE(LumoDescription, labelIn(chart).addDescriptionGroup(chart)->addDescription(LumoDescription::Name5))
+SAMPLE(LumoLegend, chart.addLegend(u"legend"))
+SAMPLE(LumoContainer, chart.addContainer(u"container"))
+SAMPLE(CTGuideType, graphIn(chart).addLineGuide())
+SAMPLE(LumoLineGuide, graphIn(chart).addLineGuide())
+SAMPLE(LumoFunctionGuide, graphIn(chart).addFunctionGuide())
+SAMPLE(LumoPlaneGuide, graphIn(chart).addPlaneGuide())
+SAMPLE(LumoFrameGuide, graphIn(chart).addFrameGuide())
+SAMPLE(LumoFaceting, graphIn(chart).addFaceting())
+SAMPLE(LumoCross, &crossIn(chart))
+SAMPLE(LumoNest, crossIn(chart).addNest())
+SAMPLE(LumoFacetLayout, &facetLayoutIn(chart))
+SAMPLE(LumoFacetLevel, facetLayoutIn(chart).addFacetLevel(u"level", 1))
+SAMPLE(LumoSetCellProperties, facetLayoutIn(chart).addSetCellProperties())
+SAMPLE(LumoSetFrameStyle, facetLayoutIn(chart).addSetCellProperties()->addSetFrameStyle())
+SAMPLE(LumoStyle, &styleIn(chart))
+
+#undef SAMPLE
