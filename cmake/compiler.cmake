@@ -48,6 +48,8 @@ function(kestrel_target target)
   file(RELATIVE_PATH source_dir "${CMAKE_BINARY_DIR}" "${PROJECT_SOURCE_DIR}")
   target_compile_options(${target} PRIVATE
     -fmacro-prefix-map=${PROJECT_SOURCE_DIR}/= -fmacro-prefix-map=${source_dir}/=)
+  # Calls within a library are not for others to replace; Clang takes that for granted.
+  target_compile_options(${target} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-fno-semantic-interposition>)
   if(KESTREL_SANITIZERS)
     target_compile_options(${target} PRIVATE
       -fsanitize=${KESTREL_SANITIZERS} -fno-sanitize-recover=all -fno-omit-frame-pointer)
