@@ -136,7 +136,7 @@ void rate(benchmark::State& state, std::size_t bytes) {
 
 void smallChartBuiltAndWritten(benchmark::State& state) {
   holdLibrary();
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     LumoDocument document;
     describe(*document.getVisualization());
     benchmark::DoNotOptimize(document.AsUTF8());
@@ -146,13 +146,13 @@ BENCHMARK(smallChartBuiltAndWritten);
 
 void smallChartBuiltAndWrittenBare(benchmark::State& state) {
   holdLibrary();
-  for (auto _ : state) benchmark::DoNotOptimize(bareText(*bareChart()));
+  while (state.KeepRunning()) benchmark::DoNotOptimize(bareText(*bareChart()));
 }
 BENCHMARK(smallChartBuiltAndWrittenBare);
 
 void smallChartBuilt(benchmark::State& state) {
   holdLibrary();
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     LumoDocument document;
     describe(*document.getVisualization());
     benchmark::ClobberMemory();
@@ -162,7 +162,7 @@ BENCHMARK(smallChartBuilt);
 
 void smallChartBuiltBare(benchmark::State& state) {
   holdLibrary();
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     Released<xercesc::DOMDocument> const document = bareChart();
     benchmark::ClobberMemory();
   }
@@ -173,7 +173,7 @@ void largeChartWritten(benchmark::State& state) {
   holdLibrary();
   auto const parser = parsed(largeText());
   LumoDocument const document(parser->getDocument());
-  for (auto _ : state) benchmark::DoNotOptimize(document.AsUTF8());
+  while (state.KeepRunning()) benchmark::DoNotOptimize(document.AsUTF8());
   rate(state, largeText().size());
 }
 BENCHMARK(largeChartWritten)->Unit(benchmark::kMillisecond);
@@ -181,14 +181,14 @@ BENCHMARK(largeChartWritten)->Unit(benchmark::kMillisecond);
 void largeChartWrittenBare(benchmark::State& state) {
   holdLibrary();
   auto const parser = parsed(largeText());
-  for (auto _ : state) benchmark::DoNotOptimize(bareText(*parser->getDocument()));
+  while (state.KeepRunning()) benchmark::DoNotOptimize(bareText(*parser->getDocument()));
   rate(state, largeText().size());
 }
 BENCHMARK(largeChartWrittenBare)->Unit(benchmark::kMillisecond);
 
 void largeChartParsed(benchmark::State& state) {
   holdLibrary();
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     auto const parser = parsed(largeText());
     LumoDocument const document(parser->getDocument());
     benchmark::DoNotOptimize(document.getVisualization());
@@ -199,7 +199,7 @@ BENCHMARK(largeChartParsed)->Unit(benchmark::kMillisecond);
 
 void largeChartParsedBare(benchmark::State& state) {
   holdLibrary();
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     auto const parser = parsed(largeText());
     benchmark::DoNotOptimize(parser->getDocument());
   }

@@ -11,9 +11,10 @@ import sys
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 INCLUDE = re.compile(r'^\s*#\s*include\s*(["<])([^">]+)[">]', re.MULTILINE)
 API = {"api", "host_api", "model_api"}
-CONFIGURATION = {"host_config", "model_config"}
+CONFIGURATION = {"host_config"}
+SUPPORT = {"test support", "schema validator"}
 EVERY_FOLDER = ("interfaces", "include", "src", "embedded", "tools", "examples", "tests", "benchmarks", "fuzz")
-COMMON_ROOTS = ("interfaces", "include", "embedded/host/include", "embedded/model/include")
+COMMON_ROOTS = ("interfaces", "include", "embedded/host/include")
 
 # First match wins: path pattern, area, areas it may know beside its own, further include roots.
 AREAS = (
@@ -22,26 +23,26 @@ AREAS = (
     (r"include/", "api", API, ()),
     (r"src/support/", "support", API, ("src",)),
     (r"src/([^/]+)/", r"family \1", API | {"support"}, ("src", r"src/\1")),
-    (r"embedded/model/include/", "model_config", {"model_api"}, ()),
-    (r"embedded/model/", "model", {"model_api", "host_api", "model_config"}, ("embedded/model",)),
+    (r"embedded/model/", "model", {"model_api", "host_api"}, ("embedded/model",)),
     (r"embedded/host/include/", "host_config", {"host_api", "model_api"}, ()),
     (r"embedded/host/", "host", {"host_api", "model_api", "host_config"}, ("embedded/host",)),
     (r"tools/", "tools", API | CONFIGURATION, ("tools/kestrel",)),
     (r"examples/", "examples", API | CONFIGURATION, ()),
     (r"benchmarks/", "benchmarks", API | CONFIGURATION, ("benchmarks",)),
     (r"fuzz/", "fuzz", API | CONFIGURATION | {"tools"}, ("tools/kestrel",)),
-    (r"tests/support/", "test support", API | CONFIGURATION, ("tests/support",)),
-    (r"tests/unit/model/", "unit/model", API | CONFIGURATION | {"test support", "model"},
+    (r"tests/support/schema_validator", "schema validator", set(), ()),
+    (r"tests/support/", "test support", API | CONFIGURATION | {"schema validator"}, ("tests/support",)),
+    (r"tests/unit/model/", "unit/model", API | CONFIGURATION | SUPPORT | {"model"},
      ("tests/unit/model", "tests/support", "embedded/model")),
-    (r"tests/unit/host/", "unit/host", API | CONFIGURATION | {"test support", "host"},
+    (r"tests/unit/host/", "unit/host", API | CONFIGURATION | SUPPORT | {"host"},
      ("tests/unit/host", "tests/support", "embedded/host")),
-    (r"tests/unit/tools/", "unit/tools", API | CONFIGURATION | {"test support", "tools"},
+    (r"tests/unit/tools/", "unit/tools", API | CONFIGURATION | SUPPORT | {"tools"},
      ("tests/unit/tools", "tests/support", "tools/kestrel")),
-    (r"tests/unit/([^/]+)/", r"unit/\1", API | CONFIGURATION | {"test support", "support", r"family \1"},
+    (r"tests/unit/([^/]+)/", r"unit/\1", API | CONFIGURATION | SUPPORT | {"support", r"family \1"},
      (r"tests/unit/\1", "tests/support", r"src/\1", "src")),
-    (r"tests/contract/([^/]+)/", r"contract/\1", {"model_api", "host_api"} | CONFIGURATION,
-     (r"tests/contract/\1",)),
-    (r"tests/([^/]+)/", r"tests/\1", API | CONFIGURATION | {"test support"}, (r"tests/\1", "tests/support")),
+    (r"tests/contract/([^/]+)/", r"contract/\1", {"model_api", "host_api", "schema validator"} | CONFIGURATION,
+     (r"tests/contract/\1", "tests/support")),
+    (r"tests/([^/]+)/", r"tests/\1", API | CONFIGURATION | SUPPORT, (r"tests/\1", "tests/support")),
 )
 
 # What the libraries of an area are built on, beyond the standard library.
@@ -53,7 +54,6 @@ LIBRARIES = {
     "support": (XERCES,),
     "family": (XERCES, r"zlib\.h", r"jni\.h"),
     "model": (XERCES, r"unicode/.*"),
-    "model_config": (XERCES,),
     "host_config": (XERCES,),
 }
 C_LIBRARY = r"(?:c?(?:assert|ctype|errno|fenv|float|limits|locale|math|signal|stdarg|stddef|stdint|stdio|stdlib|string|time)(?:\.h)?)"

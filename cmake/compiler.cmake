@@ -31,6 +31,11 @@ if(KESTREL_FAST_LINKER AND NOT APPLE)
   endif()
 endif()
 
+# A library that forgets one of those it needs does not link. Sanitizers leave their own symbols to the program.
+if(CMAKE_SYSTEM_NAME STREQUAL "Linux" AND NOT KESTREL_SANITIZERS)
+  string(APPEND CMAKE_SHARED_LINKER_FLAGS " -Wl,-z,defs")
+endif()
+
 if(KESTREL_CLANG_TIDY)
   find_program(KESTREL_CLANG_TIDY_PROGRAM NAMES clang-tidy clang-tidy-14 REQUIRED)
   mark_as_advanced(KESTREL_CLANG_TIDY_PROGRAM)

@@ -1,10 +1,11 @@
-// Chart text from outside: any bytes become a chart, or a failure that the user and the log hear of. A chart can be looked
-// into, sent, and written, and what was written is a chart again.
+// Chart text from outside: any bytes become a chart, or a failure that the user and the log hear of. A chart
+// can be looked into, sent, and written, and what was written is a chart again.
+
+#include "xdocument.h"
+#include "xgraph.h"
 
 #include "kestrelhost/recorder.h"
 #include "model/document.h"
-#include "xdocument.h"
-#include "xgraph.h"
 
 #include <cstdint>
 #include <cstdlib>

@@ -10,7 +10,7 @@
 class VarDataProcessor;
 class XVariable;
 
-/// One row of a source.
+/// One row of a source. A value is its write and leaves nothing to keep: a row holds no list of them.
 class KESTREL_API XRow {
  public:
   /// @param rowIndex number of the row in its source, from 0

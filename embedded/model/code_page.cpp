@@ -212,7 +212,7 @@ std::string localCodePage() {
 }
 
 std::string toAscii(std::u16string_view text) {
-  std::string const bytes = toUtf8(text);
+  std::string bytes = toUtf8(text);
   if (isAscii(bytes)) return bytes;
   icu::UnicodeString letters = icu::UnicodeString::fromUTF8(bytes);
   transliterator().transliterate(letters);

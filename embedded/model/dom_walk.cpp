@@ -45,9 +45,16 @@ char16_t const* nameOf(DOMNode const& node) {
   return name == nullptr ? node.getNodeName() : name;
 }
 
+char16_t const* valueOf(DOMNode const& attribute) {
+  DOMNode const* const only = attribute.getFirstChild();
+  bool const isPlain =
+      only != nullptr && only->getNodeType() == DOMNode::TEXT_NODE && only->getNextSibling() == nullptr;
+  return isPlain ? only->getNodeValue() : attribute.getNodeValue();
+}
+
 char16_t const* valueOf(DOMElement const& element, char16_t const* attribute) {
   DOMAttr const* const found = element.getAttributeNode(attribute);
-  return found == nullptr ? nullptr : found->getValue();
+  return found == nullptr ? nullptr : valueOf(*found);
 }
 
 bool sameText(char16_t const* left, char16_t const* right) {
@@ -78,6 +85,14 @@ bool isWithin(DOMNode const& node, DOMNode const& top) {
 bool isInDocument(DOMNode const& node) {
   DOMNode const* up = &node;
   while (up != nullptr && up->getNodeType() != DOMNode::DOCUMENT_NODE) up = up->getParentNode();
+  return up != nullptr;
+}
+
+bool isReadOnly(DOMNode const& node) {
+  // Without a document type there are no entities.
+  if (node.getOwnerDocument()->getDoctype() == nullptr) return false;
+  DOMNode const* up = &node;
+  while (up != nullptr && up->getNodeType() != DOMNode::ENTITY_REFERENCE_NODE) up = up->getParentNode();
   return up != nullptr;
 }
 

@@ -10,6 +10,8 @@ namespace kestrel::model {
 
 /// The name without a prefix.
 char16_t const* nameOf(xercesc::DOMNode const& node);
+/// The value of an attribute, without the detour that the DOM takes for it.
+char16_t const* valueOf(xercesc::DOMNode const& attribute);
 /// Null when the attribute is absent.
 char16_t const* valueOf(xercesc::DOMElement const& element, char16_t const* attribute);
 /// Null equals null only.
@@ -19,6 +21,8 @@ bool sameText(char16_t const* left, char16_t const* right);
 bool isBefore(xercesc::DOMNode const& left, xercesc::DOMNode const& right);
 bool isWithin(xercesc::DOMNode const& node, xercesc::DOMNode const& top);
 bool isInDocument(xercesc::DOMNode const& node);
+/// Does the node come from an entity? Nothing can be changed there.
+bool isReadOnly(xercesc::DOMNode const& node);
 bool isText(xercesc::DOMNode const& node);
 
 /// Visits a node and everything in it in document order. It remembers its way, because asking the DOM for a

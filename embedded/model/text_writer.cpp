@@ -206,7 +206,7 @@ void Writer::putAttributes(DOMElement const& element) {
   for (XMLSize_t i = 0; i < count; ++i) {
     DOMNode const& attribute = *attributes.item(i);
     std::u16string_view const name = attribute.getNodeName();
-    std::u16string_view value = viewOf(attribute.getNodeValue());
+    std::u16string_view value = viewOf(valueOf(attribute));
     std::u16string_view prefix;
     if (element.getLocalName() != nullptr && declares(name, prefix)) {
       // An element cannot stand in a namespace and declare another under its own prefix.

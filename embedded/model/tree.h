@@ -100,6 +100,8 @@ class LumoTree {
   LumoLinks& makeLinks(LumoBaseElement& object);
   void registerId(LumoBaseElement& object, char16_t const* id, bool inOrder);
   void unregisterId(LumoBaseElement& object);
+  /// Does the element stand in the document? Of one that was taken out past the model only the top is told.
+  bool isAttached(xercesc::DOMElement const& element) const;
   LumoBaseElement* find(Bucket& bucket, Test fits) const;
   void putInOrder(Bucket& bucket) const;
 

@@ -218,7 +218,7 @@ void LumoTree::refer(LumoBaseElement& object, char16_t const* name, LumoBaseElem
   before(Change::SetAttribute, object);
   DOMElement& targetElement = LumoBinding::elementOf(target);
   if (&LumoBinding::treeOf(target) == this) {
-    connect(object, name, objectOf(targetElement), true);
+    connect(object, name, lasting(target), true);
   } else if (Reference* const reference = outgoing(object, name)) {
     // An object of another chart may end before this one: its id is all that is kept.
     disconnect(*reference);

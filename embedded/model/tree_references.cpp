@@ -2,6 +2,7 @@
 
 #include "dom_walk.h"
 
+#include <algorithm>
 #include <iterator>
 #include <string_view>
 #include <unordered_set>
@@ -11,6 +12,7 @@ using kestrel::model::ElementWalk;
 using kestrel::model::IdIndex;
 using kestrel::model::isBefore;
 using kestrel::model::isInDocument;
+using kestrel::model::isReadOnly;
 using kestrel::model::nameOf;
 using kestrel::model::sameText;
 using kestrel::model::valueOf;
@@ -27,11 +29,10 @@ bool anyFits(LumoBaseElement const&) { return true; }
 constexpr std::u16string_view numberedSlots[] = {u"title", u"footnote", u"legend", u"statisticsSummary"};
 
 bool isNumbered(std::u16string_view name) {
-  for (std::u16string_view const slot : numberedSlots) {
-    if (!name.starts_with(slot) || name.size() == slot.size()) continue;
-    if (name.find_first_not_of(u"0123456789", slot.size()) == std::u16string_view::npos) return true;
-  }
-  return false;
+  return std::any_of(std::begin(numberedSlots), std::end(numberedSlots), [name](std::u16string_view slot) {
+    return name.starts_with(slot) && name.size() > slot.size() &&
+           name.find_first_not_of(u"0123456789", slot.size()) == std::u16string_view::npos;
+  });
 }
 
 bool isReference(std::u16string_view name, DOMElement const& element) {
@@ -83,7 +84,9 @@ void LumoTree::registerId(LumoBaseElement& object, char16_t const* id, bool inOr
   IdIndex::append(bucket, links);
   // The DOM finds detached elements too, so they must not be known to it; and it takes ever longer with each
   // further element of the same id, so it knows only one.
-  if (isFirst && (!hasDetached_ || isInDocument(element))) element.setIdAttribute(LumoUni::_id, true);
+  if (isFirst && (!hasDetached_ || isInDocument(element)) && !isReadOnly(element)) {
+    element.setIdAttribute(LumoUni::_id, true);
+  }
 }
 
 void LumoTree::unregisterId(LumoBaseElement& object) {
@@ -95,9 +98,15 @@ void LumoTree::unregisterId(LumoBaseElement& object) {
   DOMAttr const* const id = element.getAttributeNode(LumoUni::_id);
   if (id == nullptr || !id->isId()) return;
   element.setIdAttribute(LumoUni::_id, false);
-  if (LumoBaseElement* const next = find(bucket, &anyFits)) {
+  LumoBaseElement* const next = find(bucket, &anyFits);
+  if (next != nullptr && !isReadOnly(LumoBinding::elementOf(*next))) {
     LumoBinding::elementOf(*next).setIdAttribute(LumoUni::_id, true);
   }
+}
+
+bool LumoTree::isAttached(DOMElement const& element) const {
+  // Each step upwards costs a cast within the DOM.
+  return hasDetached_ ? isInDocument(element) : element.getParentNode() != nullptr;
 }
 
 LumoBaseElement* LumoTree::find(char16_t const* id, Test fits) const {
@@ -109,7 +118,7 @@ LumoBaseElement* LumoTree::find(char16_t const* id, Test fits) const {
   // The DOM knows of ids that were changed past the model.
   DOMElement const* const element = document_->getElementById(id);
   LumoBaseElement* const object = element == nullptr ? nullptr : existing(*element);
-  return object != nullptr && isInDocument(*element) && fits(*object) ? object : nullptr;
+  return object != nullptr && isAttached(*element) && fits(*object) ? object : nullptr;
 }
 
 LumoBaseElement* LumoTree::find(Bucket& bucket, Test fits) const {
@@ -118,7 +127,7 @@ LumoBaseElement* LumoTree::find(Bucket& bucket, Test fits) const {
     DOMElement const& element = LumoBinding::elementOf(*links->element);
     // Elements may have been detached or renamed past the model.
     if (fits(*links->element) && sameText(valueOf(element, LumoUni::_id), bucket.id.data()) &&
-        isInDocument(element)) {
+        isAttached(element)) {
       return links->element;
     }
   }

@@ -17,7 +17,7 @@ using PlainTable = std::array<bool, 128>;
 
 constexpr PlainTable plainTable(std::string_view special) {
   PlainTable table{};
-  for (char16_t i = 0; i < table.size(); ++i) table[i] = isCharacter(i);
+  for (std::size_t i = 0; i < table.size(); ++i) table[i] = isCharacter(static_cast<char16_t>(i));
   for (char const character : special) table[static_cast<unsigned char>(character)] = false;
   return table;
 }

@@ -105,7 +105,7 @@ std::string timeOfDay(double seconds, int decimals) {
   std::string text = padded(whole / 3600, 2) + ":" + padded(whole / 60 % 60, 2) + ":";
   // Cut, not rounded: 59.99 must not become 60.0.
   double const scale = std::pow(10.0, decimals);
-  double const second = std::floor((seconds - static_cast<double>(whole / 60 * 60)) * scale) / scale;
+  double const second = std::floor((seconds - static_cast<double>(whole - whole % 60)) * scale) / scale;
   std::string const digits = fixed(second, decimals);
   return text + (second < 10 ? "0" : "") + digits;
 }
@@ -114,7 +114,7 @@ std::string timeOfDay(double seconds, int decimals) {
 std::string moment(double seconds, Shape shape, int decimals) {
   double const day = std::floor(seconds / secondsPerDay);
   if (!(std::abs(day) <= mostDays)) return full(seconds);
-  std::string const time = timeOfDay(seconds - day * secondsPerDay, decimals);
+  std::string time = timeOfDay(seconds - day * secondsPerDay, decimals);
   if (shape == Shape::Time) return time;
   std::string const dayText = date(static_cast<std::int64_t>(day));
   return shape == Shape::Date ? dayText : dayText + " " + time;

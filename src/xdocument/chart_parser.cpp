@@ -63,31 +63,18 @@ class Limited final : public Parser {
 using ChartParser = Limited<xercesc::XercesDOMParser>;
 using Inspector = Limited<xercesc::SAXParser>;
 
-/// Ends an inspection at the place where the text is not well formed.
-struct NotWellFormed {};
-
-class InspectionHandler final : public xercesc::HandlerBase {
- public:
-  void fatalError(SAXParseException const&) override { throw NotWellFormed(); }
-};
-
 void inspect(xercesc::InputSource const& source) {
   Inspector inspector;
-  inspector.setDoNamespaces(true);
   inspector.setLoadSchema(false);
   inspector.setLoadExternalDTD(false);
   inspector.setDisableDefaultEntityResolution(true);
-  InspectionHandler handler;
-  // The parser itself is told only of what there is a handler for.
+  // The parser itself is told only of what there is a handler for. Without one for errors it ends quietly
+  // where the text is not well formed: the caller's parser ends there too and says why, to the handler that
+  // it was given.
+  xercesc::HandlerBase handler;
   inspector.setDocumentHandler(&handler);
   inspector.setDTDHandler(&handler);
-  inspector.setErrorHandler(&handler);
-  try {
-    inspector.parse(source);
-  } catch (NotWellFormed const&) {
-    // The caller's parser stops at the same place and says why, to the handler that it was given.
-    return;
-  }
+  inspector.parse(source);
 }
 
 }  // namespace

@@ -6,7 +6,6 @@ XRow::XRow(VarDataProcessor& processor, std::string const& sourceId, unsigned in
 XRow::~XRow() = default;
 
 void XRow::addDataValue(XVariable const& variable, long const& value) {
-  // The value has no state: there is nothing to keep.
   XDataValue const written(*mProcessor, mSourceId, variable, mRowIndex, value);
 }
 

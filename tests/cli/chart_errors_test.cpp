@@ -139,6 +139,11 @@ TEST_F(ChartError, IsACaptureThatIsAFolder) {
   EXPECT_EQ(filesIn("out").size(), 1u);
 }
 
+TEST_F(ChartError, IsAPlaceWhereTheCaptureCannotBeOpened) {
+  std::filesystem::create_directories(folder / "out" / "capture.kcap.unfinished" / "taken");
+  expectError(chartOf("a,b\n1,2\n"), 3, "out/capture.kcap: cannot be made: ");
+}
+
 /// The size of a file is limited to one block, which the capture does not fit into.
 class FullDisk : public CliTest {
  protected:

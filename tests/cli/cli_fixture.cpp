@@ -135,7 +135,7 @@ std::string CliTest::chartText() const {
 
 std::vector<double> CliTest::column(std::size_t index, std::size_t columns, std::size_t rows) const {
   auto const contents = decodeContents(decodeCapture(read("out/capture.kcap")));
-  std::string const& stream = onlyContent(contents, 8).bytes;
+  std::string const stream = onlyContent(contents, 8).bytes;
   // The last batch's cells end before the mark of eight bytes: for each column a bit for each row, in eighths
   // of 64 bits, and then the doubles.
   std::size_t const bits = (rows + 63) / 64 * 8;

@@ -1,11 +1,12 @@
 // A program against an installed kestrel: one small chart, sent to a channel in memory.
+#include "xdocument.h"
+#include "xgraph.h"
+
+#include "kestrelhost/host.h"
+
 #include <cstddef>
 #include <cstdio>
 #include <memory>
-
-#include "kestrelhost/host.h"
-#include "xdocument.h"
-#include "xgraph.h"
 
 int main() {
   auto channel = std::make_shared<kestrel::host::MemoryChannel>();

@@ -35,7 +35,8 @@ std::string ChangeLog::attributeChange() const {
   Attributes const after = attributesOf(*mElement);
   for (auto const& [name, value] : after) {
     auto const before = mBefore.find(name);
-    if (before == mBefore.end() || before->second != value) return name + "=" + value;
+    if (before == mBefore.end() || before->second != value)
+      return std::string(name).append("=").append(value);
   }
   for (auto const& [name, value] : mBefore) {
     if (after.count(name) == 0) return "removes " + name;

@@ -39,15 +39,17 @@ std::string firstDifference(std::string const& expected, std::string const& actu
   std::istringstream actualLines(actual);
   std::string expectedLine;
   std::string actualLine;
-  for (int number = 1;; ++number) {
-    bool const moreExpected = static_cast<bool>(std::getline(expectedLines, expectedLine));
-    bool const moreActual = static_cast<bool>(std::getline(actualLines, actualLine));
-    if (!moreExpected && !moreActual) return "the ends of the lines differ";
-    if (!moreExpected) expectedLine = "(end)";
-    if (!moreActual) actualLine = "(end)";
-    if (moreExpected == moreActual && expectedLine == actualLine) continue;
-    return "line " + std::to_string(number) + "\n  expected: " + expectedLine + "\n  actual:   " + actualLine;
+  int number = 0;
+  bool same = true;
+  while (same && (expectedLines || actualLines)) {
+    ++number;
+    if (!std::getline(expectedLines, expectedLine)) expectedLine = "(end)";
+    if (!std::getline(actualLines, actualLine)) actualLine = "(end)";
+    same = expectedLine == actualLine;
   }
+  std::ostringstream text;
+  text << "line " << number << "\n  expected: " << expectedLine << "\n  actual:   " << actualLine;
+  return text.str();
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include "kestrelhost/compression.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 namespace kestrel::test {
@@ -85,12 +86,13 @@ std::vector<DecodedContent> decodeContents(std::vector<host::Message> const& mes
 }
 
 std::vector<std::uint32_t> typesOf(std::vector<DecodedContent> const& contents) {
-  std::vector<std::uint32_t> types;
-  for (DecodedContent const& content : contents) types.push_back(content.type);
+  std::vector<std::uint32_t> types(contents.size());
+  std::transform(contents.begin(), contents.end(), types.begin(),
+                 [](DecodedContent const& content) { return content.type; });
   return types;
 }
 
-DecodedContent const& onlyContent(std::vector<DecodedContent> const& contents, std::uint32_t type) {
+DecodedContent onlyContent(std::vector<DecodedContent> const& contents, std::uint32_t type) {
   DecodedContent const* found = nullptr;
   for (DecodedContent const& content : contents) {
     if (content.type != type) continue;

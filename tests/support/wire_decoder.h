@@ -42,7 +42,7 @@ std::vector<DecodedContent> decodeContents(std::vector<host::Message> const& mes
 std::vector<std::uint32_t> typesOf(std::vector<DecodedContent> const& contents);
 
 /// The only content of that type. Throws std::runtime_error where there is none, or more than one.
-DecodedContent const& onlyContent(std::vector<DecodedContent> const& contents, std::uint32_t type);
+DecodedContent onlyContent(std::vector<DecodedContent> const& contents, std::uint32_t type);
 
 /// The messages of a capture file. Throws std::runtime_error where it is cut or no capture.
 std::vector<host::Message> decodeCapture(std::string const& bytes);

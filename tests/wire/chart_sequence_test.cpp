@@ -225,7 +225,7 @@ TEST_F(ChartSequence, PassesLargeDataWholeThroughManyMessages) {
   XVariable x = graph.AddAggregatedVariable(*source, false, ChartString(u"x"));
   for (int i = 0; i < 50000; ++i) source->AddRow()->addDataValue(x, i + 0.5);
   EXPECT_TRUE(send());
-  auto const& data = onlyContent(contents(), 8);
+  auto const data = onlyContent(contents(), 8);
   EXPECT_GT(data.chunkSizes.size(), 10u);
   EXPECT_EQ(data.bytes.size(), bytesOf(5).size());
 }

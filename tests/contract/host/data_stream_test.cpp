@@ -1,16 +1,16 @@
 #include "host/data_store.h"
+#include "kestrelhost/missing.h"
 
 #include <gtest/gtest.h>
 
 #include <cstring>
-#include <limits>
 #include <memory>
 #include <string>
 #include <vector>
 
 namespace {
 
-constexpr double missing = std::numeric_limits<double>::lowest();
+constexpr double missing = kestrel::host::systemMissing;
 constexpr std::uint32_t continuation = 0xFFFFFFFF;
 
 std::string streamOf(VarDataProcessor& store) {

@@ -1,11 +1,14 @@
 #include "temporary_folder.h"
 
 #include "host/channel.h"
+#include "kestrelhost/channel.h"
 
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 #include <filesystem>
+
+using kestrel::host::CaptureChannel;
 
 namespace {
 
@@ -15,7 +18,8 @@ int put(std::string const& bytes) {
   return IpcPutC(&identifier, &zero, &length, bytes.data(), &zero);
 }
 
-std::string const expected = std::string("KCAP0001\7\0\0\0\0\0\0\0\3\0\0\0\0\0\0\0", 24) + "abc";
+std::string const expected =
+    CaptureChannel::signature + std::string("\7\0\0\0\0\0\0\0\3\0\0\0\0\0\0\0", 16) + "abc";
 
 /// Sends in a process of its own, which then ends as processes do.
 void sendAndExit() {

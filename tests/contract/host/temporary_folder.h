@@ -11,7 +11,8 @@
 class TemporaryFolder {
  public:
   TemporaryFolder() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "kestrel-XXXXXX").string();
+    std::string pattern =
+        (std::filesystem::temp_directory_path() / "kestrel-").string() + std::string(6, 'X');
     if (::mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder");
     mPath = pattern;
   }

@@ -110,7 +110,7 @@ std::string outline(DOMNode const& top) {
     std::string const own = line(*node);
     bool const continues = own.front() == '\'' && node->getPreviousSibling() != nullptr &&
                            node->getPreviousSibling()->getNodeType() == DOMNode::TEXT_NODE;
-    text += continues ? own.substr(1) : "\n" + indent + own;
+    text.append(continues ? "" : "\n").append(continues ? "" : indent).append(own, continues ? 1 : 0);
     if (node->getFirstChild() != nullptr) {
       node = node->getFirstChild();
       indent += ' ';

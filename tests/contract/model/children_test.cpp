@@ -321,7 +321,8 @@ TEST_F(Texts, AreOneAlthoughTheDomHoldsPieces) {
 }
 
 TEST_F(Texts, InPiecesStayWhereTheyAreWhileTheyAreRight) {
-  ParsedChart parsed(chartText("<labelFrame><label><text>a<!-- -->b</text></label></labelFrame>"));
+  ParsedChart parsed(
+      chartText("<labelFrame><label><text>a text that is long<!-- -->enough</text></label></labelFrame>"));
   CTTextType const& parsedText = *parsed.chart().getLabelFrames().at(0)->getLabel()->getTexts().at(0);
   char16_t const* const first = parsedText.getText();
   EXPECT_EQ(parsedText.getText(), first);

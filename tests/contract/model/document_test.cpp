@@ -91,6 +91,13 @@ TEST(Document, ChartsWithAPrefixStayAsTheyAre) {
   EXPECT_NE(parsed.document().AsUTF8().find("<v:graph><v:point/></v:graph>"), std::string::npos);
 }
 
+TEST(Document, ElementsOfAnEntityAreReadAndWritten) {
+  ParsedChart parsed("<!DOCTYPE v [<!ENTITY e \"<graph id='g'/>text\">]><v>&e;<graph/></v>");
+  ASSERT_EQ(parsed.chart().getGraphs().size(), 2U);
+  EXPECT_TRUE(parsed.chart().doesIdExist(u"g"));
+  EXPECT_EQ(parsed.document().AsUTF8(), std::string(declaration) + "<v><graph id=\"g\"/>text<graph/></v>");
+}
+
 TEST(Document, MayEndBeforeItsDom) {
   LumoDocument const holdsTheLibrary;
   auto parser = std::make_unique<xercesc::XercesDOMParser>();
@@ -208,6 +215,7 @@ TEST_F(Imported, ADetachedCopyIsNotFoundByItsId) {
   EXPECT_EQ(document.getImplementation()->getElementById(u"s"), style.getImplementation());
   style.setId(u"t");
   EXPECT_FALSE(chart.doesIdExist(u"s"));
+  EXPECT_EQ(document.getImplementation()->getElementById(u"s"), nullptr);
 }
 
 TEST_F(Imported, NodesOfAnotherChartHaveObjectsOfThisOne) {

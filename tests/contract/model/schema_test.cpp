@@ -1,5 +1,5 @@
-#include "../../support/schema_validator.h"
 #include "chart.h"
+#include "schema_validator.h"
 
 #include <gtest/gtest.h>
 

@@ -104,9 +104,11 @@ TEST_F(Writing, NoCommentEndsEarly) {
   char16_t const hidden[] = {u'-', 1, u'-', u'>', 0};
   for (char16_t const* const comment :
        {u"a--b", u"--", u"-", u"a-", u"-->", u"---", static_cast<char16_t const*>(hidden)}) {
-    text.setText(nullptr);
     text.setComment(comment);
-    EXPECT_NO_THROW(ParsedChart(document.AsUTF8())) << written();
+    ParsedChart parsed(document.AsUTF8());
+    xercesc::DOMNodeList const& content = *firstOf(parsed.chart(), u"text")->getChildNodes();
+    ASSERT_EQ(content.getLength(), 1U) << written();
+    EXPECT_EQ(content.item(0)->getNodeType(), xercesc::DOMNode::COMMENT_NODE) << written();
   }
 }
 
@@ -118,7 +120,8 @@ TEST_F(Writing, ProcessingInstructionsAreKept) {
 
 TEST_F(Writing, NoProcessingInstructionEndsEarly) {
   append(dom.createProcessingInstruction(u"target", u"a?>b"));
-  EXPECT_NO_THROW(ParsedChart(document.AsUTF8())) << written();
+  ParsedChart parsed(document.AsUTF8());
+  EXPECT_EQ(firstOf(parsed.chart(), u"text")->getChildNodes()->getLength(), 1U) << written();
 }
 
 TEST_F(Writing, CdataSectionsAreKept) {
@@ -200,6 +203,13 @@ TEST_F(Writing, APrefixStaysDeclaredWhenAnElementLeavesItsDeclaration) {
   EXPECT_EQ(utf8(graph.getAttributeNS(u"u:x", u"a")), "1");
   EXPECT_EQ(utf8(graph.getAttributeNS(u"u:x", u"b")), "2");
   EXPECT_EQ(utf8(graph.getFirstElementChild()->getNamespaceURI()), "u:x");
+}
+
+TEST_F(Writing, AnElementKeepsItsNamespaceAgainstAFalseDeclaration) {
+  chart.getImplementation()->setAttribute(u"xmlns", u"u:other");
+  ParsedChart parsed(document.AsUTF8());
+  EXPECT_EQ(utf8(parsed.chart().getImplementation()->getNamespaceURI()),
+            "http://xml.vexa.example/visualization");
 }
 
 TEST_F(Writing, AnElementWithoutANamespaceStaysWithoutOne) {

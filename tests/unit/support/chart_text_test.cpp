@@ -13,9 +13,7 @@ TEST(ChartText, WritesANumberWithUpToSixteenDigits) {
   EXPECT_EQ(numberText(1.0 / 3).toUTF8(), "0.3333333333333333");
 }
 
-TEST(ChartText, JoinsTheParts) {
-  EXPECT_EQ(joined({u"frame", u"_", u"legend"}).toUTF8(), "frame_legend");
-}
+TEST(ChartText, JoinsTheParts) { EXPECT_EQ(joined({u"frame", u"_", u"legend"}).toUTF8(), "frame_legend"); }
 
 TEST(ChartText, JoinsANullPartAsAnEmptyOne) { EXPECT_EQ(joined({nullptr, u"s"}).toUTF8(), "s"); }
 

@@ -67,7 +67,8 @@ TEST_F(Failure, IsLoggedWithMessageFileAndLine) {
   logFailure("went wrong", "somewhere.cpp", 12);
   auto const entries = recorder.entries();
   ASSERT_EQ(entries.size(), 1u);
-  EXPECT_EQ(entries[0].line(), "ChartErrorHandler::error(message=\"went wrong\", file=\"somewhere.cpp\", line=12)");
+  EXPECT_EQ(entries[0].line(),
+            "ChartErrorHandler::error(message=\"went wrong\", file=\"somewhere.cpp\", line=12)");
 }
 
 TEST_F(Failure, OfAMissingObjectIsAnExceptionThatNamesIt) {

@@ -51,7 +51,7 @@ TEST_F(Guard, ReportsWhateverIsThrownInTheSameWay) {
       [] { throw ChartException("text of its own", "file", 1); },
       [] { throw xercesc::DOMException(xercesc::DOMException::SYNTAX_ERR); },
       [] { throw javaFailure; },
-      [] { throw & javaFailure; },
+      [] { throw &javaFailure; },
   };
   for (auto const& fail : failures) {
     recorder.clear();

@@ -29,6 +29,7 @@ TEST_F(AxisDomainTest, AnIntervalMakesTheFirstDomain) {
 
 TEST_F(AxisDomainTest, DomainsAreNumberedByTheirKind) {
   visualization.addCategoricalDomain(u"categoricalDomain0");
+  visualization.addCategoricalDomain(u"categoricalDomain1");
   visualization.addIntervalDomain(u"other");
   axis.setInterval(0, 10, true);
   EXPECT_EQ(utf8(dimension.getDomain()->getId()), "intervalDomain1");
@@ -126,6 +127,7 @@ TEST_F(AxisDomainTest, ACategoricalVariableIsReferredToByANewDomain) {
 TEST_F(AxisDomainTest, CategoricalDomainsAreNumberedByTheirKind) {
   visualization.addCategoricalDomain(u"other");
   visualization.addIntervalDomain(u"intervalDomain0");
+  visualization.addIntervalDomain(u"intervalDomain1");
   axis.addCategoricalVariableReference(age);
   EXPECT_EQ(utf8(dimension.getDomain()->getId()), "categoricalDomain1");
 }

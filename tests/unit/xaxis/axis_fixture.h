@@ -8,6 +8,7 @@
 #include "model/style.h"
 #include "model/variables.h"
 
+#include <string>
 #include <vector>
 
 namespace kestrel::test {

@@ -71,8 +71,10 @@ constexpr GuardedOperation operations[] = {
        return XGraph(b.parsed.visualization()).getGraph() == nullptr;
      },
      Cause::OwnFailure},
-    {"XGraph_AddTitle1", "Error in XGraph::AddTitle1()", [](Bench& b) { return !b.graph.AddTitle1(u"text"); }},
-    {"XGraph_AddTitle2", "Error in XGraph::AddTitle2()", [](Bench& b) { return !b.graph.AddTitle2(u"text"); }},
+    {"XGraph_AddTitle1", "Error in XGraph::AddTitle1()",
+     [](Bench& b) { return !b.graph.AddTitle1(u"text"); }},
+    {"XGraph_AddTitle2", "Error in XGraph::AddTitle2()",
+     [](Bench& b) { return !b.graph.AddTitle2(u"text"); }},
     {"XGraph_AddSubTitle", "Error in XGraph::AddSubTitle()",
      [](Bench& b) { return !b.graph.AddSubTitle(u"text"); }},
     {"XGraph_AddFootnote1", "Error in XGraph::AddFootnote1()",
@@ -324,7 +326,8 @@ TEST_P(GuardedOperations, ReportAnOrdinaryFailureOnceAndGiveTheirEmptyResult) {
 }
 
 TEST_P(GuardedOperations, ReportNothingWhereNothingFails) {
-  bool const lacksItsTicks = GetParam().cause == Cause::OwnFailure && GetParam().behind == Behind::NeedsTheResult;
+  bool const lacksItsTicks =
+      GetParam().cause == Cause::OwnFailure && GetParam().behind == Behind::NeedsTheResult;
   if (lacksItsTicks) {
     EXPECT_THROW(runFailing([] {}), ChartException);
   } else {

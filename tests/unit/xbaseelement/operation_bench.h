@@ -1,12 +1,6 @@
 #pragma once
 
 #include "chart_test.h"
-
-#include "host/data_types.h"
-#include "kestrelhost/data_source.h"
-#include "kestrelhost/recorder.h"
-#include "model/document.h"
-#include "model/graph.h"
 #include "xaxis.h"
 #include "xdocument.h"
 #include "xelement.h"
@@ -14,6 +8,12 @@
 #include "xlegend.h"
 #include "xsource.h"
 #include "xvariable.h"
+
+#include "host/data_types.h"
+#include "kestrelhost/data_source.h"
+#include "kestrelhost/recorder.h"
+#include "model/document.h"
+#include "model/graph.h"
 
 #include <xercesc/framework/MemoryManager.hpp>
 

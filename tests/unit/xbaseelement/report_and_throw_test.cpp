@@ -1,12 +1,12 @@
 // Preconditions whose failure leaves the caller nothing to work with.
 
 #include "chart_test.h"
+#include "xdocument.h"
+#include "xgraph.h"
 
 #include "host/log.h"
 #include "model/document.h"
 #include "model/variables.h"
-#include "xdocument.h"
-#include "xgraph.h"
 
 #include <memory>
 #include <string>

@@ -1,9 +1,10 @@
+#include "xbaseelement.h"
+
 #include "chart_test.h"
 #include "schema_validator.h"
 
 #include "model/document.h"
 #include "model/graph.h"
-#include "xbaseelement.h"
 
 #include <gmock/gmock.h>
 
@@ -55,23 +56,32 @@ constexpr auto x = &XBaseElement::getXDimension;
 constexpr auto y = &XBaseElement::getYDimension;
 constexpr auto z = &XBaseElement::getZDimension;
 
-INSTANTIATE_TEST_SUITE_P(
-    Of, Dimension,
-    ::testing::Values(
-        DimensionCase{"XOfNone", x, false, 0, 0, none}, DimensionCase{"XOfNoneCreated", x, true, 0, 1, 0},
-        DimensionCase{"XOfOne", x, false, 1, 1, 0}, DimensionCase{"XOfOneCreated", x, true, 1, 1, 0},
-        DimensionCase{"XOfThree", x, true, 3, 3, 0},  //
-        DimensionCase{"YOfNone", y, false, 0, 0, none}, DimensionCase{"YOfNoneCreated", y, true, 0, 2, 1},
-        DimensionCase{"YOfOne", y, false, 1, 1, none}, DimensionCase{"YOfOneCreated", y, true, 1, 2, 1},
-        DimensionCase{"YOfTwo", y, false, 2, 2, 1}, DimensionCase{"YOfTwoCreated", y, true, 2, 2, 1},
-        DimensionCase{"YOfThree", y, true, 3, 3, 1},  //
-        DimensionCase{"ZOfNone", z, false, 0, 0, none}, DimensionCase{"ZOfNoneCreated", z, true, 0, 3, 2},
-        DimensionCase{"ZOfOneCreated", z, true, 1, 3, 2}, DimensionCase{"ZOfTwo", z, false, 2, 2, none},
-        DimensionCase{"ZOfTwoCreated", z, true, 2, 3, 2},
-        // The second one where all three exist.
-        DimensionCase{"ZOfThree", z, false, 3, 3, 1}, DimensionCase{"ZOfThreeCreated", z, true, 3, 3, 1},
-        DimensionCase{"ZOfFour", z, true, 4, 4, 1}),
-    [](auto const& test) { return std::string(test.param.name); });
+constexpr DimensionCase cases[] = {
+    {"XOfNone", x, false, 0, 0, none},
+    {"XOfNoneCreated", x, true, 0, 1, 0},
+    {"XOfOne", x, false, 1, 1, 0},
+    {"XOfOneCreated", x, true, 1, 1, 0},
+    {"XOfThree", x, true, 3, 3, 0},
+    {"YOfNone", y, false, 0, 0, none},
+    {"YOfNoneCreated", y, true, 0, 2, 1},
+    {"YOfOne", y, false, 1, 1, none},
+    {"YOfOneCreated", y, true, 1, 2, 1},
+    {"YOfTwo", y, false, 2, 2, 1},
+    {"YOfTwoCreated", y, true, 2, 2, 1},
+    {"YOfThree", y, true, 3, 3, 1},
+    {"ZOfNone", z, false, 0, 0, none},
+    {"ZOfNoneCreated", z, true, 0, 3, 2},
+    {"ZOfOneCreated", z, true, 1, 3, 2},
+    {"ZOfTwo", z, false, 2, 2, none},
+    {"ZOfTwoCreated", z, true, 2, 3, 2},
+    // The second one where all three exist.
+    {"ZOfThree", z, false, 3, 3, 1},
+    {"ZOfThreeCreated", z, true, 3, 3, 1},
+    {"ZOfFour", z, true, 4, 4, 1},
+};
+
+INSTANTIATE_TEST_SUITE_P(Of, Dimension, ::testing::ValuesIn(cases),
+                         [](auto const& test) { return std::string(test.param.name); });
 
 class DimensionThatFails : public ChartTest {
  protected:

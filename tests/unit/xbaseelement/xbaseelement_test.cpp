@@ -38,9 +38,7 @@ class Wrapper : public ChartTest {
   XBaseElement wrapper{graph};
 };
 
-TEST_F(Wrapper, StandsForTheModelObjectThatItWasMadeOn) {
-  EXPECT_EQ(wrapper.getImplementation(), &graph);
-}
+TEST_F(Wrapper, StandsForTheModelObjectThatItWasMadeOn) { EXPECT_EQ(wrapper.getImplementation(), &graph); }
 
 TEST_F(Wrapper, LeavesTheModelObjectInTheChartWhenItEnds) {
   { XBaseElement const shortLived(graph); }
@@ -61,7 +59,8 @@ class FormatWithOwnText : public LumoFormat {
 
 TEST_F(Wrapper, GivesTheTextThatTheModelObjectsOwnClassMakes) {
   xercesc::DOMDocument* const dom =
-      xercesc::DOMImplementationRegistry::getDOMImplementation(u"LS")->createDocument(nullptr, u"format", nullptr);
+      xercesc::DOMImplementationRegistry::getDOMImplementation(u"LS")->createDocument(nullptr, u"format",
+                                                                                      nullptr);
   {
     FormatWithOwnText format(dom->getDocumentElement());
     EXPECT_EQ(XBaseElement(format).AsUTF8(), "its own text");
@@ -99,8 +98,8 @@ TEST_F(Wrapper, ReadsLocalTextsAndDictionaryTextsAsTheSharedFunctionsDo) {
   EXPECT_EQ(recorder.count(Operation::LanguageCode), 1u);
 }
 
-class EscapedLineBreak : public Wrapper, public ::testing::WithParamInterface<std::pair<char const*, char const*>> {
-};
+class EscapedLineBreak : public Wrapper,
+                         public ::testing::WithParamInterface<std::pair<char const*, char const*>> {};
 
 TEST_P(EscapedLineBreak, BecomesALineFeed) {
   ChartString text(GetParam().first);

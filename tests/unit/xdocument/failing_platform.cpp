@@ -2,11 +2,10 @@
 
 #include "model/chartstring.h"
 
+#include <dlfcn.h>
 #include <xercesc/util/PlatformUtils.hpp>
 #include <xercesc/util/RuntimeException.hpp>
 #include <xercesc/util/XMLExceptMsgs.hpp>
-
-#include <dlfcn.h>
 
 #include <ostream>
 #include <stdexcept>
@@ -17,7 +16,9 @@ namespace {
 
 PlatformCalls* inForce = nullptr;
 
-[[noreturn]] void throwPlatformFailure() { ThrowXML(xercesc::RuntimeException, xercesc::XMLExcepts::CPtr_PointerIsZero); }
+[[noreturn]] void throwPlatformFailure() {
+  ThrowXML(xercesc::RuntimeException, xercesc::XMLExcepts::CPtr_PointerIsZero);
+}
 
 /// The library's own function behind the one of this file, by its mangled name without the prefix.
 template <typename Function>
@@ -75,7 +76,8 @@ using kestrel::test::ownFunction;
 // These two stand before the ones of the XML library.
 
 void xercesc::XMLPlatformUtils::Initialize(char const* const locale, char const* const nlsHome,
-                                           PanicHandler* const panicHandler, MemoryManager* const memoryManager) {
+                                           PanicHandler* const panicHandler,
+                                           MemoryManager* const memoryManager) {
   if (inForce != nullptr) inForce->start(locale);
   using Function = void (*)(char const*, char const*, PanicHandler*, MemoryManager*);
   static auto const own =

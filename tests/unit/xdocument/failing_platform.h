@@ -7,7 +7,8 @@
 
 namespace kestrel::test {
 
-/// Counts the calls by which the XML library is started and ended while it lives, and can make them fail. One at a time.
+/// Counts the calls by which the XML library is started and ended while it lives, and can make them fail. One
+/// at a time.
 class PlatformCalls {
  public:
   PlatformCalls();
@@ -28,7 +29,9 @@ class PlatformCalls {
   /// The locale of the last start.
   std::string const& locale() const { return mLocale; }
 
-  bool operator==(PlatformCalls const& other) const { return mStarts == other.mStarts && mEnds == other.mEnds; }
+  bool operator==(PlatformCalls const& other) const {
+    return mStarts == other.mStarts && mEnds == other.mEnds;
+  }
   friend std::ostream& operator<<(std::ostream& out, PlatformCalls const& calls);
 
   void start(char const* locale);

@@ -1,17 +1,17 @@
 // How a document comes to exist in each of its forms, what it starts with, and how it ends.
 
+#include "xdocument.h"
+
+#include "chart_test.h"
 #include "document_record.h"
 #include "failing_platform.h"
 #include "story.h"
-
-#include "chart_test.h"
+#include "xgraph.h"
 
 #include "host/log.h"
 #include "kestrelhost/conversion.h"
 #include "model/document.h"
 #include "model/graph.h"
-#include "xdocument.h"
-#include "xgraph.h"
 
 #include <gmock/gmock.h>
 
@@ -81,9 +81,8 @@ TEST_F(Life, OfAnEmptyTextEndsTheXMLLibraryWithoutHavingStartedIt) {
     XDocument const document{std::string()};
     EXPECT_FALSE(document.implementationExists());
   }
-  EXPECT_THAT(storyOf(recorder),
-              ElementsAre("user: Unknown Error occurred while converting to LumoML2.0.",
-                          "log: Empty XML string received", ended));
+  EXPECT_THAT(storyOf(recorder), ElementsAre("user: Unknown Error occurred while converting to LumoML2.0.",
+                                             "log: Empty XML string received", ended));
   EXPECT_EQ(calls, (PlatformCalls{0, 1}));
 }
 
@@ -108,8 +107,8 @@ TEST_F(Life, OfATemplateFileStartsTheXMLLibraryTwiceAndEndsItOnce) {
     EXPECT_TRUE(document.implementationExists());
   }
   EXPECT_THAT(storyOf(recorder),
-              ElementsAre(started, "PathInstance::getBasePath", "fetch /base/template/bar.lumotemplate", started,
-                          "trace: Parsed lumoml", ended));
+              ElementsAre(started, "PathInstance::getBasePath", "fetch /base/template/bar.lumotemplate",
+                          started, "trace: Parsed lumoml", ended));
   EXPECT_EQ(calls, (PlatformCalls{2, 1}));
 }
 
@@ -294,9 +293,7 @@ TEST_F(EmptyDocument, SaysThatItHasNoChart) { EXPECT_FALSE(document.implementati
 
 TEST_F(EmptyDocument, HasAnEmptyText) { EXPECT_EQ(document.AsUTF8(), ""); }
 
-TEST_F(EmptyDocument, HasNoVisualizationToGive) {
-  EXPECT_THROW(document.getVisualization(), ChartException);
-}
+TEST_F(EmptyDocument, HasNoVisualizationToGive) { EXPECT_THROW(document.getVisualization(), ChartException); }
 
 TEST_F(EmptyDocument, IgnoresAName) {
   EXPECT_NO_THROW(document.SetName(u"name"));
@@ -308,12 +305,12 @@ template <typename Part>
 class Noting : public Part {
  public:
   template <typename... Arguments>
-  Noting(std::vector<std::string>& ended, std::string name, Arguments&&... arguments)
-      : Part(std::forward<Arguments>(arguments)...), mEnded(ended), mName(std::move(name)) {}
-  ~Noting() override { mEnded.push_back(mName); }
+  Noting(std::vector<std::string>& gone, std::string name, Arguments&&... arguments)
+      : Part(std::forward<Arguments>(arguments)...), mGone(gone), mName(std::move(name)) {}
+  ~Noting() override { mGone.push_back(mName); }
 
  private:
-  std::vector<std::string>& mEnded;
+  std::vector<std::string>& mGone;
   std::string mName;
 };
 
@@ -322,14 +319,14 @@ class EndOfDocument : public ChartTest {
   EndOfDocument() {
     auto& record = recordOf(*document);
     delete record.mDocument;
-    record.mDocument = new Noting<LumoDocument>(ended, "chart");
-    record.mGraph = new Noting<XGraph>(ended, "graph", *record.mDocument->getVisualization());
-    record.mParser = std::make_unique<Noting<xercesc::XercesDOMParser>>(ended, "parser");
-    calls.actAtEnd([this] { ended.emplace_back("XML library"); });
-    recorder.actAt(Operation::PrintDebugInfo, 1, [this] { ended.emplace_back("trace"); });
+    record.mDocument = new Noting<LumoDocument>(gone, "chart");
+    record.mGraph = new Noting<XGraph>(gone, "graph", *record.mDocument->getVisualization());
+    record.mParser = std::make_unique<Noting<xercesc::XercesDOMParser>>(gone, "parser");
+    calls.actAtEnd([this] { gone.emplace_back("XML library"); });
+    recorder.actAt(Operation::PrintDebugInfo, 1, [this] { gone.emplace_back("trace"); });
   }
 
-  std::vector<std::string> ended;
+  std::vector<std::string> gone;
   LumoDocument first;
   PlatformCalls calls;
   std::unique_ptr<XDocument> document = std::make_unique<XDocument>();
@@ -337,14 +334,14 @@ class EndOfDocument : public ChartTest {
 
 TEST_F(EndOfDocument, FreesEachPartBeforeWhatItStandsOn) {
   document.reset();
-  EXPECT_THAT(ended, ElementsAre("graph", "chart", "parser", "XML library", "trace"));
+  EXPECT_THAT(gone, ElementsAre("graph", "chart", "parser", "XML library", "trace"));
 }
 
 TEST_F(EndOfDocument, LeavesAChartAloneThatIsNotItsOwn) {
   std::unique_ptr<LumoDocument> const chart(recordOf(*document).mDocument);
   recordOf(*document).mOwnsDocument = false;
   document.reset();
-  EXPECT_THAT(ended, ElementsAre("graph", "parser", "XML library", "trace"));
+  EXPECT_THAT(gone, ElementsAre("graph", "parser", "XML library", "trace"));
 }
 
 using EndOfDocumentDeathTest = ChartTest;

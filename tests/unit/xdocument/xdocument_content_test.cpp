@@ -1,14 +1,14 @@
 // The content operations: what each sends, in which order, and what it makes of a failed put.
 
-#include "story.h"
+#include "xdocument.h"
 
 #include "chart_test.h"
+#include "story.h"
 
 #include "host/data_store.h"
 #include "host/messages.h"
 #include "kestrelhost/compression.h"
 #include "model/document.h"
-#include "xdocument.h"
 
 #include <gmock/gmock.h>
 
@@ -125,8 +125,8 @@ TEST_F(Description, ThatIsMissingIsLookedUpInTheTableOfCharts) {
   document.SendDescription();
   EXPECT_THAT(storyOf(recorder),
               ElementsAre("PathInstance::getDictionaryPath", "FacSTDictionary::FacSTDictionary",
-                          "FacSTDictionary::SetProcedure", "FacSTDictionary::LookUp", "OLang::GetLanguageCode",
-                          "put 0", "put 9", "trace: Description not set"));
+                          "FacSTDictionary::SetProcedure", "FacSTDictionary::LookUp",
+                          "OLang::GetLanguageCode", "put 0", "put 9", "trace: Description not set"));
   EXPECT_EQ(recorder.entries(Operation::SetProcedure).front().text("procedure"), "GRAPH");
   EXPECT_EQ(recorder.entries(Operation::LookUp).front().text("key"), "Description not set");
 }

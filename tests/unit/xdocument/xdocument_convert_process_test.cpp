@@ -1,13 +1,13 @@
 // The dumps of a conversion and their numbers, which count through the life of a process.
 
-#include "story.h"
+#include "xdocument.h"
 
 #include "chart_test.h"
+#include "story.h"
 
 #include "host/java.h"
 #include "host/messages.h"
 #include "kestrelhost/conversion.h"
-#include "xdocument.h"
 
 #include <gmock/gmock.h>
 

@@ -1,12 +1,12 @@
 // The dumps of a chart that is sent, whose numbers count through the life of a process.
 
-#include "story.h"
+#include "xdocument.h"
 
 #include "chart_test.h"
+#include "story.h"
 
 #include "host/data_store.h"
 #include "kestrelhost/templates.h"
-#include "xdocument.h"
 
 #include <gmock/gmock.h>
 
@@ -74,8 +74,8 @@ TEST_F(SendDumps, WithoutAStoreAreNotAskedForFirst) {
 TEST_F(SendDumps, StandBetweenTheAnnouncementsAndTheText) {
   document.SendXML("<chart/>");
   EXPECT_THAT(storyOf(recorder),
-              ElementsAre("zlib1213vexa::compressString", "put 2", "put 4", "dump xml_data_final_1.xml type 0",
-                          "dump final_xml_1.cmp type 9", "put 1"));
+              ElementsAre("zlib1213vexa::compressString", "put 2", "put 4",
+                          "dump xml_data_final_1.xml type 0", "dump final_xml_1.cmp type 9", "put 1"));
 }
 
 TEST_F(SendDumps, WithAStoreHoldTextAndDataInOne) {

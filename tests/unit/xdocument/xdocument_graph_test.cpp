@@ -1,17 +1,17 @@
 // The graph builder that a document makes on demand.
 
-#include "document_record.h"
-#include "story.h"
+#include "xdocument.h"
 
 #include "chart_test.h"
+#include "document_record.h"
 #include "schema_validator.h"
+#include "story.h"
+#include "xgraph.h"
 
 #include "host/data_store.h"
 #include "host/log.h"
 #include "model/document.h"
 #include "model/graph.h"
-#include "xdocument.h"
-#include "xgraph.h"
 
 #include <gmock/gmock.h>
 
@@ -193,8 +193,7 @@ TEST_F(RootlessChart, IsAFailureOfItsName) {
 TEST_F(RootlessChart, IsAFailureOfItsSend) {
   recorder.clear();
   EXPECT_FALSE(document.SendChart(false, false, false));
-  EXPECT_THAT(storyOf(recorder),
-              ElementsAre("log: Failed to send chart.", "user: Chart XML Send Error"));
+  EXPECT_THAT(storyOf(recorder), ElementsAre("log: Failed to send chart.", "user: Chart XML Send Error"));
 }
 
 }  // namespace

@@ -1,17 +1,17 @@
-// Who frees what, in which order. Under the address sanitizer each of these also shows that nothing is freed twice, used
-// after its end, or left behind.
+// Who frees what, in which order. Under the address sanitizer each of these also shows that nothing is freed
+// twice, used after its end, or left behind.
 
-#include "document_record.h"
-#include "story.h"
+#include "xdocument.h"
 
 #include "chart_test.h"
+#include "document_record.h"
+#include "story.h"
+#include "xgraph.h"
 
 #include "host/data_store.h"
 #include "host/messages.h"
 #include "kestrelhost/conversion.h"
 #include "model/document.h"
-#include "xdocument.h"
-#include "xgraph.h"
 
 #include <gmock/gmock.h>
 #include <xercesc/dom/DOM.hpp>
@@ -233,6 +233,20 @@ TEST_F(StoreOfTheCaller, ThatIsTakenAwayBehindTheGraphLeavesTheGraphItsOwn) {
   document->SetChartData(nullptr);
   std::unique_ptr<XSource> const second(document->getGraph()->AddSource());
   EXPECT_EQ(read(), nullptr);
+  end();
+}
+
+TEST_F(StoreOfTheCaller, TakesThePlaceOfOneWhoseGraphWasNeverFinished) {
+  LumoDocument model;
+  document = std::make_unique<XDocument>(model);
+  {
+    // Behind the id and the version comes the graph.
+    ChangeTrap const trap(model, 3, throwGoToCaller());
+    EXPECT_THROW(document->getGraph(), VexaGoToCaller);
+  }
+  document->SetChartData(store.release());
+  VarDataProcessor* const made = document->getGraph()->clearData();
+  EXPECT_EQ(read(), made);
   end();
 }
 

@@ -1,13 +1,13 @@
 // The parse that all chart text goes through: what it gives, what it reports, and what it refuses.
 
-#include "chart_parser.h"
-#include "story.h"
+#include "xdocument.h"
 
+#include "chart_parser.h"
 #include "chart_test.h"
+#include "story.h"
 
 #include "host/messages.h"
 #include "kestrelhost/log.h"
-#include "xdocument.h"
 
 #include <gmock/gmock.h>
 #include <sys/mman.h>
@@ -129,8 +129,7 @@ TEST_F(Parse, OfMalformedTextDumpsTheTextAndThenLogsTheMessage) {
   parse("<a><b></a>");
   EXPECT_THAT(storyOf(recorder), ElementsAre("dump parseError_0.xml type 0",
                                              "log: parseDocument fatal error while parsing: " + errorText));
-  EXPECT_EQ(recorder.dumps(),
-            (std::vector<RecordedDump>{{"<a><b></a>", "parseError_", ".xml", 0, 0}}));
+  EXPECT_EQ(recorder.dumps(), (std::vector<RecordedDump>{{"<a><b></a>", "parseError_", ".xml", 0, 0}}));
 }
 
 TEST_F(Parse, OfMalformedTextNeverTellsTheUser) {
@@ -193,9 +192,8 @@ TEST_F(ParseThatThrows, AFailureOfTheXMLLibraryLogsItWithItsMessageAndADump) {
   FailingParser failing([] { ThrowXML(xercesc::RuntimeException, xercesc::XMLExcepts::CPtr_PointerIsZero); });
   EXPECT_EQ(XDocument::parseDocument("<a/>", errorText, &failing), nullptr);
   EXPECT_EQ(errorText, "NULL pointer");
-  EXPECT_THAT(storyOf(recorder),
-              ElementsAre("dump parseError_0.xml type 0",
-                          "log: parseDocument fatal error while parsing: NULL pointer"));
+  EXPECT_THAT(storyOf(recorder), ElementsAre("dump parseError_0.xml type 0",
+                                             "log: parseDocument fatal error while parsing: NULL pointer"));
 }
 
 TEST_F(ParseThatThrows, AnExceptionOfAParserThatHasNoPlaceLogsItsFailureWithoutADump) {
@@ -206,9 +204,8 @@ TEST_F(ParseThatThrows, AParseExceptionLogsItWithItsMessageAndADump) {
   FailingParser failing([] { throw xercesc::SAXParseException(u"of their own", u"", u"", 1, 1); });
   EXPECT_EQ(XDocument::parseDocument("<a/>", errorText, &failing), nullptr);
   EXPECT_EQ(errorText, "of their own");
-  EXPECT_THAT(storyOf(recorder),
-              ElementsAre("dump parseError_0.xml type 0",
-                          "log: parseDocument fatal error while parsing: of their own"));
+  EXPECT_THAT(storyOf(recorder), ElementsAre("dump parseError_0.xml type 0",
+                                             "log: parseDocument fatal error while parsing: of their own"));
 }
 
 /// Whether the text goes through a parser of ours or through a plain one of the caller's.
@@ -285,8 +282,9 @@ TEST_P(AnyParser, TakesGoodTextAfterItHasRefusedAnother) {
 }
 
 TEST_P(AnyParser, TakesATextThatNamesASchemaWithoutLookingForIt) {
-  EXPECT_TRUE(accepts("<a xmlns='urn:names' xmlns:xsi='http://www.w3.org/2001/XMLSchema-instance' "
-                      "xsi:schemaLocation='urn:names file:///nowhere/names.xsd'/>"))
+  EXPECT_TRUE(
+      accepts("<a xmlns='urn:names' xmlns:xsi='http://www.w3.org/2001/XMLSchema-instance' "
+              "xsi:schemaLocation='urn:names file:///nowhere/names.xsd'/>"))
       << errorText;
   EXPECT_THAT(recorder.entries(), IsEmpty());
 }
@@ -319,6 +317,31 @@ TEST_F(Parse, AsksForNoSchemaThatTheTextNames) {
       errorText, &asking);
   EXPECT_NE(document, nullptr);
   EXPECT_THAT(asking.asked, IsEmpty());
+}
+
+/// A plain parser that counts the elements that it sees.
+class CountingParser : public XercesDOMParser {
+ public:
+  void startElement(xercesc::XMLElementDecl const& declaration, unsigned int uri, XMLCh const* prefix,
+                    xercesc::RefVectorOf<xercesc::XMLAttr> const& attributes, XMLSize_t count, bool isEmpty,
+                    bool isRoot) override {
+    ++elements;
+    XercesDOMParser::startElement(declaration, uri, prefix, attributes, count, isEmpty, isRoot);
+  }
+
+  int elements = 0;
+};
+
+TEST_F(Parse, LeavesMalformedTextToTheCallersParser) {
+  CountingParser counting;
+  EXPECT_EQ(XDocument::parseDocument("<a><b></a>", errorText, &counting), nullptr);
+  EXPECT_EQ(counting.elements, 2);
+}
+
+TEST_F(Parse, DoesNotLetTheCallersParserSeeWhatIsRefused) {
+  CountingParser counting;
+  EXPECT_EQ(XDocument::parseDocument(nested(1001), errorText, &counting), nullptr);
+  EXPECT_EQ(counting.elements, 0);
 }
 
 TEST_F(Parse, RefusesATextThatIsLongerThanAnyChart) {

@@ -1,14 +1,14 @@
 // What survives a failure at each step of the send sequence.
 
-#include "document_record.h"
-#include "story.h"
+#include "xdocument.h"
 
 #include "chart_test.h"
+#include "document_record.h"
+#include "story.h"
+#include "xgraph.h"
 
 #include "host/messages.h"
 #include "model/document.h"
-#include "xdocument.h"
-#include "xgraph.h"
 
 #include <gmock/gmock.h>
 
@@ -26,9 +26,9 @@ using host::RecordedMessage;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-/// A chart with a source and an attached file. Its puts are, in this order: description (1), its English form (2), size
-/// (3), compressed size (4) and text (5) of the chart, size (6) and stream (7) of the data, name (8) and content (9) of
-/// the file, end record (10).
+/// A chart with a source and an attached file. Its puts are, in this order: description (1), its English form
+/// (2), size (3), compressed size (4) and text (5) of the chart, size (6) and stream (7) of the data, name
+/// (8) and content (9) of the file, end record (10).
 class FailedSend : public ChartTest {
  protected:
   FailedSend() {
@@ -56,9 +56,8 @@ TEST_F(FailedSend, OfNoChartTellsTheUserAndThenTheLogAndSendsNothing) {
   XDocument empty{std::string()};
   recorder.clear();
   EXPECT_FALSE(empty.SendChart(false, false, false));
-  EXPECT_THAT(storyOf(recorder),
-              ElementsAre("user: Chart XML Send Error",
-                          "log: Error in XDocument::SendChart() - no LumoDocument"));
+  EXPECT_THAT(storyOf(recorder), ElementsAre("user: Chart XML Send Error",
+                                             "log: Error in XDocument::SendChart() - no LumoDocument"));
   EXPECT_EQ(recorder.userMessages(),
             (std::vector<RecordedMessage>{{"Chart XML Send Error", true, "", {}, 2, 2}}));
 }
@@ -89,8 +88,8 @@ TEST_F(FailedSend, OfTheTextSkipsEverythingButTheEndRecord) {
   recorder.failAt(Operation::IpcPutC, 5);
   EXPECT_FALSE(send());
   EXPECT_THAT(storyOf(recorder),
-              ElementsAre("put 0", "put 9", "trace: Heights", "zlib1213vexa::compressString", "put 2", "put 4",
-                          "put 1", "log: Failed to send chart XML", "put 3"));
+              ElementsAre("put 0", "put 9", "trace: Heights", "zlib1213vexa::compressString", "put 2",
+                          "put 4", "put 1", "log: Failed to send chart XML", "put 3"));
   EXPECT_EQ(recordOf(document).mChartData, nullptr);
 }
 
@@ -155,13 +154,12 @@ TEST_F(FailedSend, OfAFilesContentIsForgottenBehindTheNextFile) {
 TEST_F(FailedSend, OfAFetchTellsTheUserTheNameAndGoesOn) {
   document.AddCSVFile("^1.csv");
   EXPECT_TRUE(send());
-  EXPECT_EQ(recorder.userMessages(),
-            (std::vector<RecordedMessage>{{"^1.csv not a valid file name...",
-                                           true,
-                                           "^1 not a valid file name...",
-                                           {RecordedCell{"^1.csv", false}},
-                                           2,
-                                           2}}));
+  EXPECT_EQ(recorder.userMessages(), (std::vector<RecordedMessage>{{"^1.csv not a valid file name...",
+                                                                    true,
+                                                                    "^1 not a valid file name...",
+                                                                    {RecordedCell{"^1.csv", false}},
+                                                                    2,
+                                                                    2}}));
   EXPECT_EQ(recorder.count(Operation::Error), 0u);
   EXPECT_THAT(typesOf(recorder), ElementsAre(0, 9, 2, 4, 1, 5, 8, 11, 6, 3));
 }
@@ -228,15 +226,16 @@ TEST_P(InnerGuard, LetsTheHostsSignalThroughWithoutAReport) {
   EXPECT_EQ(payloadOf(recorder, CXT_DONE), "");
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Steps, InnerGuard,
-    ::testing::Values(ThrowingStep{"Compression", Operation::CompressString, 1},
-                      ThrowingStep{"Size", Operation::IpcPutC, 3}, ThrowingStep{"Text", Operation::IpcPutC, 5},
-                      ThrowingStep{"TraceOfTheText", Operation::PrintDebugInfo, 2},
-                      ThrowingStep{"DataStream", Operation::GetDataStream, 1},
-                      ThrowingStep{"Data", Operation::IpcPutC, 7}, ThrowingStep{"Fetch", Operation::Fetch, 1},
-                      ThrowingStep{"FileContent", Operation::IpcPutC, 9}),
-    [](auto const& test) { return std::string(test.param.name); });
+INSTANTIATE_TEST_SUITE_P(Steps, InnerGuard,
+                         ::testing::Values(ThrowingStep{"Compression", Operation::CompressString, 1},
+                                           ThrowingStep{"Size", Operation::IpcPutC, 3},
+                                           ThrowingStep{"Text", Operation::IpcPutC, 5},
+                                           ThrowingStep{"TraceOfTheText", Operation::PrintDebugInfo, 2},
+                                           ThrowingStep{"DataStream", Operation::GetDataStream, 1},
+                                           ThrowingStep{"Data", Operation::IpcPutC, 7},
+                                           ThrowingStep{"Fetch", Operation::Fetch, 1},
+                                           ThrowingStep{"FileContent", Operation::IpcPutC, 9}),
+                         [](auto const& test) { return std::string(test.param.name); });
 
 TEST_F(FailedSend, OfAFileBehindTheInnerGuardForgetsThatEarlierStepsWentWell) {
   recorder.throwAt(Operation::IpcPutC, 9, OrdinaryFailure());
@@ -273,7 +272,8 @@ TEST_P(OuterGuard, LetsTheHostsSignalThroughWithoutAReport) {
 
 INSTANTIATE_TEST_SUITE_P(Steps, OuterGuard,
                          ::testing::Values(ThrowingStep{"Description", Operation::IpcPutC, 1},
-                                           ThrowingStep{"TraceOfTheDescription", Operation::PrintDebugInfo, 1},
+                                           ThrowingStep{"TraceOfTheDescription", Operation::PrintDebugInfo,
+                                                        1},
                                            ThrowingStep{"EndRecord", Operation::IpcPutC, 10}),
                          [](auto const& test) { return std::string(test.param.name); });
 

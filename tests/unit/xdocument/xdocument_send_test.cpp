@@ -1,16 +1,16 @@
 // The sequence in which a chart goes to the client.
 
-#include "document_record.h"
-#include "story.h"
+#include "xdocument.h"
 
 #include "chart_test.h"
+#include "document_record.h"
 #include "schema_validator.h"
+#include "story.h"
+#include "xgraph.h"
 
 #include "host/messages.h"
 #include "kestrelhost/compression.h"
 #include "model/document.h"
-#include "xdocument.h"
-#include "xgraph.h"
 
 #include <gmock/gmock.h>
 
@@ -66,8 +66,8 @@ class Send : public ChartTest {
 TEST_F(Send, OfAPlainChartIsDescriptionTextAndEndRecord) {
   EXPECT_TRUE(send());
   EXPECT_THAT(storyOf(recorder),
-              ElementsAre("put 0", "put 9", "trace: Heights", "zlib1213vexa::compressString", "put 2", "put 4",
-                          "put 1", "trace: Done Sending XML", "put 3"));
+              ElementsAre("put 0", "put 9", "trace: Heights", "zlib1213vexa::compressString", "put 2",
+                          "put 4", "put 1", "trace: Done Sending XML", "put 3"));
 }
 
 TEST_F(Send, OfAFullChartHasDataAndFilesInTheirPlaces) {
@@ -77,10 +77,10 @@ TEST_F(Send, OfAFullChartHasDataAndFilesInTheirPlaces) {
   recorder.services().files->content = {{"first.csv", "a,b\n"}, {"second.csv", "c\n"}};
   EXPECT_TRUE(send());
   EXPECT_THAT(storyOf(recorder),
-              ElementsAre("put 0", "put 9", "trace: Heights", "zlib1213vexa::compressString", "put 2", "put 4",
-                          "put 1", "trace: Done Sending XML", "VarDataProcessor::GetDataStream", "put 5", "put 8",
-                          "trace: Done Sending Data", "fetch first.csv", "put 11", "put 6", "fetch second.csv",
-                          "put 11", "put 6", "put 3"));
+              ElementsAre("put 0", "put 9", "trace: Heights", "zlib1213vexa::compressString", "put 2",
+                          "put 4", "put 1", "trace: Done Sending XML", "VarDataProcessor::GetDataStream",
+                          "put 5", "put 8", "trace: Done Sending Data", "fetch first.csv", "put 11", "put 6",
+                          "fetch second.csv", "put 11", "put 6", "put 3"));
 }
 
 TEST_F(Send, TakesTheSameWayWhateverTheTwoFlagsSay) {
@@ -260,7 +260,8 @@ class WatchedDocument : public XDocument {
   bool SendXML(std::string const& xml) const override { return note("SendXML " + xml); }
   bool SendData() const override { return note("SendData"); }
   bool SendDone() const override { return note("SendDone"); }
-  bool SendContent(char const*, unsigned long, ChartXMLContentType type, ChartXMLContentSubType) const override {
+  bool SendContent(char const*, unsigned long, ChartXMLContentType type,
+                   ChartXMLContentSubType) const override {
     return note("SendContent " + std::to_string(type));
   }
 

@@ -1,12 +1,12 @@
 // What the caller asks of a document.
 
-#include "document_record.h"
+#include "xdocument.h"
 
 #include "chart_test.h"
+#include "document_record.h"
 
 #include "host/data_store.h"
 #include "model/document.h"
-#include "xdocument.h"
 
 #include <gmock/gmock.h>
 

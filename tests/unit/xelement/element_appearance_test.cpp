@@ -8,6 +8,7 @@
 
 #include <gmock/gmock.h>
 
+#include <cstdio>
 #include <limits>
 #include <map>
 #include <string>

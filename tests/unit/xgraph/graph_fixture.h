@@ -46,6 +46,7 @@ std::string caseName(testing::TestParamInfo<Row> const& tested) {
 template <typename T>
 std::vector<std::string> ids(std::vector<T*> const& elements) {
   std::vector<std::string> result;
+  result.reserve(elements.size());
   for (T const* element : elements) result.push_back(utf8(element->getId()));
   return result;
 }

@@ -12,7 +12,6 @@
 
 using namespace kestrel::test;
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 namespace {
 

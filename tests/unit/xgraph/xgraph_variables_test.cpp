@@ -3,7 +3,6 @@
 #include "change_log.h"
 #include "variable_graph.h"
 
-#include "host/log.h"
 #include "host/messages.h"
 #include "kestrelhost/data_source.h"
 #include "model/variables.h"
@@ -12,7 +11,6 @@
 
 using namespace kestrel::test;
 using kestrel::host::MemoryDataSource;
-using kestrel::host::MemoryVariable;
 using kestrel::host::Operation;
 using testing::ElementsAre;
 using testing::IsEmpty;

@@ -9,6 +9,7 @@
 #include "model/variables.h"
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <utility>
 #include <vector>

@@ -9,10 +9,12 @@
 #include "kestrelhost/host.h"
 
 #include <array>
+#include <cerrno>
 #include <filesystem>
 #include <memory>
 #include <set>
 #include <string>
+#include <system_error>
 #include <utility>
 
 namespace kestrel::tool {
@@ -51,11 +53,9 @@ class UnfinishedFile {
  public:
   explicit UnfinishedFile(fs::path finalName) : mFinalName(std::move(finalName)), mPath(mFinalName) {
     mPath += ".unfinished";
+    remove();
   }
-  ~UnfinishedFile() {
-    std::error_code ignored;
-    fs::remove(mPath, ignored);
-  }
+  ~UnfinishedFile() { remove(); }
   UnfinishedFile(UnfinishedFile const&) = delete;
   UnfinishedFile& operator=(UnfinishedFile const&) = delete;
 
@@ -64,6 +64,11 @@ class UnfinishedFile {
   void finish() const { moveFile(mPath, mFinalName); }
 
  private:
+  void remove() const {
+    std::error_code ignored;
+    fs::remove(mPath, ignored);
+  }
+
   fs::path mFinalName;
   fs::path mPath;
 };
@@ -92,10 +97,12 @@ bool barsCover(ChartRequest const& request, ChartData const& data) {
 
 std::string typeOf(Column const& column) {
   constexpr std::array names = {"numbers", "dates", "dates with times"};
-  std::string text =
-      column.type == ColumnType::Text
-          ? grouped(column.categories.size()) + (column.categories.size() == 1 ? " category" : " categories")
-          : names[static_cast<std::size_t>(column.type)];
+  std::string text;
+  if (column.type == ColumnType::Text) {
+    text = grouped(column.categories.size()) + (column.categories.size() == 1 ? " category" : " categories");
+  } else {
+    text = names[static_cast<std::size_t>(column.type)];
+  }
   if (column.type != ColumnType::Text && column.categorical) text += " as categories";
   if (column.missing > 0) text += ", " + grouped(column.missing) + " missing";
   return text;
@@ -108,6 +115,14 @@ std::string summary(UnfinishedFile const& file, CountedCapture const& capture, C
                      ", " + counted(capture.bytes(), "byte") + "\n";
   for (Column const& column : columns) text += "  " + printable(column.name) + ": " + typeOf(column) + "\n";
   return text;
+}
+
+std::shared_ptr<CountedCapture> openCapture(UnfinishedFile const& file) {
+  auto capture = std::make_shared<CountedCapture>(file.path());
+  if (capture->good()) return capture;
+  std::string const reason = std::generic_category().message(errno);
+  throw Problem(file.finalName() + ": cannot be made: " + reason + "; choose another folder",
+                Exit::NotWritten);
 }
 
 bool send(ChartRequest const& request, ChartData const& data,
@@ -131,10 +146,7 @@ void runChart(ChartRequest const& request) {
   }
   makeFolder(request.output);
   UnfinishedFile const file(fs::path(request.output) / "capture.kcap");
-  auto capture = std::make_shared<CountedCapture>(file.path());
-  if (!capture->good()) {
-    throw Problem(file.finalName() + ": cannot be made; choose another folder", Exit::NotWritten);
-  }
+  auto capture = openCapture(file);
   bool const sent = send(request, data, capture);
   if (!capture->flush()) {
     throw Problem(file.finalName() + ": cannot be written; is there room in the folder?", Exit::NotWritten);
