@@ -43,6 +43,8 @@ endfunction()
 macro(kestrel_test_executable executable sources)
   add_executable(${executable} ${sources})
   kestrel_target(${executable})
+  # Most of a build is the tests, and they do not run long enough to be worth optimising.
+  target_compile_options(${executable} PRIVATE $<$<CONFIG:Debug>:-O0>)
   target_include_directories(${executable} PRIVATE "${folder}" ${arg_INCLUDES})
   target_compile_definitions(${executable} PRIVATE KESTREL_SOURCE_DIR="${PROJECT_SOURCE_DIR}"
     KESTREL_SHARE_DIR="${PROJECT_SOURCE_DIR}/share" ${arg_DEFINITIONS})

@@ -87,7 +87,8 @@ class KESTREL_API XDocument {
   /// @throws ChartException if the document is empty
   virtual XGraph* getGraph();
 
-  /// Completes the chart and sends it: description, chart text, data, CSV files, end record.
+  /// Sends the chart: description, chart text, data, CSV files, end record. The document lets go of its data
+  /// store then: a second send has no data.
   /// @param ignoredFlag has no effect
   /// @param alreadyComplete sends the chart as it stands
   /// @param clearDataAfterSend empties the graph's data store after the send
@@ -146,16 +147,17 @@ class KESTREL_API XDocument {
 
   /// Parses `text` with the caller's parser, loading nothing from outside the text.
   /// @param errorText takes the parser's message when the text is not well formed
-  /// @return the document, owned by the parser and valid until its next parse; null on any failure, which is
-  /// logged
-  ///         but not shown to the user, and for a null parser
+  /// @return the document, owned by the parser and valid until its next parse; null for a null parser and on
+  /// any
+  ///         failure, which is logged but not shown to the user
   static xercesc::DOMDocument* parseDocument(std::string const& text, std::string& errorText,
                                              xercesc::XercesDOMParser* parser);
 
   /// False for an empty document.
   bool implementationExists() const;
 
-  /// The root of the chart model. The document must not be empty.
+  /// The root of the chart model.
+  /// @throws ChartException if the document is empty
   LumoVisualization* getVisualization() const;
 
   ChartString GetDescription() const;
@@ -191,7 +193,7 @@ class KESTREL_API XDocument {
   void setLUMORefMap(std::string const& name, std::string const& map);
 
   /// Makes the document use the caller's data store, which the caller keeps. A store that `getGraph` made
-  /// before stays with the graph.
+  /// before stays with the graph, and ends with the document.
   void SetChartData(VarDataProcessor* data);
 
  private:

@@ -175,6 +175,7 @@ class KESTREL_API XGraph : public XBaseElement {
   XAxis finishAxis(LumoDimension& dimension, LumoAxis& axis, ChartString const& label);
   void collectPanelVariable(XVariable& variable, ROLE role);
   void registerColumn(std::string const& sourceKey, XVariable const& variable);
+  void registerColumn(XSource const& source, XVariable const& variable);
 
   LumoVisualization* mVisualization;
   VarDataProcessor* mProcessor;

@@ -47,7 +47,8 @@ int CaptureChannel::put(std::int64_t identifier, void const* bytes, std::size_t 
   auto const size = littleEndian(static_cast<std::int64_t>(length));
   bool const written =
       write(number.data(), number.size()) && write(size.data(), size.size()) && write(bytes, length);
-  return written ? success : failure;
+  // Through to the file at once, so that a put which could not be stored is not taken for a success.
+  return written && flush() ? success : failure;
 }
 
 bool CaptureChannel::flush() {

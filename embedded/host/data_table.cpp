@@ -31,7 +31,9 @@ void Cells::reserve(std::uint32_t capacity) {
 }
 
 void DataTable::addColumn(std::string const& name) {
-  if (mIndex.try_emplace(name, mColumns.size()).second) mColumns.emplace_back(name);
+  if (mIndex.contains(name)) return;
+  mColumns.emplace_back(name);
+  mIndex.emplace(name, mColumns.size() - 1);
 }
 
 Column* DataTable::find(std::string const& name) {

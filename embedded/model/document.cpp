@@ -12,6 +12,8 @@ using xercesc::DOMElement;
 
 LumoChangeObserver::~LumoChangeObserver() = default;
 
+void LumoDocument::holdXmlLibrary() { kestrel::model::holdXmlLibrary(); }
+
 LumoDocument::LumoDocument() : tree_(std::make_unique<LumoTree>()) {}
 
 LumoDocument::LumoDocument(DOMDocument* document) {

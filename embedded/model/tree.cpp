@@ -21,8 +21,9 @@ namespace {
 
 constexpr char16_t chartNamespace[] = u"http://xml.vexa.example/visualization";
 constexpr char16_t declarationNamespace[] = u"http://www.w3.org/2000/xmlns/";
-/// The document's user data: its tree.
-constexpr char16_t treeKey[] = u"lumochart.tree";
+/// The document's user data: its tree. Elements carry their object under their own name, which can never be
+/// this one: a name has no blank.
+constexpr char16_t treeKey[] = u"lumochart tree";
 
 }  // namespace
 

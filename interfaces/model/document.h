@@ -50,6 +50,10 @@ class LUMO_API LumoDocument {
   /// (control characters, half a surrogate pair) is dropped, so that it always parses again.
   virtual std::string AsUTF8() const;
 
+  /// Holds the XML library ready for the rest of the process, however often others end their use of it. Every
+  /// constructor does so by itself.
+  static void holdXmlLibrary();
+
   xercesc::DOMDocument* getImplementation() const noexcept;
   /// Not owned; null for none.
   void setChangeObserver(LumoChangeObserver* observer) noexcept;

@@ -7,6 +7,9 @@
 
 namespace kestrel {
 
+/// Whether a caller's text says nothing: null counts as empty.
+inline bool isEmpty(char16_t const* text) { return text == nullptr || *text == u'\0'; }
+
 /// A number as the chart text has it: up to 16 significant digits.
 inline ChartString numberText(double value) {
   ChartString text;

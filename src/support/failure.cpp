@@ -19,25 +19,23 @@ void log(ChartException const& failure) {
 }  // namespace
 
 void reportFailure(char const* context, char const* file, unsigned int line) {
-  // The text is the same also where nothing is being converted: clients know it.
-  BpString const text("Unknown Error occurred while converting to LumoML2.0.", true);
-  BpError(text, shown, level);
-  ChartException const failure(context, file, line);
-  ChartErrorHandler handler;
-  handler.error(failure);
+  tellUser(unknownError);
+  log(ChartException(context, file, line));
 }
 
 void logFailure(std::string const& message, char const* file, unsigned int line) {
   log(ChartException(message, file, line));
 }
 
-void tellUser(char const* text) { BpError(BpString(text, true), shown, level); }
+void tellUser(BpCellText const& message) { BpError(message, shown, level); }
+
+void tellUser(char const* text) { tellUser(BpString(text, true)); }
 
 void tellUser(char const* pattern, std::string const& detail) {
   BpComposite message(pattern, true);
   message.Add(BpString(detail, false));
   message.Finish();
-  BpError(message, shown, level);
+  tellUser(message);
 }
 
 void reportAndThrow(std::string const& message, char const* file, unsigned int line) {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-class ChartException;
+class BpCellText;
 
 namespace kestrel {
 
@@ -12,6 +12,13 @@ void reportFailure(char const* context, char const* file, unsigned int line);
 
 /// Writes to the log only.
 void logFailure(std::string const& message, char const* file, unsigned int line);
+
+/// What the user is told of a failure that has no words of its own. The text is the same also where nothing
+/// is being converted: clients know it.
+inline constexpr char const* unknownError = "Unknown Error occurred while converting to LumoML2.0.";
+
+/// Shows a message to the user, as gravely as every message of the library.
+void tellUser(BpCellText const& message);
 
 /// Shows a text of the system to the user.
 void tellUser(char const* text);
@@ -33,7 +40,7 @@ void tellUser(char const* pattern, std::string const& detail);
 template <typename T>
 T& present(T* object, char const* what, char const* file = __builtin_FILE(),
            unsigned int line = __builtin_LINE()) {
-  if (object == nullptr) throwFailure(std::string("The chart has no ") + what, file, line);
+  if (object == nullptr) throwFailure(std::string("There is no ") + what, file, line);
   return *object;
 }
 

@@ -92,7 +92,7 @@ void XAxis::setScale(ENUM_method method, bool invert, double base) {
 
 void XAxis::invertScale(double origin) {
   guarded("Error in XAxis::invertScale()", [&] {
-    LumoScale& scale = findOrMakeScale(*mDimension, static_cast<LumoScale::ENUM_method>(1));
+    LumoScale& scale = findOrMakeScale(*mDimension, LumoScale::Method1);
     scale.setInvert(true);
     scale.setOrigin(numberText(origin).xc_str());
   });

@@ -4,6 +4,7 @@
 
 #include "xvariable.h"
 
+#include "support/chart_parts.h"
 #include "support/chart_text.h"
 #include "support/guard.h"
 
@@ -12,35 +13,19 @@
 #include "model/tokens.h"
 #include "model/variables.h"
 
+using kestrel::addCategoricalDomain;
+using kestrel::addIntervalDomain;
 using kestrel::guarded;
-using kestrel::numbered;
 using kestrel::numberText;
-using kestrel::present;
+using kestrel::visualizationOf;
 
 namespace {
-
-LumoVisualization& visualizationOf(LumoDimension const& dimension) {
-  return present(dimension.getVisualization(), "visualization");
-}
-
-/// A new domain; its number is the count of its kind before.
-LumoIntervalDomain& makeIntervalDomain(LumoDimension const& dimension) {
-  LumoVisualization& visualization = visualizationOf(dimension);
-  ChartString const id = numbered(LumoUni::_intervalDomain, visualization.getIntervalDomains().size());
-  return *visualization.addIntervalDomain(id.xc_str());
-}
-
-LumoCategoricalDomain& makeCategoricalDomain(LumoDimension const& dimension) {
-  LumoVisualization& visualization = visualizationOf(dimension);
-  ChartString const id = numbered(LumoUni::_categoricalDomain, visualization.getCategoricalDomains().size());
-  return *visualization.addCategoricalDomain(id.xc_str());
-}
 
 /// The dimension's domain, of whatever kind it is, or a new one of intervals, which is not set on the
 /// dimension yet.
 CTDomainType& findOrMakeIntervalDomain(LumoDimension const& dimension) {
   CTDomainType* domain = dimension.getDomain();
-  return domain != nullptr ? *domain : makeIntervalDomain(dimension);
+  return domain != nullptr ? *domain : addIntervalDomain(visualizationOf(dimension));
 }
 
 void addRange(LumoDimension& dimension, double min, double const* max) {
@@ -67,7 +52,7 @@ void XAxis::addIntervalVariableReference(XVariable const& variable) {
   guarded("Error in XAxis::addIntervalVariableReference()", [&] {
     CTDomainType* domain = mDimension->getDomain();
     if (domain == nullptr) {
-      LumoIntervalDomain& made = makeIntervalDomain(*mDimension);
+      LumoIntervalDomain& made = addIntervalDomain(visualizationOf(*mDimension));
       mDimension->setDomain(made);
       domain = &made;
     }
@@ -79,7 +64,7 @@ void XAxis::addCategoricalVariableReference(XVariable const& variable) {
   guarded("Error in XAxis::addCategoricalVariableReference()", [&] {
     CTDomainType* domain = mDimension->getDomain();
     if (domain == nullptr) {
-      LumoCategoricalDomain& made = makeCategoricalDomain(*mDimension);
+      LumoCategoricalDomain& made = addCategoricalDomain(visualizationOf(*mDimension));
       mDimension->setDomain(made);
       domain = &made;
     }

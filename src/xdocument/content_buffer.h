@@ -1,9 +1,14 @@
 #pragma once
 
+#include "chartxmlcontent.h"
+
 #include <cstddef>
 #include <cstdint>
 
 namespace kestrel {
+
+/// What nearly every content is sent with.
+constexpr ChartXMLContentSubType noSubType{0};
 
 /// Layout of the chart content message, in the machine's byte order:
 /// type (1 byte), subtype (1), reserved (2), chunk size (4), payload, and 4 bytes of trailer that carry no

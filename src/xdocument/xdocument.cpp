@@ -96,24 +96,25 @@ XGraph* XDocument::getGraph() {
     visualization.setId(ChartBase::_frame_graph_1);
     visualization.setVersion(2.8);
     if (mData->mChartData == nullptr) {
-      mData->mOwnData = std::make_unique<VarDataProcessor>();
-      mData->mChartData = mData->mOwnData.get();
+      mData->mMadeData = std::make_unique<VarDataProcessor>();
+      mData->mChartData = mData->mMadeData.get();
     }
-    mData->mGraph = new XGraph(visualization, mData->mChartData);
+    mData->mGraph = std::make_unique<XGraph>(visualization, mData->mChartData);
     mData->mGraphData = mData->mChartData;
   }
-  return mData->mGraph;
+  return mData->mGraph.get();
 }
 
 XGraph* XDocument::getExternalGraph() {
   requireDocument();
-  if (mData->mGraph == nullptr) mData->mGraph = new XGraph(present(getVisualization(), "visualization"));
-  return mData->mGraph;
+  if (mData->mGraph == nullptr) {
+    mData->mGraph = std::make_unique<XGraph>(present(getVisualization(), "visualization"));
+  }
+  return mData->mGraph.get();
 }
 
 std::string XDocument::fetchTemplateFile(std::string name) {
   // No separator: the base folder ends with one.
-  std::string const folder =
-      present(PathFactory::getPathInstance(3), "base folder").getBasePath() + "template/";
-  return FetchFile().fetch(folder + name, true, true);
+  name.insert(0, present(PathFactory::getPathInstance(3), "base folder").getBasePath() + "template/");
+  return FetchFile().fetch(name, true, true);
 }

@@ -23,7 +23,7 @@
 
 namespace {
 
-constexpr ChartXMLContentSubType noSubType{0};
+using kestrel::noSubType;
 
 bool put(unsigned char const* message, std::size_t length) {
   std::int64_t const identifier = kestrel::chart_content::messageIdentifier;
@@ -40,8 +40,8 @@ unsigned long announced(std::string const& text) { return static_cast<std::uint3
 bool XDocument::SendContent(char const* data, unsigned long size, ChartXMLContentType type,
                             ChartXMLContentSubType subType) const {
   namespace layout = kestrel::chart_content;
-  // Cleared once, as far as the first and longest message goes: behind the payload of a last, shorter chunk the
-  // trailer repeats what the chunk before left there. Receivers ignore it.
+  // Cleared once, as far as the first and longest message goes: behind the payload of a last, shorter chunk
+  // the trailer repeats what the chunk before left there. Receivers ignore it.
   std::array<unsigned char, layout::bufferSize> buffer;
   unsigned long const longestChunk = std::min<unsigned long>(layout::longestPayload, size);
   std::memset(buffer.data(), 0, layout::payloadOffset + longestChunk + layout::trailerSize);
@@ -75,8 +75,7 @@ bool XDocument::SendDescription() const {
 
 namespace {
 
-/// The chart text and the data of the store in one text. The stream stays with the transformer: it is not
-/// freed here.
+/// The chart text and the data of the store in one text. Nobody frees the stream: relied upon.
 void dumpWithData(VarDataProcessor& store, std::string const& compressed, unsigned long number) {
   unsigned int size = 0;
   unsigned char const* const stream = store.GetDataStream(size);

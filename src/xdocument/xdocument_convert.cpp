@@ -28,7 +28,7 @@ using kestrel::tellUser;
 
 namespace {
 
-constexpr char const* unknownError = "Unknown Error occurred while converting to LumoML2.0.";
+using kestrel::unknownError;
 constexpr char const* parseFailed = "Failed to parse LumoML2.0.  Error message returned was ^1.";
 constexpr char const* noJavaVM = "Could Not Start JVM";
 
@@ -103,8 +103,7 @@ class Conversion {
     tell("Could not convert LumoML1.4 into LumoML2.0.  Error message returned was ^1.",
          XUtility::ChartStringFromLocalCodePage(message.c_str()).toUTF8());
     log("Could not convert LumoML1.4 to LumoML2.2+ in XDocument::convertXML(lumoml2_x) - could not convert "
-        "lumoml1.4 "
-        "to lumoml2.2 - " +
+        "lumoml1.4 to lumoml2.2 - " +
         message);
     return false;
   }
@@ -126,7 +125,7 @@ class Conversion {
   /// Shows a text from the Java side as it is.
   void tellForeign(std::string const& text) const {
     BpString const message(text, false);
-    if (mReportErrors) BpError(message, static_cast<BpErrorShow>(2), static_cast<BpErrorLevel>(2));
+    if (mReportErrors) kestrel::tellUser(message);
   }
 
  private:
@@ -166,6 +165,66 @@ bool isRunning(VexaJVM& vm) {
   return vm.IsStarted();
 }
 
+/// The Java converter, started where it is needed; null where there is none, which is reported.
+/// @param runs counts a run that ends because the VM does not start, but no other one that ends here
+LumoConverter* startedConverter(Conversion const& conversion, int& runs) {
+  VexaJVM* const vm = VexaJVM::GetInstance();
+  if (vm == nullptr) {
+    log("Could not get JVM instance in XDocument::convertXML()");
+    conversion.tell(noJavaVM);
+    return nullptr;
+  }
+  if (!isRunning(*vm)) {
+    // The user first and then the log, and the run counts: both unlike the failures around it, and relied
+    // upon.
+    conversion.tell(noJavaVM);
+    log("Error in XDocument::convertXML() - Could not start JVM.");
+    ++runs;
+    return nullptr;
+  }
+  JNIEnv_* environment = nullptr;
+  vm->AttachCurrentThread(&environment);
+  LumoConverter* const converter = LumoConverter::GetInstance();
+  if (converter == nullptr || environment == nullptr) {
+    log(converter == nullptr ? "Could not get LumoConverter instance in XDocument::convertXML()"
+                             : "Could not get JNIEnv in XDocument::convertXML()");
+    conversion.tell(noJavaVM);
+    return nullptr;
+  }
+  if (!converter->IsStarted()) converter->StartConverter(vm->GetEnv());
+  return converter;
+}
+
+/// The chart of what the converter made; null where there is none, which is reported.
+std::unique_ptr<LumoDocument> parsedResult(Conversion const& conversion, xercesc::XercesDOMParser* parser) {
+  conversion.dumpResult();
+  std::string errorText;
+  if (auto* const parsed = XDocument::parseDocument(conversion.result(), errorText, parser)) {
+    ChartBase::printDebugInfo("Parsed XML");
+    return std::make_unique<LumoDocument>(parsed);
+  }
+  conversion.tell(parseFailed, errorText);
+  log("Error in XDocument::convertXML() - could not parse converted document.");
+  return nullptr;
+}
+
+/// Runs `body` under the handlers of the conversion itself, where a failure may come from the Java side.
+template <typename Body>
+void underConversionHandlers(Conversion const& conversion, Body&& body) {
+  try {
+    std::forward<Body>(body)();
+  } catch (JException* failure) {  // NOLINT(misc-throw-by-value-catch-by-reference): hosts throw it so
+    // The thrower keeps the object.
+    conversion.tellForeign(failure->getMessage());
+    log("Error in XDocument::convertXML() - JException");
+  } catch (VexaGoToCaller const&) {
+    throw;
+  } catch (...) {
+    conversion.tell(unknownError);
+    log("Error in XDocument::convertXML() - exception");
+  }
+}
+
 }  // namespace
 
 void XDocument::convertXML(std::string const& text, CONVERT_FROM from, bool reportErrors) {
@@ -173,56 +232,15 @@ void XDocument::convertXML(std::string const& text, CONVERT_FROM from, bool repo
   try {
     Conversion conversion(text, reportErrors, filenumber);
     kestrel::FloatEnvPreserver const floatEnvironment;
-    VexaJVM* const vm = VexaJVM::GetInstance();
-    if (vm == nullptr) {
-      log("Could not get JVM instance in XDocument::convertXML()");
-      conversion.tell(noJavaVM);
-      return;
-    }
-    if (!isRunning(*vm)) {
-      // The user first and then the log, and the run counts: both unlike the failures around it, and relied
-      // upon.
-      conversion.tell(noJavaVM);
-      log("Error in XDocument::convertXML() - Could not start JVM.");
-      ++filenumber;
-      return;
-    }
-    JNIEnv_* environment = nullptr;
-    vm->AttachCurrentThread(&environment);
-    LumoConverter* const converter = LumoConverter::GetInstance();
-    if (converter == nullptr || environment == nullptr) {
-      log(converter == nullptr ? "Could not get LumoConverter instance in XDocument::convertXML()"
-                               : "Could not get JNIEnv in XDocument::convertXML()");
-      conversion.tell(noJavaVM);
-      return;
-    }
-    if (!converter->IsStarted()) converter->StartConverter(vm->GetEnv());
-    try {
+    LumoConverter* const converter = startedConverter(conversion, filenumber);
+    if (converter == nullptr) return;
+    underConversionHandlers(conversion, [&] {
       ChartBase::printDebugInfo("Before Calling Converter");
       bool const converted = from == ConvertFromPDL ? conversion.fromPDL(*converter, mData->mUseUTF8)
                                                     : conversion.fromLumoML14(*converter);
       ChartBase::printDebugInfo("After Calling Converter");
-      if (converted) {
-        conversion.dumpResult();
-        std::string errorText;
-        if (auto* const parsed = parseDocument(conversion.result(), errorText, mData->mParser.get())) {
-          ChartBase::printDebugInfo("Parsed XML");
-          mData->mDocument = new LumoDocument(parsed);
-        } else {
-          conversion.tell(parseFailed, errorText);
-          log("Error in XDocument::convertXML() - could not parse converted document.");
-        }
-      }
-    } catch (JException* failure) {
-      // The thrower keeps the object.
-      conversion.tellForeign(failure->getMessage());
-      log("Error in XDocument::convertXML() - JException");
-    } catch (VexaGoToCaller const&) {
-      throw;
-    } catch (...) {
-      conversion.tell(unknownError);
-      log("Error in XDocument::convertXML() - exception");
-    }
+      if (converted) mData->mDocument = parsedResult(conversion, mData->mParser.get()).release();
+    });
     ++filenumber;
   } catch (VexaGoToCaller const&) {
     throw;

@@ -38,7 +38,7 @@ struct XDocument::XDocumentData {
   VarDataProcessor* mChartData = nullptr;
   bool mChartDataExternal = false;
   bool mOwnsDocument;
-  XGraph* mGraph = nullptr;
+  std::unique_ptr<XGraph> mGraph;
   bool mDoNotModify = false;
   bool mKeepFileTemplates = false;
   XDocument::EDITABLE mEditable = EditableDefault;
@@ -65,9 +65,10 @@ struct XDocument::XDocumentData {
   VarDataProcessor* mGraphData = nullptr;
   unsigned int mClearsSeen = 0;
 
-  /// The graph's store where nobody else frees it: made by `getGraph` or by `XGraph::clearData`. It stays the
+  /// The stores that nobody else frees: made by `getGraph`, and by `XGraph::clearData`. They stay the
   /// document's also when `SendChart` has let go of `mChartData`.
-  std::unique_ptr<VarDataProcessor> mOwnData;
+  std::unique_ptr<VarDataProcessor> mMadeData;
+  std::unique_ptr<VarDataProcessor> mClearedData;
 
  private:
   void followClearedGraph();

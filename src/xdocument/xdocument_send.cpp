@@ -2,6 +2,7 @@
 
 #include "xdocument.h"
 
+#include "content_buffer.h"
 #include "xdocument_data.h"
 #include "xgraph.h"
 
@@ -16,11 +17,11 @@
 #include <string>
 
 using kestrel::logFailure;
+using kestrel::noSubType;
 using kestrel::tellUser;
 
 namespace {
 
-constexpr ChartXMLContentSubType noSubType{0};
 constexpr char const* sendError = "Chart XML Send Error";
 
 void report(char const* message, unsigned int line = __builtin_LINE()) {
@@ -36,7 +37,7 @@ ChartString chartType() {
 
 }  // namespace
 
-// The first flag has no effect, and completion has no steps yet that the second could skip.
+// Neither flag has anything to decide: nothing is added to the chart before it is sent.
 bool XDocument::SendChart(bool, bool, bool clearDataAfterSend) {
   if (!implementationExists()) {
     tellUser(sendError);

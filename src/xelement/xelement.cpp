@@ -17,7 +17,7 @@
 using kestrel::guarded;
 
 XElement::XElement(CTElementType& element) : XBaseElement(element), mImplementation(&element) {
-  element.setLabelCollisionHandling(static_cast<CTElementType::ENUM_labelCollisionHandling>(1));
+  element.setLabelCollisionHandling(CTElementType::LabelCollisionHandling1);
 }
 
 void XElement::AddX(XVariable const& variable) {

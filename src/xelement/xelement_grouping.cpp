@@ -5,8 +5,8 @@
 #include "xgraph.h"
 #include "xvariable.h"
 
+#include "support/chart_parts.h"
 #include "support/chart_text.h"
-#include "support/extension.h"
 #include "support/guard.h"
 
 #include "host/chartbase.h"
@@ -21,13 +21,9 @@ using kestrel::findOrMakeExtension;
 using kestrel::guarded;
 using kestrel::joined;
 using kestrel::numbered;
-using kestrel::present;
+using kestrel::visualizationOf;
 
 namespace {
-
-LumoVisualization& visualizationOf(LumoBaseElement const& element) {
-  return present(element.getVisualization(), "visualization");
-}
 
 /// Exactly one cycle with one empty style, for a template to fill.
 LumoStyleCycle& addEmptyCycle(LumoVisualization& visualization, bool pattern) {
@@ -65,7 +61,7 @@ void XElement::Stack(XVariable const& variable, bool color, bool pattern, bool l
 void XElement::Cluster(XVariable const& variable, bool color, bool pattern, bool legend, bool label) {
   guarded("Error in XElement::cluster()", [&] {
     LumoStyleBy* styleBy = mImplementation->addStyleBy(nullptr);
-    // Counted behind the add: the first aesthetic ends in 1, the first cycle in 0.
+    // Counted behind the add: the first aesthetic ends in 1.
     ChartString const id = numbered(joined({mImplementation->getId(), u"_", pattern ? LumoUni::_pattern : u"",
                                             color ? LumoUni::_color : u"", LumoUni::_styleBy}),
                                     mImplementation->getStyleBys().size());

@@ -3,8 +3,8 @@
 
 #include "xgraph.h"
 
+#include "support/chart_parts.h"
 #include "support/chart_text.h"
-#include "support/extension.h"
 #include "support/guard.h"
 
 #include "host/chartbase.h"
@@ -88,9 +88,10 @@ XLegend XGraph::addLegend(char16_t const* text) {
 VarDataProcessor* XGraph::clearData() {
   // Also a store that the graph was given: from here on the graph acts as its owner.
   delete mProcessor;
+  // Told at once: the document must not free that store again, even where there is no memory for a new one.
   mProcessor = nullptr;
-  mProcessor = new VarDataProcessor;
   ++mClearCount;
+  mProcessor = new VarDataProcessor;
   for (XSource* source : mSources) source->clear(*mProcessor);
   return mProcessor;
 }

@@ -17,9 +17,7 @@ using kestrel::present;
 namespace {
 
 /// Every axis is repeated in the first way and shares its labels, also one that exists; written at each call.
-constexpr auto repeat = static_cast<LumoAxis::ENUM_repeat>(0);
-constexpr auto primaryTransform = static_cast<LumoAxis::ENUM_transform>(2);
-constexpr auto derivedTransform = static_cast<LumoAxis::ENUM_transform>(1);
+constexpr auto repeat = LumoAxis::Repeat0;
 
 LumoAxis* firstAxis(LumoDimension const& dimension) {
   auto const axes = dimension.getAxiss();
@@ -29,7 +27,7 @@ LumoAxis* firstAxis(LumoDimension const& dimension) {
 /// The first axis that maps its dimension directly, or (`primary` false) the first one that does not.
 LumoAxis* firstAxis(LumoDimension const& dimension, bool primary) {
   for (LumoAxis* axis : dimension.getAxiss()) {
-    if ((axis->getTransform() == primaryTransform) == primary) return axis;
+    if ((axis->getTransform() == LumoAxis::TransformPrimary) == primary) return axis;
   }
   return nullptr;
 }
@@ -40,8 +38,8 @@ LumoAxis& makeAxisOf(LumoDocument& document) {
   return *visualization->addGraph(u"graph")->addCoordinates(u"coordinates")->addDimension()->addAxis();
 }
 
-/// An axis that belongs to no chart that is ever sent. It and its document live as long as the process, so that no
-/// wrapper on it dangles.
+/// An axis that belongs to no chart that is ever sent. It is one for the process, and shared by all who ask
+/// for it: it and its document are never freed, so that no wrapper on it dangles.
 LumoAxis& axisOutsideTheChart() {
   static LumoDocument& document = *new LumoDocument;
   static LumoAxis& axis = makeAxisOf(document);
@@ -100,7 +98,7 @@ XAxis XGraph::AddDerivedYAxis(ChartString const& label, bool) {
     axis = &makeAxis(dimension, _secondaryYAxisId);
     axis->setOpposite(true);
   }
-  axis->setTransform(derivedTransform);
+  axis->setTransform(LumoAxis::TransformDerived);
   return finishAxis(dimension, *axis, label);
 }
 

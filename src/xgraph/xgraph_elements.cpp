@@ -11,8 +11,6 @@
 #include "model/style.h"
 #include "model/tokens.h"
 
-#include <xercesc/util/XMLString.hpp>
-
 using kestrel::numbered;
 using kestrel::present;
 
@@ -79,7 +77,7 @@ constexpr ElementRecipe point       {u"element_point_",          points,    Coll
 XElement XGraph::addElement(ElementRecipe const& recipe, char16_t const* name) {
   LumoGraph& graph = present(mGraph, "graph");
   ChartString id(recipe.idPrefix);
-  bool const named = xercesc::XMLString::stringLen(name) > 0;
+  bool const named = !kestrel::isEmpty(name);
   if (named) {
     ChartString idPart(name);
     idPart.replaceSubstring(u" ", u"_");

@@ -2,18 +2,17 @@
 
 #include "xgraph.h"
 
+#include "support/chart_parts.h"
 #include "support/chart_text.h"
-#include "support/extension.h"
 #include "support/guard.h"
 
 #include "host/chartbase.h"
 #include "model/document.h"
 #include "model/labels.h"
 
-#include <xercesc/util/XMLString.hpp>
-
 using kestrel::findOrMakeExtension;
 using kestrel::guarded;
+using kestrel::isEmpty;
 using kestrel::joined;
 
 /// What makes a title: its frame, the slot of the chart's extension that points at it, and its label's style.
@@ -40,8 +39,6 @@ constexpr TitleRecipe footnote2{"Error in XGraph::AddFootnote2()", ChartBase::_f
                                 &LumoExtensionVis::setFootnote2, u"label_footnote_2s"};
 constexpr TitleRecipe footnote3{"Error in XGraph::AddFootnote3()", ChartBase::_frame_footnote_3,
                                 &LumoExtensionVis::setFootnote3, u"label_footnote_3s"};
-
-bool isEmpty(char16_t const* text) { return xercesc::XMLString::stringLen(text) == 0; }
 
 }  // namespace
 

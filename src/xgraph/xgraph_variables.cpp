@@ -36,14 +36,16 @@ enum class Match { First, Last };
 
 /// The user source of that id, ignoring case. Which of several is taken differs by caller, and is relied
 /// upon.
-LumoUserSource& findSource(LumoVisualization const& visualization, ChartString const& id, Match match) {
+/// @param given the id as the caller has it, for the message
+LumoUserSource& findSource(LumoVisualization const& visualization, ChartString const& id, Match match,
+                           std::string const& given) {
   LumoUserSource* found = nullptr;
   for (LumoUserSource* source : visualization.getUserSources()) {
     if (!id.equalsi(source->getId())) continue;
     found = source;
     if (match == Match::First) break;
   }
-  if (found == nullptr) reportAndThrow("could not find source " + id.toUTF8());
+  if (found == nullptr) reportAndThrow("could not find source " + given);
   return *found;
 }
 
@@ -68,11 +70,15 @@ void XGraph::registerColumn(std::string const& sourceKey, XVariable const& varia
   if (mProcessor != nullptr) mProcessor->AddVariable(sourceKey, variable.getSourceName(), nullptr);
 }
 
+void XGraph::registerColumn(XSource const& source, XVariable const& variable) {
+  if (mProcessor != nullptr) registerColumn(idOf(source), variable);
+}
+
 XVariable XGraph::AddVariable(Vexa_Variable& variable, XSource& source, ProcedureDataSource const& data,
                               bool categorical) {
   XVariable wrapper(addSourceVariable(*mVisualization, categorical), variable, source, &data);
   wrapper.setCreator(XVariable::CreatorExternalDatasource);
-  registerColumn(idOf(source), wrapper);
+  registerColumn(source, wrapper);
   return wrapper;
 }
 
@@ -81,19 +87,19 @@ XVariable XGraph::AddAggregatedVariable(XSource& source, bool categorical, Chart
   if (!label.empty()) variable.setLabel(label.xc_str());
   XVariable wrapper(variable, source);
   wrapper.setCreator(XVariable::CreatorInternalAggregate);
-  registerColumn(idOf(source), wrapper);
+  registerColumn(source, wrapper);
   return wrapper;
 }
 
 XVariable XGraph::AddSystemVariable(bool systemVariable, XSource& source, bool categorical) {
   XVariable const wrapper(addSourceVariable(*mVisualization, categorical), systemVariable, source,
                           categorical);
-  registerColumn(idOf(source), wrapper);
+  registerColumn(source, wrapper);
   return wrapper;
 }
 
 XVariable XGraph::AddCaseNumVariable(std::string const& sourceName) {
-  LumoUserSource const& source = findSource(*mVisualization, fromUTF8(sourceName), Match::Last);
+  LumoUserSource const& source = findSource(*mVisualization, fromUTF8(sourceName), Match::Last, sourceName);
   XVariable const wrapper(addColumnVariable(*mVisualization, source, false, u"$CASENUM"));
   // The wrapper has no column of its own: the empty name is registered, under the source's name as it was
   // passed.
@@ -102,7 +108,7 @@ XVariable XGraph::AddCaseNumVariable(std::string const& sourceName) {
 }
 
 XVariable XGraph::AddWeightVariable(std::string const& sourceName) {
-  LumoUserSource const& source = findSource(*mVisualization, fromUTF8(sourceName), Match::Last);
+  LumoUserSource const& source = findSource(*mVisualization, fromUTF8(sourceName), Match::Last, sourceName);
   XVariable wrapper(addColumnVariable(*mVisualization, source, false, u"$WEIGHT"));
   wrapper.SetWeight(true);
   registerColumn(sourceName, wrapper);
@@ -111,7 +117,7 @@ XVariable XGraph::AddWeightVariable(std::string const& sourceName) {
 
 XVariable XGraph::AddExistingVariable(ChartString const& sourceId, bool categorical,
                                       ChartString const& sourceVariableName) {
-  LumoUserSource const& source = findSource(*mVisualization, sourceId, Match::First);
+  LumoUserSource const& source = findSource(*mVisualization, sourceId, Match::First, sourceId.toUTF8());
   XVariable const wrapper(
       addColumnVariable(*mVisualization, source, categorical, sourceVariableName.xc_str()));
   registerColumn(sourceId.toUTF8(), wrapper);

@@ -2,6 +2,7 @@
 
 #include "xvariable.h"
 
+#include "support/chart_text.h"
 #include "support/dictionary.h"
 #include "support/guard.h"
 
@@ -13,6 +14,7 @@
 #include <span>
 
 using kestrel::guarded;
+using kestrel::isEmpty;
 using kestrel::present;
 
 namespace {
@@ -98,8 +100,6 @@ void addNameRelabels(std::span<NamedValue const> rows, LumoFormat& format, Vexa_
     format.addRelabel(row.value, dictionary.text(longNames ? row.longKey : row.shortKey).xc_str());
   }
 }
-
-bool isEmpty(char16_t const* text) { return text == nullptr || *text == u'\0'; }
 
 }  // namespace
 

@@ -8,7 +8,6 @@
 
 using kestrel::host::Operation;
 using kestrel::test::inflated;
-using kestrel::test::littleEndianAt;
 using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;

@@ -73,7 +73,7 @@ TEST_F(Failure, IsLoggedWithMessageFileAndLine) {
 
 TEST_F(Failure, OfAMissingObjectIsAnExceptionThatNamesIt) {
   int* const nothing = nullptr;
-  EXPECT_EQ(thrownBy([&] { present(nothing, "axis"); }).message(), "The chart has no axis");
+  EXPECT_EQ(thrownBy([&] { present(nothing, "axis"); }).message(), "There is no axis");
   EXPECT_TRUE(recorder.entries().empty());
 }
 

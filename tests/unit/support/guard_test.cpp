@@ -50,8 +50,8 @@ TEST_F(Guard, ReportsWhateverIsThrownInTheSameWay) {
       [] { throw std::runtime_error("text of its own"); },
       [] { throw ChartException("text of its own", "file", 1); },
       [] { throw xercesc::DOMException(xercesc::DOMException::SYNTAX_ERR); },
-      [] { throw javaFailure; },
-      [] { throw &javaFailure; },
+      [] { throw JException("text of its own"); },
+      [] { throw &javaFailure; },  // NOLINT(misc-throw-by-value-catch-by-reference)
   };
   for (auto const& fail : failures) {
     recorder.clear();

@@ -320,7 +320,7 @@ class EndOfDocument : public ChartTest {
     auto& record = recordOf(*document);
     delete record.mDocument;
     record.mDocument = new Noting<LumoDocument>(gone, "chart");
-    record.mGraph = new Noting<XGraph>(gone, "graph", *record.mDocument->getVisualization());
+    record.mGraph.reset(new Noting<XGraph>(gone, "graph", *record.mDocument->getVisualization()));
     record.mParser = std::make_unique<Noting<xercesc::XercesDOMParser>>(gone, "parser");
     calls.actAtEnd([this] { gone.emplace_back("XML library"); });
     recorder.actAt(Operation::PrintDebugInfo, 1, [this] { gone.emplace_back("trace"); });

@@ -128,6 +128,16 @@ TEST_F(OldMarkup, SwallowsEvenTheHostsSignal) {
   EXPECT_EQ(recorder.userMessages().front().cells, (std::vector<RecordedCell>{{"", false}}));
 }
 
+TEST_F(OldMarkup, HoldsAFailureOfTheReportWithinTheConversion) {
+  recorder.throwAt(Operation::StartConverter, 1, OrdinaryFailure());
+  recorder.throwAt(Operation::BpError, 1, OrdinaryFailure());
+  XDocument const document("<graph/>");
+  EXPECT_FALSE(document.implementationExists());
+  EXPECT_THAT(reports(),
+              ElementsAre(unknownError, "user: Failed to parse LumoML2.0.  Error message returned was .",
+                          "log: Error in XDocument::XDocument(lumoml2_x) - "));
+}
+
 TEST_F(Conversion, StartsJavaAndTheConverterOnFirstUse) {
   XDocument const document = fromPDL("GRAPH");
   EXPECT_EQ(storyOf(recorder), afterStart({"trace: Before Calling Converter", "LumoConverter::PDLtoXML",

@@ -47,8 +47,8 @@ class VEXA_API NullChannel : public Channel {
 };
 
 /// Writes the messages to a file, in order and byte for byte: the eight bytes "KCAP0001", then for each
-/// message its identifier and its length, both as little-endian 64-bit integers, and its bytes. What is
-/// written stands in the file after flush(), and after the channel is gone.
+/// message its identifier and its length, both as little-endian 64-bit integers, and its bytes. A
+/// message stands in the file, or has failed, when put() returns.
 class VEXA_API CaptureChannel : public Channel {
  public:
   static constexpr char signature[] = "KCAP0001";

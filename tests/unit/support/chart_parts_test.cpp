@@ -1,4 +1,4 @@
-#include "support/extension.h"
+#include "support/chart_parts.h"
 
 #include "chart_test.h"
 
