@@ -21,6 +21,8 @@
 #include <xercesc/dom/DOMNodeList.hpp>
 #include <xercesc/util/XMLString.hpp>
 
+#include <algorithm>
+
 using kestrel::guarded;
 using kestrel::numbered;
 using kestrel::present;
@@ -105,10 +107,9 @@ void XGraph::setCellAspect(double aspect) {
 }
 
 bool XGraph::doesSourceExist(ChartString const& id) {
-  for (LumoUserSource* source : mVisualization->getUserSources()) {
-    if (id.equalsi(source->getId())) return true;
-  }
-  return false;
+  auto const sources = mVisualization->getUserSources();
+  return std::any_of(sources.begin(), sources.end(),
+                     [&id](LumoUserSource const* source) { return id.equalsi(source->getId()); });
 }
 
 std::vector<std::string> XGraph::getUserSourceNames() const {

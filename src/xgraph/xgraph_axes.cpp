@@ -112,8 +112,9 @@ XAxis XGraph::AddZAxis(ChartString const& label) {
   LumoCoordinates& coordinates = findOrMakeCoordinates();
   auto const dimensions = coordinates.getDimensions();
   // The true third dimension, unlike the one that getZDimension gives.
-  LumoDimension* dimension = dimensions.size() > 2 ? dimensions[2] : nullptr;
-  for (std::size_t count = dimensions.size(); count < 3; ++count) dimension = coordinates.addDimension();
-  LumoAxis* axis = firstAxis(*dimension);
-  return finishAxis(*dimension, axis != nullptr ? *axis : makeAxis(*dimension, _zAxisId), label);
+  LumoDimension* third = dimensions.size() > 2 ? dimensions[2] : nullptr;
+  for (std::size_t count = dimensions.size(); count < 3; ++count) third = coordinates.addDimension();
+  LumoDimension& dimension = present(third, "Z dimension");
+  LumoAxis* axis = firstAxis(dimension);
+  return finishAxis(dimension, axis != nullptr ? *axis : makeAxis(dimension, _zAxisId), label);
 }

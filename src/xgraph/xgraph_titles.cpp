@@ -10,6 +10,8 @@
 #include "model/document.h"
 #include "model/labels.h"
 
+#include <algorithm>
+
 using kestrel::findOrMakeExtension;
 using kestrel::guarded;
 using kestrel::isEmpty;
@@ -97,14 +99,22 @@ bool XGraph::AddSubTitle(char16_t const* text) {
   return added;
 }
 
+namespace {
+
+/// Whether a frame says of itself that it is the subtitle.
+bool isSubtitle(LumoLabelFrame const& frame) {
+  if (frame.getExtension() == nullptr) return false;
+  LumoLabel const* const label = frame.getLabel();
+  // 2 here, although the subtitle's own purpose is 3: relied upon.
+  return label != nullptr && label->getPurpose() == LumoLabel::PurposeTitle2;
+}
+
+}  // namespace
+
 bool XGraph::doesSubTitleExist() const {
   LumoExtensionVis const* const extension = mVisualization->getExtension();
   if (extension != nullptr && extension->getSubtitle() != nullptr) return true;
-  for (LumoLabelFrame const* frame : mVisualization->getLabelFrames()) {
-    if (frame->getExtension() == nullptr) continue;
-    LumoLabel const* const label = frame->getLabel();
-    // 2 here, although the subtitle's own purpose is 3: relied upon.
-    if (label != nullptr && label->getPurpose() == static_cast<LumoLabel::ENUM_purpose>(2)) return true;
-  }
-  return false;
+  auto const frames = mVisualization->getLabelFrames();
+  return std::any_of(frames.begin(), frames.end(),
+                     [](LumoLabelFrame const* frame) { return isSubtitle(*frame); });
 }

@@ -92,15 +92,14 @@ XVariable XGraph::AddAggregatedVariable(XSource& source, bool categorical, Chart
 }
 
 XVariable XGraph::AddSystemVariable(bool systemVariable, XSource& source, bool categorical) {
-  XVariable const wrapper(addSourceVariable(*mVisualization, categorical), systemVariable, source,
-                          categorical);
+  XVariable wrapper(addSourceVariable(*mVisualization, categorical), systemVariable, source, categorical);
   registerColumn(source, wrapper);
   return wrapper;
 }
 
 XVariable XGraph::AddCaseNumVariable(std::string const& sourceName) {
   LumoUserSource const& source = findSource(*mVisualization, fromUTF8(sourceName), Match::Last, sourceName);
-  XVariable const wrapper(addColumnVariable(*mVisualization, source, false, u"$CASENUM"));
+  XVariable wrapper(addColumnVariable(*mVisualization, source, false, u"$CASENUM"));
   // The wrapper has no column of its own: the empty name is registered, under the source's name as it was
   // passed.
   registerColumn(sourceName, wrapper);
@@ -118,8 +117,7 @@ XVariable XGraph::AddWeightVariable(std::string const& sourceName) {
 XVariable XGraph::AddExistingVariable(ChartString const& sourceId, bool categorical,
                                       ChartString const& sourceVariableName) {
   LumoUserSource const& source = findSource(*mVisualization, sourceId, Match::First, sourceId.toUTF8());
-  XVariable const wrapper(
-      addColumnVariable(*mVisualization, source, categorical, sourceVariableName.xc_str()));
+  XVariable wrapper(addColumnVariable(*mVisualization, source, categorical, sourceVariableName.xc_str()));
   registerColumn(sourceId.toUTF8(), wrapper);
   return wrapper;
 }

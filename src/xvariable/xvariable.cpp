@@ -49,7 +49,8 @@ XVariable::XVariable(LumoSourceVariable& variable, Vexa_Variable const& host, XS
     if (!label.empty()) variable.setLabel(label.xc_str());
     ChartString const shortLabel = getVexaVariableShortLabel();
     if (!shortLabel.empty()) variable.setShortLabel(shortLabel.xc_str());
-    setFormatBasedOnVexaVariable(host);
+    // No further class can have taken over yet.
+    setFormatBasedOnVexaVariable(host);  // NOLINT(clang-analyzer-optin.cplusplus.VirtualCall)
   });
 }
 
