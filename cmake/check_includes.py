@@ -40,7 +40,7 @@ AREAS = (
      ("tests/unit/tools", "tests/support", "tools/kestrel")),
     (r"tests/unit/([^/]+)/", r"unit/\1", API | CONFIGURATION | SUPPORT | {"support", r"family \1"},
      (r"tests/unit/\1", "tests/support", r"src/\1", "src")),
-    (r"tests/contract/([^/]+)/", r"contract/\1", {"model_api", "host_api", "schema validator"} | CONFIGURATION,
+    (r"tests/contract/([^/]+)/", r"contract/\1", {"model_api", "host_api", "schema validator"},
      (r"tests/contract/\1", "tests/support")),
     (r"tests/([^/]+)/", r"tests/\1", API | CONFIGURATION | SUPPORT, (r"tests/\1", "tests/support")),
 )

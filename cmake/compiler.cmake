@@ -68,6 +68,7 @@ function(kestrel_target target)
   endif()
   if(KESTREL_LTO)
     set_target_properties(${target} PROPERTIES INTERPROCEDURAL_OPTIMIZATION ON)
+    target_link_options(${target} PRIVATE ${KESTREL_FALSE_ALARMS})
   endif()
 endfunction()
 

@@ -5,6 +5,7 @@
 #include "data_table.h"
 
 #include <algorithm>
+#include <atomic>
 
 namespace kestrel::host {
 
@@ -12,7 +13,11 @@ namespace {
 
 StoreObserver* watcher = nullptr;
 
+std::atomic<std::size_t> live = 0;
+
 }  // namespace
+
+std::size_t liveStores() { return live; }
 
 void watchStores(StoreObserver* observer) { watcher = observer; }
 
@@ -46,6 +51,11 @@ using kestrel::host::StoreObserver;
 
 class VarDataProcessor::Store {
  public:
+  Store() { ++kestrel::host::live; }
+  Store(Store const&) = delete;
+  Store& operator=(Store const&) = delete;
+  ~Store() { --kestrel::host::live; }
+
   std::vector<DataTable*> const& tables() const { return mTables; }
 
   DataTable& open(std::string const& source, unsigned int rows) {

@@ -16,7 +16,9 @@
 #include <limits>
 #include <stdexcept>
 
-extern char** environ;
+#ifdef __APPLE__
+extern char** environ;  // other systems declare it in unistd.h
+#endif
 
 namespace kestrel::test {
 
@@ -48,6 +50,7 @@ class Redirections {
 
 int start(std::vector<std::string> const& command, Redirections const& redirections) {
   std::vector<char*> arguments;
+  arguments.reserve(command.size() + 1);
   for (std::string const& argument : command) arguments.push_back(const_cast<char*>(argument.c_str()));
   arguments.push_back(nullptr);
   pid_t process = 0;
@@ -80,7 +83,7 @@ Outcome CliTest::run(std::vector<std::string> const& command) const {
   Redirections redirections;
   redirections.add(STDOUT_FILENO, out);
   redirections.add(STDERR_FILENO, err);
-  Outcome const result{start(command, redirections), contentOf(out), contentOf(err)};
+  Outcome result{start(command, redirections), contentOf(out), contentOf(err)};
   fs::remove(out);
   fs::remove(err);
   return result;
@@ -127,7 +130,7 @@ std::vector<std::string> CliTest::filesIn(std::string const& name) const {
 
 std::string CliTest::chartText() const {
   auto const contents = decodeContents(decodeCapture(read("out/capture.kcap")));
-  std::string const text = inflated(onlyContent(contents, 1).bytes);
+  std::string text = inflated(onlyContent(contents, 1).bytes);
   std::vector<std::string> const errors = schemaErrors(text);
   for (std::string const& error : errors) ADD_FAILURE() << error;
   return text;
@@ -141,6 +144,7 @@ std::vector<double> CliTest::column(std::size_t index, std::size_t columns, std:
   std::size_t const bits = (rows + 63) / 64 * 8;
   std::size_t const start = stream.size() - 8 - (columns - index) * (bits + 8 * rows);
   std::vector<double> cells;
+  cells.reserve(rows);
   for (std::size_t row = 0; row < rows; ++row) {
     bool const present = (littleEndianAt(stream, start + row / 8, 1) >> (row % 8) & 1) != 0;
     double const value = std::bit_cast<double>(littleEndianAt(stream, start + bits + 8 * row, 8));

@@ -7,18 +7,8 @@
 #include "model/style.h"
 
 #include <gmock/gmock.h>
-#include <xercesc/dom/DOMNamedNodeMap.hpp>
 
 namespace kestrel::test {
-
-std::vector<std::string> attributeNames(LumoBaseElement const& element) {
-  std::vector<std::string> names;
-  auto const* const attributes = element.getImplementation()->getAttributes();
-  for (XMLSize_t index = 0; index < attributes->getLength(); ++index) {
-    names.push_back(utf8(attributes->item(index)->getNodeName()));
-  }
-  return names;
-}
 
 namespace {
 

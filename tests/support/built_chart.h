@@ -12,9 +12,6 @@
 
 namespace kestrel::test {
 
-/// The names of the element's attributes, sorted.
-std::vector<std::string> attributeNames(LumoBaseElement const& element);
-
 /// A chart with a style container and a graph, under a host whose calls are noted. What a test has made of
 /// the chart is validated at the end of the test.
 class BuiltChartTest : public ChartTest {

@@ -3,6 +3,7 @@
 #include "host/messages.h"
 #include "model/chartstring.h"
 
+#include <xercesc/dom/DOMNamedNodeMap.hpp>
 #include <xercesc/dom/DOMNodeList.hpp>
 
 #include <utility>
@@ -51,6 +52,15 @@ std::string attribute(xercesc::DOMElement const* element, char16_t const* name) 
 
 std::string attribute(LumoBaseElement const* element, char16_t const* name) {
   return element == nullptr ? "(absent)" : attribute(element->getImplementation(), name);
+}
+
+std::vector<std::string> attributeNames(LumoBaseElement const& element) {
+  auto const* const attributes = element.getImplementation()->getAttributes();
+  std::vector<std::string> names;
+  for (XMLSize_t index = 0, count = attributes->getLength(); index < count; ++index) {
+    names.push_back(utf8(attributes->item(index)->getNodeName()));
+  }
+  return names;
 }
 
 std::vector<std::string> childTags(LumoBaseElement const& element) {

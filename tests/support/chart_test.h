@@ -62,6 +62,9 @@ xercesc::DOMElement* onlyElementOf(LumoBaseElement const& element, char16_t cons
 std::string attribute(xercesc::DOMElement const* element, char16_t const* name);
 std::string attribute(LumoBaseElement const* element, char16_t const* name);
 
+/// The names of the element's attributes, sorted.
+std::vector<std::string> attributeNames(LumoBaseElement const& element);
+
 /// The tags of the child elements, in order.
 std::vector<std::string> childTags(LumoBaseElement const& element);
 

@@ -132,6 +132,17 @@ TEST(Document, SurvivesUnevenTerminationsOfTheXmlLibrary) {
   EXPECT_NE(another.AsUTF8(), "");
 }
 
+TEST(Document, OutlivesElementsOfAnyNameThatTheDomReleases) {
+  for (std::string const name : {"graph", "unknown", "lumochart.tree"}) {
+    ParsedChart parsed(chartText("<" + name + "/>"));
+    xercesc::DOMElement* const root = parsed.dom().getDocumentElement();
+    root->removeChild(root->getFirstElementChild())->release();
+    graphIn(parsed.chart());
+    EXPECT_EQ(childNames(parsed.chart()), std::vector<std::string>{"graph"}) << name;
+    EXPECT_NE(parsed.document().AsUTF8().find("<graph"), std::string::npos) << name;
+  }
+}
+
 TEST(Document, ManyComeAndGo) {
   for (int i = 0; i < 1000; ++i) {
     LumoDocument document;

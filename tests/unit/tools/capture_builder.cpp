@@ -45,8 +45,9 @@ CaptureBuilder& CaptureBuilder::content(unsigned int type, std::string const& pa
 CaptureBuilder& CaptureBuilder::interactive(unsigned int type, std::string const& payload) {
   for (std::size_t at = 0; at < payload.size(); at += 33980) {
     std::string const part = payload.substr(at, 33980);
-    put(318, littleEndian(1, 4) + littleEndian(type, 4) + littleEndian(part.size(), 4) + part +
-                 littleEndian(0, 4));
+    std::string message = littleEndian(1, 4);
+    message.append(littleEndian(type, 4)).append(littleEndian(part.size(), 4)).append(part);
+    put(318, message.append(4, '\0'));
   }
   return *this;
 }

@@ -19,6 +19,7 @@ namespace {
 std::vector<std::vector<std::string>> rowsOf(std::string const& text) {
   CsvTable const table = readCsv("t.csv", text);
   std::vector<std::vector<std::string>> rows;
+  rows.reserve(table.rows());
   for (std::size_t row = 0; row < table.rows(); ++row) {
     rows.emplace_back();
     for (std::size_t column = 0; column < table.columns(); ++column)

@@ -20,6 +20,7 @@ namespace {
 std::vector<std::string> faultsOf(std::string const& capture) {
   Inspection const inspection(capture);
   std::vector<std::string> texts;
+  texts.reserve(inspection.faults().size());
   for (auto const& fault : inspection.faults()) texts.push_back(fault.text);
   return texts;
 }

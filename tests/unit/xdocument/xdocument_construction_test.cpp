@@ -10,11 +10,13 @@
 
 #include "host/log.h"
 #include "kestrelhost/conversion.h"
+#include "kestrelhost/data_store.h"
 #include "model/document.h"
 #include "model/graph.h"
 
 #include <gmock/gmock.h>
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <utility>
@@ -182,6 +184,12 @@ TEST_F(XMLLibrary, LetsOtherFailuresPassToTheCaller) {
   expectNoReport(recorder);
 }
 
+TEST_F(XMLLibrary, LetsOtherFailuresOfItsEndPassToTheCaller) {
+  calls.actAtEnd([] { throw OrdinaryFailure(); });
+  EXPECT_THROW(XDocument::terminate(), OrdinaryFailure);
+  expectNoReport(recorder);
+}
+
 TEST_F(XMLLibrary, IsStartedWithItsUsualLocale) {
   XDocument::initialize();
   EXPECT_EQ(calls.locale(), "en_US");
@@ -300,18 +308,17 @@ TEST_F(EmptyDocument, IgnoresAName) {
   EXPECT_THAT(recorder.entries(), IsEmpty());
 }
 
-/// Notes when it ends.
+/// Tells when it ends.
 template <typename Part>
-class Noting : public Part {
+class Telling : public Part {
  public:
   template <typename... Arguments>
-  Noting(std::vector<std::string>& gone, std::string name, Arguments&&... arguments)
-      : Part(std::forward<Arguments>(arguments)...), mGone(gone), mName(std::move(name)) {}
-  ~Noting() override { mGone.push_back(mName); }
+  explicit Telling(std::function<void()> tell, Arguments&&... arguments)
+      : Part(std::forward<Arguments>(arguments)...), mTell(std::move(tell)) {}
+  ~Telling() override { mTell(); }
 
  private:
-  std::vector<std::string>& mGone;
-  std::string mName;
+  std::function<void()> mTell;
 };
 
 class EndOfDocument : public ChartTest {
@@ -319,29 +326,46 @@ class EndOfDocument : public ChartTest {
   EndOfDocument() {
     auto& record = recordOf(*document);
     delete record.mDocument;
-    record.mDocument = new Noting<LumoDocument>(gone, "chart");
-    record.mGraph.reset(new Noting<XGraph>(gone, "graph", *record.mDocument->getVisualization()));
-    record.mParser = std::make_unique<Noting<xercesc::XercesDOMParser>>(gone, "parser");
-    calls.actAtEnd([this] { gone.emplace_back("XML library"); });
-    recorder.actAt(Operation::PrintDebugInfo, 1, [this] { gone.emplace_back("trace"); });
+    record.mDocument = new Telling<LumoDocument>(note("chart"));
+    record.mGraph.reset(new Telling<XGraph>(note("graph"), *record.mDocument->getVisualization()));
+    record.mMadeData = std::make_unique<VarDataProcessor>();
+    record.mClearedData = std::make_unique<VarDataProcessor>();
+    record.mParser = std::make_unique<Telling<xercesc::XercesDOMParser>>(note("parser"));
+    calls.actAtEnd(note("XML library"));
+    recorder.actAt(Operation::PrintDebugInfo, 1, note("trace"));
+  }
+
+  /// A note that something ends, and before it that of the stores, which cannot tell by themselves.
+  std::function<void()> note(char const* name) {
+    return [this, name] {
+      if (mStoresThere && host::liveStores() == mStoresBefore) {
+        gone.emplace_back("stores");
+        mStoresThere = false;
+      }
+      gone.emplace_back(name);
+    };
   }
 
   std::vector<std::string> gone;
   LumoDocument first;
   PlatformCalls calls;
   std::unique_ptr<XDocument> document = std::make_unique<XDocument>();
+
+ private:
+  std::size_t const mStoresBefore = host::liveStores();
+  bool mStoresThere = true;
 };
 
 TEST_F(EndOfDocument, FreesEachPartBeforeWhatItStandsOn) {
   document.reset();
-  EXPECT_THAT(gone, ElementsAre("graph", "chart", "parser", "XML library", "trace"));
+  EXPECT_THAT(gone, ElementsAre("graph", "stores", "chart", "parser", "XML library", "trace"));
 }
 
 TEST_F(EndOfDocument, LeavesAChartAloneThatIsNotItsOwn) {
   std::unique_ptr<LumoDocument> const chart(recordOf(*document).mDocument);
   recordOf(*document).mOwnsDocument = false;
   document.reset();
-  EXPECT_THAT(gone, ElementsAre("graph", "parser", "XML library", "trace"));
+  EXPECT_THAT(gone, ElementsAre("graph", "stores", "parser", "XML library", "trace"));
 }
 
 using EndOfDocumentDeathTest = ChartTest;

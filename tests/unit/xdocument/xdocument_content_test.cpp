@@ -3,9 +3,11 @@
 #include "xdocument.h"
 
 #include "chart_test.h"
+#include "failing_paths.h"
 #include "story.h"
 
 #include "host/data_store.h"
+#include "host/log.h"
 #include "host/messages.h"
 #include "kestrelhost/compression.h"
 #include "model/document.h"
@@ -167,6 +169,18 @@ TEST_F(Description, WhoseSecondFormFailsHasFailed) {
   recorder.failAt(Operation::IpcPutC, 2);
   EXPECT_FALSE(document.SendDescription());
   EXPECT_THAT(storyOf(recorder), ElementsAre("put 0", "put 9", "trace: Heights"));
+}
+
+TEST_F(Description, ThatIsMissingFailsForTheCallerWhereTheHostHasNoPaths) {
+  NoPaths const none;
+  EXPECT_THROW(document.SendDescription(), ChartException);
+  EXPECT_THAT(recorder.entries(), IsEmpty());
+}
+
+TEST_F(Description, ThatIsGivenNeedsNoPaths) {
+  NoPaths const none;
+  document.SetDescription(u"Heights");
+  EXPECT_TRUE(document.SendDescription());
 }
 
 TEST_F(Description, ThatFailsIsNotReported) {

@@ -23,12 +23,23 @@ using host::RecordedDump;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-/// Joins by putting the data stream behind a word.
+/// Joins by putting the size of the data stream behind a word, and keeps the stream, which nobody else frees.
 class JoinedText : public host::DataDump {
  public:
-  std::string join(std::string const&, unsigned char const*, unsigned long size, char16_t const*) override {
+  std::string join(std::string const&, unsigned char const* stream, unsigned long size,
+                   char16_t const*) override {
+    mStreams.emplace_back(stream);
+    mSizes.push_back(size);
     return "joined with " + std::to_string(size) + " bytes";
   }
+
+  std::string stream(std::size_t index) const {
+    return {reinterpret_cast<char const*>(mStreams.at(index).get()), mSizes.at(index)};
+  }
+
+ private:
+  std::vector<std::unique_ptr<unsigned char const[]>> mStreams;
+  std::vector<std::size_t> mSizes;
 };
 
 class SendDumps : public ::testing::Test {
@@ -38,9 +49,9 @@ class SendDumps : public ::testing::Test {
     recorder.clear();
   }
 
-  static host::Host joining(host::MemoryServices const& services) {
+  host::Host joining() const {
     host::Host host = services.host();
-    host.dataDump = std::make_shared<JoinedText>();
+    host.dataDump = joiner;
     return host;
   }
 
@@ -53,7 +64,8 @@ class SendDumps : public ::testing::Test {
   void wantTheChart() { services.dumps->categories = {ChartBase::PrintChart}; }
 
   host::MemoryServices services;
-  host::Recorder recorder{joining(services)};
+  std::shared_ptr<JoinedText> joiner = std::make_shared<JoinedText>();
+  host::Recorder recorder{joining()};
   host::ScopedHost scope{recorder.host()};
   VarDataProcessor store;
   XDocument document;
@@ -100,6 +112,15 @@ TEST_F(SendDumps, WithAStoreAreJoinedFromTheCompressedTextAndTheStream) {
   EXPECT_EQ(joined.text("encoding"), "UTF-8");
   EXPECT_EQ(recorder.dumps().front(), (RecordedDump{"joined with " + std::to_string(size) + " bytes",
                                                     "xml_data_final_", ".xml", 1, 0}));
+}
+
+TEST_F(SendDumps, WithAStoreLeaveTheStreamToWhoeverJoinsIt) {
+  addStore();
+  wantTheChart();
+  document.SendXML("<chart/>");
+  unsigned int size = 0;
+  std::unique_ptr<unsigned char[]> const stream(store.GetDataStream(size));
+  EXPECT_EQ(joiner->stream(0), std::string(reinterpret_cast<char const*>(stream.get()), size));
 }
 
 TEST_F(SendDumps, WithAStoreThatNobodyWantsAreNone) {

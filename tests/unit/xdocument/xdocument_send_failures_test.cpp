@@ -4,6 +4,7 @@
 
 #include "chart_test.h"
 #include "document_record.h"
+#include "failing_paths.h"
 #include "story.h"
 #include "xgraph.h"
 
@@ -68,6 +69,13 @@ TEST_F(FailedSend, OfTheDescriptionLeavesTheClientWithoutAnEndRecord) {
   EXPECT_THAT(storyOf(recorder),
               ElementsAre("put 0", "trace: Heights", "log: Failed to send chart description"));
   EXPECT_EQ(recorder.count(Operation::BpError), 0u);
+}
+
+TEST_F(FailedSend, OfADescriptionThatCannotBeLookedUpSendsNothingAtAll) {
+  document.SetDescription(u"");
+  NoPaths const none;
+  EXPECT_FALSE(send());
+  EXPECT_THAT(storyOf(recorder), ElementsAre("log: Failed to send chart.", "user: Chart XML Send Error"));
 }
 
 TEST_F(FailedSend, OfTheDescriptionsEnglishFormIsOneOfTheDescription) {

@@ -279,6 +279,10 @@ TEST_F(ElementWidthTest, TheThirdValueSwitchesTheTextOnWhateverTheSecondIs) {
   EXPECT_THAT(widths(XElement::WidthPoints, 1, 0, 3), ElementsAre("1pt", "-", "0pt"));
 }
 
+TEST_F(ElementWidthTest, TheThirdValueSwitchesOnASecondOneBelowZeroToo) {
+  EXPECT_THAT(widths(XElement::WidthPoints, 1, -2, 3), ElementsAre("1pt", "-", "-2pt"));
+}
+
 TEST_F(ElementWidthTest, WithoutAThirdValueThereIsNoThirdText) {
   EXPECT_THAT(widths(XElement::WidthPoints, 1, 2, 0), ElementsAre("1pt", "2pt", "-"));
 }

@@ -5,8 +5,6 @@
 #include "host/chartbase.h"
 #include "model/style.h"
 
-#include <xercesc/dom/DOMNamedNodeMap.hpp>
-
 namespace kestrel::test {
 
 void EmptyChartTest::TearDown() {
@@ -18,15 +16,6 @@ void EmptyChartTest::TearDown() {
 std::vector<std::string> styleIds(LumoVisualization const& visualization) {
   LumoStyle const* const container = visualization.getStyleById(ChartBase::_container);
   return container == nullptr ? std::vector<std::string>() : ids(container->getStyles());
-}
-
-std::vector<std::string> attributeNames(LumoBaseElement const& element) {
-  std::vector<std::string> names;
-  auto const* const attributes = element.getImplementation()->getAttributes();
-  for (XMLSize_t index = 0, count = attributes->getLength(); index < count; ++index) {
-    names.push_back(utf8(attributes->item(index)->getNodeName()));
-  }
-  return names;
 }
 
 }  // namespace kestrel::test

@@ -33,9 +33,6 @@ class GraphTest : public EmptyChartTest {
 /// The ids of the styles in the chart's style container, in order.
 std::vector<std::string> styleIds(LumoVisualization const& visualization);
 
-/// The names of an element's attributes, in the alphabet's order.
-std::vector<std::string> attributeNames(LumoBaseElement const& element);
-
 /// Names a case of a table after its row.
 template <typename Row>
 std::string caseName(testing::TestParamInfo<Row> const& tested) {

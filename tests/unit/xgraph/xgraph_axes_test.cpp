@@ -38,6 +38,9 @@ AxisFactory const primaryY{
 AxisFactory const derivedY{
     "DerivedY", [](XGraph& graph, ChartString const& label) { return graph.AddDerivedYAxis(label, false); },
     1, XGraph::_secondaryYAxisId};
+AxisFactory const secondaryX{
+    "SecondaryX", [](XGraph& graph, ChartString const& label) { return graph.AddSecondaryXAxis(label); }, 0,
+    XGraph::_secondaryXAxisId};
 AxisFactory const zAxis{"Z", [](XGraph& graph, ChartString const& label) { return graph.AddZAxis(label); }, 2,
                         XGraph::_zAxisId};
 
@@ -70,6 +73,14 @@ class EachAxisFactory : public AxisGraph, public testing::WithParamInterface<Axi
   LumoAxis& onlyAxis() const { return *axes(GetParam().dimension).at(0); }
 };
 
+/// On a chart that has no graph.
+class EachAxisFactoryWithoutGraph : public EmptyChartTest, public testing::WithParamInterface<AxisFactory> {
+ protected:
+  XGraph attached{visualization};
+};
+
+using AxesWithoutGraph = EmptyChartTest;
+
 class PrimaryXAxis : public AxisGraph {};
 class YAxes : public AxisGraph {};
 class ZAxis : public AxisGraph {};
@@ -78,6 +89,9 @@ class EmptyYDimension : public AxisGraph {};
 }  // namespace
 
 INSTANTIATE_TEST_SUITE_P(, EachAxisFactory, testing::Values(primaryX, primaryY, derivedY, zAxis),
+                         caseName<AxisFactory>);
+INSTANTIATE_TEST_SUITE_P(, EachAxisFactoryWithoutGraph,
+                         testing::Values(primaryX, primaryY, derivedY, secondaryX, zAxis),
                          caseName<AxisFactory>);
 
 TEST(AxisIds, AreExportedTexts) {
@@ -220,6 +234,23 @@ TEST_P(EachAxisFactory, LetsTheHostsUnwindingSignalPass) {
   ChangeTrap const trap(document, 1, throwGoToCaller());
   EXPECT_THROW(add(), VexaGoToCaller);
   expectNoReport(recorder);
+}
+
+TEST_P(EachAxisFactoryWithoutGraph, FailsForTheCallerWithoutAReport) {
+  EXPECT_THROW(GetParam().add(attached, u"label"), ChartException);
+  expectNoReport(recorder);
+}
+
+TEST_P(EachAxisFactoryWithoutGraph, ChangesNothing) {
+  std::string const before = document.AsUTF8();
+  EXPECT_THROW(GetParam().add(attached, u"label"), ChartException);
+  EXPECT_EQ(document.AsUTF8(), before);
+}
+
+TEST_F(AxesWithoutGraph, AnEmptyYDimensionIsReportedUnderItsOwnName) {
+  XGraph attached(visualization);
+  EXPECT_NO_THROW(attached.AddEmptyYDimension());
+  expectGuardReport(recorder, "Error in XGraph::AddEmptyYDimension()");
 }
 
 TEST_F(PrimaryXAxis, TakesTheFirstAxisWhateverItsTransform) {

@@ -5,7 +5,11 @@
 #include "xdocument.h"
 #include "xrow.h"
 
+#include "kestrelhost/data_store.h"
+
 #include <gmock/gmock.h>
+
+#include <new>
 
 using namespace kestrel::test;
 using kestrel::host::Operation;
@@ -187,4 +191,49 @@ TEST_F(ChartTest, ADocumentGoesOnWithTheStoreOfItsGraph) {
   recorder.clear();
   EXPECT_TRUE(document.SendData());
   EXPECT_EQ(recorder.count(Operation::GetDataStream), 1u);
+}
+
+namespace {
+
+/// A document whose graph found no memory for a new store.
+class DocumentWithoutMemoryForItsStore : public ChartTest {
+ protected:
+  DocumentWithoutMemoryForItsStore() {
+    source.reset(document->getGraph()->AddSource());
+    AllocationTrap const trap([] { throw std::bad_alloc(); });
+    EXPECT_THROW(document->getGraph()->clearData(), std::bad_alloc);
+  }
+
+  std::size_t const storesBefore = kestrel::host::liveStores();
+  std::unique_ptr<XSource> source;
+  std::unique_ptr<XDocument> document = std::make_unique<XDocument>();
+};
+
+}  // namespace
+
+TEST_F(DocumentWithoutMemoryForItsStore, HasNoData) {
+  recorder.clear();
+  EXPECT_TRUE(document->SendData());
+  EXPECT_EQ(recorder.count(Operation::GetDataStream), 0u);
+  EXPECT_EQ(kestrel::host::liveStores(), storesBefore);
+}
+
+TEST_F(DocumentWithoutMemoryForItsStore, CanStillBeDescribedAndSent) {
+  document->getGraph()->AddTitle1(u"without data");
+  EXPECT_TRUE(document->SendChart(false, true, false));
+  expectNoReport(recorder);
+}
+
+TEST_F(DocumentWithoutMemoryForItsStore, FreesEachStoreOnce) {
+  document.reset();
+  EXPECT_EQ(kestrel::host::liveStores(), storesBefore);
+}
+
+TEST_F(DocumentWithoutMemoryForItsStore, GoesOnWithTheStoreOfALaterClearing) {
+  document->getGraph()->clearData();
+  recorder.clear();
+  EXPECT_TRUE(document->SendData());
+  EXPECT_EQ(recorder.count(Operation::GetDataStream), 1u);
+  document.reset();
+  EXPECT_EQ(kestrel::host::liveStores(), storesBefore);
 }

@@ -3,6 +3,7 @@
 #include "change_log.h"
 #include "graph_fixture.h"
 #include "memory_hooks.h"
+#include "xdocument.h"
 
 #include "host/chartbase.h"
 #include "host/log.h"
@@ -201,10 +202,12 @@ TEST_F(AttachedGraph, FindsAGraphInsideAContainer) {
 
 TEST_F(AttachedGraph, FindsTheGraphOfAParsedChart) {
   XGraph const built(visualization, nullptr);
-  LumoDocument copy;
-  LumoBaseElement* const imported =
-      copy.importElement(*built.getGraph()->getImplementation(), *copy.getVisualization());
-  EXPECT_EQ(XGraph(*copy.getVisualization()).getGraph(), imported);
+  XDocument const parsed(document.AsUTF8());
+  XGraph const attached(*parsed.getVisualization());
+  ASSERT_NE(attached.getGraph(), nullptr);
+  EXPECT_NE(attached.getGraph(), built.getGraph());
+  EXPECT_THAT(parsed.getVisualization()->getGraphs(), ElementsAre(attached.getGraph()));
+  EXPECT_EQ(utf8(attached.getGraph()->getId()), "frame_data_1");
 }
 
 TEST_F(AttachedGraph, FindsNothingInAChartWithoutGraph) {

@@ -3,6 +3,8 @@
 #include "change_log.h"
 #include "graph_fixture.h"
 
+#include "host/log.h"
+#include "host/messages.h"
 #include "model/graph.h"
 #include "model/labels.h"
 #include "model/style.h"
@@ -162,6 +164,26 @@ TEST_F(SecondaryXAxis, WithTwoAxesGivesAWrapperThatStandsOutsideTheChart) {
   axis.AddLabel(u"nowhere");
   axis.setMajorTickLabelAngle(45.0);
   EXPECT_EQ(document.AsUTF8(), before);
+}
+
+TEST_F(SecondaryXAxis, OutsideTheChartStillWritesOnTheDimensionOfTheChart) {
+  makeAxes(2);
+  graph.AddSecondaryXAxis(u"").setLowerMargin(u"5%");
+  EXPECT_EQ(attribute(onlyElementOf(visualization, u"dimension"), u"lowerMargin"), "5%");
+}
+
+TEST_F(SecondaryXAxis, FailsForTheCallerWhereItsDimensionCouldNotBeMade) {
+  graph.getGraph()->addCoordinates(u"coordinates0");
+  ChangeTrap const trap(document, 1, throwOrdinaryFailure());
+  EXPECT_THROW(graph.AddSecondaryXAxis(u""), ChartException);
+  expectGuardReport(recorder, "Error in XBaseElement::getXDimension()");
+}
+
+TEST_F(SecondaryXAxis, LetsTheHostsUnwindingSignalPass) {
+  graph.getGraph()->addCoordinates(u"coordinates0");
+  ChangeTrap const trap(document, 1, throwGoToCaller());
+  EXPECT_THROW(graph.AddSecondaryXAxis(u""), VexaGoToCaller);
+  expectNoReport(recorder);
 }
 
 TEST_F(SecondaryXAxis, OutsideTheChartOutlivesTheChart) {

@@ -189,9 +189,12 @@ TEST_P(EachTitle, IsMadeInAFixedOrder) {
 }
 
 TEST_P(EachTitle, MakesItsStylesWhereTheirIdsExist) {
-  LumoStyle const* const theirs = graph.addStyle(ChartString((frameId() + "s").c_str()));
+  LumoStyle const* const frameStyle = graph.addStyle(ChartString((frameId() + "s").c_str()));
+  LumoStyle const* const labelStyle = graph.addStyle(ChartString(GetParam().labelStyle.c_str()));
   add(u"Text");
-  EXPECT_NE(onlyFrame().getStyle(), theirs);
+  EXPECT_EQ(styleIds(visualization).size(), 4u);
+  EXPECT_NE(onlyFrame().getStyle(), frameStyle);
+  EXPECT_NE(onlyFrame().getLabel()->getStyle(), labelStyle);
 }
 
 TEST_P(EachTitle, ReportsAFailureAndIsRefused) {

@@ -19,6 +19,16 @@ struct SourceLookup {
 
 void PrintTo(SourceLookup const& row, std::ostream* out) { *out << row.name; }
 
+SourceLookup const caseNumber{
+    "CaseNum", [](XGraph& graph, std::string const& source) { graph.AddCaseNumVariable(source); }};
+SourceLookup const weight{"Weight",
+                          [](XGraph& graph, std::string const& source) { graph.AddWeightVariable(source); }};
+SourceLookup const existing{"Existing", [](XGraph& graph, std::string const& source) {
+                              ChartString id;
+                              id.assignUTF8(source);
+                              graph.AddExistingVariable(id, false, u"theirs");
+                            }};
+
 class EachSourceLookup : public GraphTest, public testing::WithParamInterface<SourceLookup> {
  protected:
   /// The message of what the factory throws, or "(nothing)".
@@ -31,6 +41,9 @@ class EachSourceLookup : public GraphTest, public testing::WithParamInterface<So
     return "(nothing)";
   }
 };
+
+/// Those that are given bytes.
+class EachSourceNameLookup : public EachSourceLookup {};
 
 class GetVariable : public GraphTest {
  protected:
@@ -47,22 +60,9 @@ class GetVariable : public GraphTest {
 
 }  // namespace
 
-INSTANTIATE_TEST_SUITE_P(, EachSourceLookup,
-                         testing::Values(SourceLookup{"CaseNum",
-                                                      [](XGraph& graph, std::string const& source) {
-                                                        graph.AddCaseNumVariable(source);
-                                                      }},
-                                         SourceLookup{"Weight",
-                                                      [](XGraph& graph, std::string const& source) {
-                                                        graph.AddWeightVariable(source);
-                                                      }},
-                                         SourceLookup{"Existing",
-                                                      [](XGraph& graph, std::string const& source) {
-                                                        ChartString id;
-                                                        id.assignUTF8(source);
-                                                        graph.AddExistingVariable(id, false, u"theirs");
-                                                      }}),
+INSTANTIATE_TEST_SUITE_P(, EachSourceLookup, testing::Values(caseNumber, weight, existing),
                          caseName<SourceLookup>);
+INSTANTIATE_TEST_SUITE_P(, EachSourceNameLookup, testing::Values(caseNumber, weight), caseName<SourceLookup>);
 
 TEST_P(EachSourceLookup, ThrowsForASourceThatIsNotThere) {
   EXPECT_EQ(failureOf("missing"), "could not find source missing");
@@ -73,6 +73,13 @@ TEST_P(EachSourceLookup, NamesTheSourceAsItWasPassed) {
                       "e 1"),
             "could not find source Gr\xc3\xb6\xc3\x9f"
             "e 1");
+}
+
+TEST_P(EachSourceNameLookup, NamesTheSourceByteForByteAlsoWhereItIsNoUTF8) {
+  EXPECT_EQ(failureOf("Gr\xF6\xDF"
+                      "e \xFF"),
+            "could not find source Gr\xF6\xDF"
+            "e \xFF");
 }
 
 TEST_P(EachSourceLookup, LogsTheFailureAndTellsNoUser) {

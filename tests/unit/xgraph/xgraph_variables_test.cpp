@@ -148,6 +148,15 @@ TEST_P(EachVariableFactory, LetsAFailureOfTheVariablePass) {
 TEST_P(EachVariableFactory, LetsTheHostsUnwindingSignalPass) {
   ChangeTrap const trap(document, 1, throwGoToCaller());
   EXPECT_THROW(add(), VexaGoToCaller);
+  expectNoReport(recorder);
+}
+
+TEST_P(EachVariableFactory, LetsTheSignalPassWhereItsSourceIsWritten) {
+  // Of most this is the first change within the guarded wrapper.
+  ChangeTrap const trap(document, 4, throwGoToCaller());
+  EXPECT_THROW(add(), VexaGoToCaller);
+  expectNoReport(recorder);
+  EXPECT_THAT(registered(), IsEmpty());
 }
 
 TEST_F(VariableIds, CountTheSourceVariablesOfAllKinds) {
@@ -277,6 +286,19 @@ TEST_F(AggregatedVariable, IsMadeInAFixedOrder) {
                           "sourceVariable categorical=true", "sourceVariable label=Count",
                           "sourceVariable source=source0", "sourceVariable sourceName=sourceVariable0_SN",
                           "sourceVariable creator=internal_aggregate"));
+}
+
+TEST_F(AggregatedVariable, OfASourceThatCouldNotBeMadeIsReportedByItsWrapperOnlyOnAGraphWithoutStore) {
+  std::unique_ptr<XSource> broken;
+  {
+    ChangeTrap const trap(document, 1, throwOrdinaryFailure());
+    broken = addSource();
+  }
+  recorder.clear();
+  XGraph attached(visualization);
+  EXPECT_NO_THROW(attached.AddAggregatedVariable(*broken, false, u""));
+  expectGuardReport(recorder, "Error in XVariable::XVariable()");
+  EXPECT_THAT(registered(), IsEmpty());
 }
 
 TEST_F(AggregatedVariable, KnowsItsCreatorBeforeTheColumnIsRegistered) {

@@ -143,7 +143,6 @@ TEST_F(DataVariableTest, TheUnwindingSignalPasses) {
 }
 
 TEST_F(DataVariableTest, ASourceThatCouldNotBeMadeIsReported) {
-  recorder.actAt(Operation::AddDataSource, 1, [] {});
   ChangeTrap trap(document, 1, throwOrdinaryFailure());
   XSource broken(visualization, store);
   recorder.clear();

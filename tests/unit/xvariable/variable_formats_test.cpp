@@ -4,6 +4,7 @@
 #include "variable_fixture.h"
 
 #include "host/messages.h"
+#include "host/text.h"
 
 #include <gmock/gmock.h>
 
@@ -210,6 +211,12 @@ TEST_P(AffixTest, AnEmptyTextLeavesTheFormerOne) {
 TEST_P(AffixTest, AFailureIsReportedAsOneOfTheNumberFormat) {
   failAtChange(1, [&] { EXPECT_FALSE(set(u"x")); });
   expectGuardReport(recorder, "Error in XVariable::SetNumberFormat()");
+}
+
+TEST_P(AffixTest, AFailureToWriteItIsReportedInTheSameWay) {
+  failAtChange(2, [&] { EXPECT_FALSE(set(u"x")); });
+  expectGuardReport(recorder, "Error in XVariable::SetNumberFormat()");
+  EXPECT_EQ(attribute(format(), GetParam().attribute), "(absent)");
 }
 
 TEST_P(AffixTest, TheUnwindingSignalPasses) {
@@ -520,9 +527,12 @@ TEST_P(NameRelabelTest, AKeyThatTheDictionaryDoesNotKnowIsUsedAsItComes) {
 }
 
 TEST_P(NameRelabelTest, TextsInTheLocalCodePageAreDecoded) {
-  recorder.services().texts->texts[GetParam().longKeys[0]] = "Größe";
+  ChartString::setLocalCodePage("windows-1252");
+  recorder.services().texts->texts[GetParam().longKeys[0]] = "März";
+  // What the host's dictionaries give are bytes of that page.
+  ASSERT_EQ(FacSTDictionary("").LookUp(GetParam().longKeys[0]), "M\xE4rz");
   add(9);
-  EXPECT_EQ(relabels()[0], "1=Größe");
+  EXPECT_EQ(relabels()[0], "1=März");
 }
 
 TEST_P(NameRelabelTest, AFailureReachesTheCaller) {

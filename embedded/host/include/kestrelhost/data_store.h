@@ -2,9 +2,14 @@
 
 #include "host/export.h"
 
+#include <cstddef>
 #include <string>
 
 namespace kestrel::host {
+
+/// How many data stores there are in the process now, by which a test can see that each of its own has ended,
+/// and only once.
+VEXA_API std::size_t liveStores();
 
 /// Is told of each operation on a data store before it happens. Without an observer a store costs nothing
 /// more. An operation returns false to make the store's operation fail: it then does nothing and gives its

@@ -90,12 +90,20 @@ TEST(CaptureChannelTest, ReplacesAFileThatIsThere) {
   EXPECT_EQ(contentOf(folder / "a.kcap"), "KCAP0001");
 }
 
+TEST(CaptureChannelTest, HasEachMessageInItsFileWhenThePutReturns) {
+  TemporaryFolder const folder;
+  CaptureChannel channel(folder / "a.kcap");
+  EXPECT_EQ(channel.put(7, "abc", 3), 0);
+  EXPECT_EQ(contentOf(folder / "a.kcap"), "KCAP0001" + captured(7, "abc"));
+  EXPECT_EQ(channel.put(8, "", 0), 0);
+  EXPECT_EQ(contentOf(folder / "a.kcap"), "KCAP0001" + captured(7, "abc") + captured(8, ""));
+}
+
 TEST(CaptureChannelTest, IsWholeAfterAFlush) {
   TemporaryFolder const folder;
   CaptureChannel channel(folder / "a.kcap");
-  channel.put(7, "abc", 3);
   EXPECT_TRUE(channel.flush());
-  EXPECT_EQ(contentOf(folder / "a.kcap"), "KCAP0001" + captured(7, "abc"));
+  EXPECT_EQ(contentOf(folder / "a.kcap"), "KCAP0001");
 }
 
 TEST(CaptureChannelTest, ThatCannotBeOpenedFailsEveryPut) {
@@ -104,6 +112,12 @@ TEST(CaptureChannelTest, ThatCannotBeOpenedFailsEveryPut) {
   EXPECT_FALSE(channel.good());
   EXPECT_NE(channel.put(307, "a", 1), 0);
   EXPECT_FALSE(channel.flush());
+}
+
+TEST(CaptureChannelTest, ThatIsFullFailsTheSmallestMessageToo) {
+  CaptureChannel channel("/dev/full");
+  EXPECT_NE(channel.put(307, "", 0), 0);
+  EXPECT_NE(channel.put(307, "a", 1), 0);
 }
 
 TEST(CaptureChannelTest, ThatIsFullFailsFromThenOn) {
