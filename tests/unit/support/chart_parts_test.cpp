@@ -43,9 +43,11 @@ TEST(VisualizationOf, AnElementIsTheChartThatItBelongsTo) {
 TEST(VisualizationOf, AnElementOfNoChartIsAFailure) {
   LumoDocument::holdXmlLibrary();
   xercesc::DOMDocument* const theirs = xercesc::DOMImplementation::getImplementation()->createDocument();
-  LumoFormat const stray(theirs->createElement(u"format"));
-  ASSERT_EQ(stray.getVisualization(), nullptr);
-  EXPECT_THROW(visualizationOf(stray), ChartException);
+  {
+    LumoFormat const stray(theirs->createElement(u"format"));
+    EXPECT_EQ(stray.getVisualization(), nullptr);
+    EXPECT_THROW(visualizationOf(stray), ChartException);
+  }
   theirs->release();
 }
 
