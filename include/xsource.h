@@ -5,6 +5,8 @@
 #include "xrow.h"
 
 #include <deque>
+#include <memory_resource>
+#include <optional>
 #include <string>
 
 class LumoUserSource;
@@ -26,7 +28,7 @@ class KESTREL_API XSource : public XBaseElement {
   /// The next row; the source owns it until it is cleared or destroyed.
   virtual XRow* AddRow();
 
-  unsigned int getNumRows() const { return static_cast<unsigned int>(mRows.size()); }
+  unsigned int getNumRows() const { return static_cast<unsigned int>(mRows->size()); }
 
   /// Destroys the rows and opens the table in another store. Row numbers start at 0 again.
   /// @return the number of rows that there were
@@ -36,8 +38,10 @@ class KESTREL_API XSource : public XBaseElement {
   LumoUserSource* getImplemenation() const { return mUserSource; }
 
  private:
-  /// Rows stay where they are until they are destroyed, and lie in blocks: a source may have millions.
-  std::deque<XRow> mRows;
+  /// Rows stay where they are until they are destroyed. A source may have millions: their blocks come out of
+  /// ever larger pieces, and all go at once.
+  std::pmr::monotonic_buffer_resource mRowMemory;
+  std::optional<std::pmr::deque<XRow>> mRows{std::in_place, &mRowMemory};
   VarDataProcessor* mProcessor;
   std::string mSourceId;
   LumoUserSource* mUserSource = nullptr;

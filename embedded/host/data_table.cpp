@@ -34,6 +34,8 @@ void DataTable::addColumn(std::string const& name) {
   if (mIndex.contains(name)) return;
   mColumns.emplace_back(name);
   mIndex.emplace(name, mColumns.size() - 1);
+  mExpected = mColumns.data();
+  mEnd = mExpected + mColumns.size();
 }
 
 Column* DataTable::find(std::string const& name) {
@@ -49,13 +51,16 @@ double* DataTable::cells(std::string const& name) {
   return column->cells.data();
 }
 
-bool DataTable::writeBeyond(Cells& cells, std::uint32_t row, double value) {
+bool DataTable::write(std::string const& column, std::uint32_t row, double value) {
+  Column* const target = find(column);
+  if (target == nullptr) return false;
   bool const absurd =
       row >= VarDataProcessor::rowLimit || (row > mRows && row - mRows > VarDataProcessor::gapLimit);
   if (absurd) return false;
-  cells.extend(row + 1);
-  cells.write(row, value);
+  target->cells.extend(row + 1);
+  target->cells.write(row, value);
   mRows = std::max(mRows, row + 1);
+  mExpected = target + 1 == mEnd ? mColumns.data() : target + 1;
   return true;
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "same_name.h"
+
 #include "kestrelhost/missing.h"
 
 #include <cstdint>
@@ -61,36 +63,31 @@ class DataTable {
   double* cells(std::string const& name);
   /// False for an unknown column and for a row beyond the limits of a store.
   bool write(std::string const& column, std::uint32_t row, double value);
+  /// Writes a cell that comes where one is expected: in the column after the last one, below its cells. False,
+  /// and nothing is done, for any other.
+  bool writeExpected(std::string const& column, std::uint32_t row, double value);
   /// Makes every column as long as there are rows.
   void complete();
 
  private:
   Column* find(std::string const& name);
-  bool writeBeyond(Cells& cells, std::uint32_t row, double value);
 
   std::string mName;
   std::uint32_t mRows;
   std::vector<Column> mColumns;
   std::unordered_map<std::string, std::size_t> mIndex;
   /// Cells come row by row, in the order of the columns: where the next one is to be expected.
-  std::size_t mExpected = 0;
+  Column* mExpected = nullptr;
+  Column* mEnd = nullptr;
 };
 
-inline bool DataTable::write(std::string const& column, std::uint32_t row, double value) {
-  bool const expected = mExpected < mColumns.size() && mColumns[mExpected].name == column;
-  Column* const target = expected ? &mColumns[mExpected] : find(column);
-  if (target == nullptr) return false;
-  mExpected = static_cast<std::size_t>(target - mColumns.data()) + 1;
-  if (mExpected == mColumns.size()) mExpected = 0;
-  Cells& cells = target->cells;
-  if (row < cells.size()) {
-    cells.write(row, value);
-  } else if (row != cells.size() || row > mRows || !cells.hasRoom()) {
-    return writeBeyond(cells, row, value);
-  } else {
-    cells.append(value);
-    if (row == mRows) mRows = row + 1;
-  }
+inline bool DataTable::writeExpected(std::string const& column, std::uint32_t row, double value) {
+  if (mExpected == mEnd || !sameName(mExpected->name, column)) return false;
+  Cells& cells = mExpected->cells;
+  if (row != cells.size() || row > mRows || !cells.hasRoom()) return false;
+  cells.append(value);
+  if (row == mRows) mRows = row + 1;
+  if (++mExpected == mEnd) mExpected = mColumns.data();
   return true;
 }
 

@@ -25,9 +25,10 @@ class Arena {
   /// A zero-terminated copy.
   char16_t const* copy(std::u16string_view text);
 
- private:
+  /// Throws std::bad_alloc.
   void* allocate(std::size_t size, std::size_t alignment);
 
+ private:
   std::vector<std::unique_ptr<std::byte[]>> chunks_;
   std::byte* next_ = nullptr;
   std::size_t left_ = 0;

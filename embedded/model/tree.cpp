@@ -64,7 +64,7 @@ void kestrel::model::holdXmlLibrary() {
 LumoTree::LumoTree() {
   kestrel::model::holdXmlLibrary();
   DOMDocument* const made = xercesc::DOMImplementation::getImplementation()->createDocument(
-      chartNamespace, LumoUni::_visualization, nullptr);
+      chartNamespace, LumoUni::_visualization, nullptr, &ownedMemory_);
   owned_.reset(made);
   document_ = made;
   DOMElement& root = *made->getDocumentElement();

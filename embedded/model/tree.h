@@ -1,6 +1,7 @@
 #pragma once
 
 #include "arena.h"
+#include "dom_memory.h"
 #include "id_index.h"
 #include "kinds.h"
 #include "links.h"
@@ -111,6 +112,7 @@ class LumoTree {
   void findWrittenReferences();
   void followId(LumoBaseElement& object, char16_t const* id);
 
+  kestrel::model::DomMemory ownedMemory_;
   std::unique_ptr<xercesc::DOMDocument> owned_;
   /// Null once the DOM has ended before the tree.
   xercesc::DOMDocument* document_ = nullptr;

@@ -105,8 +105,9 @@ void LumoTree::unregisterId(LumoBaseElement& object) {
 }
 
 bool LumoTree::isAttached(DOMElement const& element) const {
-  // Each step upwards costs a cast within the DOM.
-  return hasDetached_ ? isInDocument(element) : element.getParentNode() != nullptr;
+  if (hasDetached_) return isInDocument(element);
+  // A step upwards costs a cast within the DOM, one to the side nothing.
+  return element.getNextSibling() != nullptr || element.getParentNode() != nullptr;
 }
 
 LumoBaseElement* LumoTree::find(char16_t const* id, Test fits) const {

@@ -40,11 +40,13 @@ unsigned long announced(std::string const& text) { return static_cast<std::uint3
 bool XDocument::SendContent(char const* data, unsigned long size, ChartXMLContentType type,
                             ChartXMLContentSubType subType) const {
   namespace layout = kestrel::chart_content;
-  // Cleared once, as far as the first and longest message goes: behind the payload of a last, shorter chunk
-  // the trailer repeats what the chunk before left there. Receivers ignore it.
+  // Cleared once, as far as the first and longest message goes and nothing is copied there: behind the payload
+  // of a last, shorter chunk the trailer repeats what the chunk before left there. Receivers ignore it.
   std::array<unsigned char, layout::bufferSize> buffer;
   unsigned long const longestChunk = std::min<unsigned long>(layout::longestPayload, size);
-  std::memset(buffer.data(), 0, layout::payloadOffset + longestChunk + layout::trailerSize);
+  std::memset(buffer.data(), 0, layout::payloadOffset);
+  if (data == nullptr) std::memset(&buffer[layout::payloadOffset], 0, longestChunk);
+  std::memset(&buffer[layout::payloadOffset + longestChunk], 0, layout::trailerSize);
   buffer[layout::typeOffset] = static_cast<unsigned char>(type);
   buffer[layout::subTypeOffset] = static_cast<unsigned char>(subType);
   bool success = true;

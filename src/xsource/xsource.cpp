@@ -23,11 +23,15 @@ XSource::XSource(LumoVisualization& visualization, VarDataProcessor& processor)
 
 XSource::~XSource() = default;
 
-XRow* XSource::AddRow() { return &mRows.emplace_back(*mProcessor, mSourceId, getNumRows()); }
+XRow* XSource::AddRow() { return &mRows->emplace_back(*mProcessor, mSourceId, getNumRows()); }
 
 unsigned int XSource::clear(VarDataProcessor& processor) {
   unsigned int const count = getNumRows();
-  guarded("Error in XSource::clear()", [&] { mRows.clear(); });
+  guarded("Error in XSource::clear()", [&] {
+    mRows.reset();
+    mRowMemory.release();
+    mRows.emplace(&mRowMemory);
+  });
   mProcessor = &processor;
   mProcessor->AddDataSource(mSourceId, 0);
   return count;
