@@ -63,8 +63,8 @@ class DataTable {
   double* cells(std::string const& name);
   /// False for an unknown column and for a row beyond the limits of a store.
   bool write(std::string const& column, std::uint32_t row, double value);
-  /// Writes a cell that comes where one is expected: in the column after the last one, below its cells. False,
-  /// and nothing is done, for any other.
+  /// Writes a cell that comes where one is expected: in the column after the last one, below its cells.
+  /// False, and nothing is done, for any other.
   bool writeExpected(std::string const& column, std::uint32_t row, double value);
   /// Makes every column as long as there are rows.
   void complete();

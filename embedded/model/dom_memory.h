@@ -9,8 +9,9 @@
 
 namespace kestrel::model {
 
-/// Memory for one DOM document. The DOM asks for several small blocks for each element, and gives them back one
-/// by one when it ends; here that is a step in a list, and the memory goes as a whole. Must outlive the document.
+/// Memory for one DOM document. The DOM asks for several small blocks for each element, and gives them back
+/// one by one when it ends; here that is a step in a list, and the memory goes as a whole. Must outlive the
+/// document.
 class DomMemory final : public xercesc::MemoryManager {
  public:
   xercesc::MemoryManager* getExceptionMemoryManager() override;
@@ -24,8 +25,8 @@ class DomMemory final : public xercesc::MemoryManager {
     std::size_t sizeClass;
     Header* next;
   };
-  /// Blocks are as long as a multiple of this. Class n holds n of them; class 0 is for large blocks, which the
-  /// heap gives.
+  /// Blocks are as long as a multiple of this. Class n holds n of them; class 0 is for large blocks, which
+  /// the heap gives.
   static constexpr std::size_t step = alignof(Header);
   static constexpr std::size_t classes = 33;
 

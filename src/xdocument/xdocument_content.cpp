@@ -40,8 +40,9 @@ unsigned long announced(std::string const& text) { return static_cast<std::uint3
 bool XDocument::SendContent(char const* data, unsigned long size, ChartXMLContentType type,
                             ChartXMLContentSubType subType) const {
   namespace layout = kestrel::chart_content;
-  // Cleared once, as far as the first and longest message goes and nothing is copied there: behind the payload
-  // of a last, shorter chunk the trailer repeats what the chunk before left there. Receivers ignore it.
+  // Cleared once, as far as the first and longest message goes and nothing is copied there: behind the
+  // payload of a last, shorter chunk the trailer repeats what the chunk before left there. Receivers ignore
+  // it.
   std::array<unsigned char, layout::bufferSize> buffer;
   unsigned long const longestChunk = std::min<unsigned long>(layout::longestPayload, size);
   std::memset(buffer.data(), 0, layout::payloadOffset);

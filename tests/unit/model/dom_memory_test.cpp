@@ -3,7 +3,6 @@
 #include "dom_memory.h"
 
 #include <gtest/gtest.h>
-
 #include <xercesc/dom/DOM.hpp>
 #include <xercesc/util/PlatformUtils.hpp>
 

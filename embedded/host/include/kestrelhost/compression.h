@@ -19,8 +19,8 @@ class VEXA_API Compression {
 /// compressing a small text. Every text gives the same bytes whatever came before it.
 class VEXA_API ZlibCompression : public Compression {
  public:
-  /// Level 3 takes less than half the time of zlib's own choice, 6, and gives texts about a seventh longer. Chart
-  /// texts take no less time with the levels below it.
+  /// Level 3 takes less than half the time of zlib's own choice, 6, and gives texts about a seventh longer.
+  /// Chart texts take no less time with the levels below it.
   static constexpr int usualLevel = 3;
 
   /// From 0 for none to 9 for the smallest.
