@@ -79,6 +79,12 @@ class KESTREL_API XElement : public XBaseElement {
   virtual void colorByVariable(XVariable const& variable, std::vector<ChartString> colors, bool legend,
                                char16_t const* legendTitle);
 
+  /// Hides the element in every panel but those whose variable at this facet level has the value; further
+  /// calls narrow it to the panels that all of them leave. Guarded.
+  /// @param level number of the facet level, from 1; for 0 and below nothing is done
+  /// @return whether anything was done
+  bool hideInAllPanelsExcept(int level, double value);
+
   /// One hexadecimal digit as the chart text has it: digits and the point stay, "a" to "f" become upper case,
   /// anything else becomes U+0000.
   char16_t getXMLCharDigit(char16_t digit);

@@ -140,6 +140,73 @@ class KESTREL_API XGraph : public XBaseElement {
   virtual XVariable AddExistingVariable(ChartString const& sourceId, bool categorical,
                                         ChartString const& sourceVariableName);
 
+  /// An interval element with the statistic of a histogram.
+  XElement AddHistogramElement();
+  /// An interval element for one half of a population pyramid, which shows all its labels.
+  XElement AddPyramidElement();
+  /// A box plot. Its parts have styles of their own, whose ids are the same for all box plots. Guarded: where
+  /// it cannot be made at all, the result is a wrapper on an element outside the chart.
+  /// @param labelVariable labels the outliers; may be null
+  XElement AddBoxplotElement(XVariable* labelVariable);
+  /// A label frame that shows three figures of an element's statistic, each behind a text. Guarded.
+  /// @param firstText to @param thirdText null leaves the text and its figure out
+  void AddHistogramStatisticsSummary(XElement const& element, char16_t const* firstText,
+                                     char16_t const* secondText, char16_t const* thirdText);
+
+  /// A line at a value of x or y, given as text that is passed on as it stands; empty for none. Guarded.
+  /// @param name may be null or empty; part of the id, blanks and all
+  /// @param facet number of the facet level that `values` belong to
+  /// @param values panels by the value of their variable; null or empty shows the line in all panels
+  /// @param equal hides the line in those panels; false hides it in all others
+  void AddReferenceLine(std::string const& x, std::string const& y, char16_t const* name, int facet,
+                        std::vector<double> const* values, bool equal);
+  void AddXReferenceLine(double value, char16_t const* name);
+  void AddYReferenceLine(double value, char16_t const* name);
+  /// A line along a function, as text that is passed on as it stands. Guarded.
+  void AddFunctionLine(std::string const& function, char16_t const* name);
+
+  /// Collects a measure that stands beside the others in one graph, categorical or not.
+  void PanelingAddBlendVariable(XVariable& variable);
+  /// Makes panels, or the blend, of what was collected; a blend alone, if there is one. The lists are kept,
+  /// so that a second call makes everything again. Guarded.
+  /// @param cross names the method of the faceting: cross, or nest
+  void EndPaneling(bool cross, bool unused);
+  /// The facet level of a blend.
+  void addBlendFacetLevel(unsigned int level);
+  /// A facet level with its axis, label and ticks.
+  /// @param level its number, from 1; raised by one
+  /// @param label null counts as empty
+  /// @param gap distance from panel to panel, with its unit
+  /// @param labelAngle of the tick labels, in degrees; 0 is left out
+  void addFacetLevel(unsigned int& level, char16_t const* label, char16_t const* gap, double labelAngle);
+  /// Hides the label of every panel axis by new styles. Guarded.
+  void HideAllPanelLabels();
+
+  /// Makes the panels of a population pyramid; needs exactly one column variable, and does nothing otherwise.
+  /// Guarded.
+  void EndPyramidPaneling(bool unused);
+  /// Turns the chart on its side and reflects every other panel; two calls do both twice. Guarded.
+  void MirrorCharts();
+
+  /// Shows the chart from a point in space, with planes and a frame. Angles are in degrees. Without
+  /// coordinates only the planes and the frame are made. Guarded.
+  void make3D(double distance, double phi, double theta, double zeta);
+  /// Size of the whole chart, limited to 0.5 to 10 inches. A failure is logged.
+  void setOuterFrameHeight(double inches);
+  void setOuterFrameWidth(double inches);
+
+  /// Gives each source variable without a format the relabels, prefix, suffix and labels of the first
+  /// variable of the same column name that has one; then a percent format to the axes of percentages.
+  /// Guarded.
+  /// @return 0
+  int copyVariableFormats();
+  /// Drops the category lists of domains whose variables have relabels. Guarded.
+  /// @return 0
+  int UpdateCategoricalDomains();
+  /// Does nothing.
+  /// @return 0
+  int tweakExpressionVars();
+
   /// A new style under the chart's style container, whether the id is free or not (`AddStyle` finds or
   /// makes).
   LumoStyle* addStyle(ChartString const& id);

@@ -10,6 +10,7 @@
 #include <vector>
 
 class CTVariableType;
+class LumoCategoricalDomain;
 class LumoDerivedVariable;
 class LumoExpressionVariable;
 class LumoFormat;
@@ -27,6 +28,42 @@ class KESTREL_API XVariable : public XBaseElement {
     CreatorExternalAggregate,
     CreatorInternalAggregate,
     CreatorInternalVariable
+  };
+
+  /// What a computed variable holds; the client knows each by a number. `Statistic28` and any other value
+  /// write nothing.
+  enum ENUM_statistic : int {
+    Statistic0,
+    Statistic1,
+    Statistic2,
+    Statistic3,
+    Statistic4,
+    Statistic5,
+    Statistic6,
+    Statistic7,
+    Statistic8,
+    Statistic9,
+    Statistic10,
+    Statistic11,
+    Statistic12,
+    Statistic13,
+    Statistic14,
+    Statistic15,
+    Statistic16,
+    Statistic17,
+    Statistic18,
+    Statistic19,
+    Statistic20,
+    Statistic21,
+    Statistic22,
+    Statistic23,
+    Statistic24,
+    Statistic25,
+    Statistic26,
+    Statistic27,
+    Statistic28,
+    Statistic29,
+    Statistic30
   };
 
   /// A variable over a column of the procedure's data: takes the host variable's labels and print format.
@@ -108,12 +145,41 @@ class KESTREL_API XVariable : public XBaseElement {
   void addDayOfWeekRelabels(LumoFormat& format, Vexa_Format hostFormat);
   void addMonthOfYearRelabels(LumoFormat& format, Vexa_Format hostFormat);
 
+  /// Shows a value as another text, on the first format. Nothing is done for a null or empty value; the text
+  /// may be empty, and a backslash followed by n becomes a line feed in it. A second text for a value is
+  /// added behind the first. Guarded.
+  void addRelabel(char16_t const* value, char16_t const* text);
+  void addRelabel(unsigned int value, char16_t const* text);
+  /// The value is the cell in the host variable's format, or with up to 16 significant digits where there is
+  /// no host variable.
+  void addRelabel(OBS const& value, char16_t const* text);
+  /// As the form above, but here the cell is the text that is shown. Line feeds are made in the value too.
+  void addRelabel(char16_t const* value, OBS const& text);
+  /// All value labels of the host variable, in their order; none without a host variable.
+  void addRelabels();
+  /// Of the first format. Guarded.
+  void removeAllRelabels();
+
+  /// Leaves a category out of the chart. Nothing is done for the empty text. Guarded.
+  void excludeCategory(ChartString const& category);
+
+  /// Says that the variable holds a computed statistic.
+  /// @param value of a statistic with one argument, such as a percentile
+  /// @param minimum and @param maximum of a statistic over a range
+  /// @param groupedMidpoints whether the data are midpoints of groups, for the statistics that ask for it
+  void setStatistic(ENUM_statistic statistic, double value, double minimum, double maximum,
+                    bool groupedMidpoints);
+
  private:
   friend class XDataValue;
 
   void bindTo(XSource& source);
   void nameColumn(LumoSourceVariable& variable);
   LumoFormat& findOrMakeFormat();
+  void appendRelabel(ChartString const& value, ChartString text);
+  ChartString cellText(OBS const& cell) const;
+  LumoCategoricalDomain* findCategoricalDomain() const;
+  LumoCategoricalDomain& addOwnDomain();
   void setInputDateFormatPattern(char16_t const* pattern);
   void fillFormat(LumoFormat& format, Vexa_Format hostFormat);
 

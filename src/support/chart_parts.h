@@ -7,7 +7,15 @@
 #include "model/tokens.h"
 #include "model/variables.h"
 
+#include <xercesc/dom/DOMNode.hpp>
+
 namespace kestrel {
+
+/// The object that the model has tied to a DOM node under the element's own token; null where there is none.
+template <typename T>
+T* objectOf(xercesc::DOMNode const& node, char16_t const* token) {
+  return dynamic_cast<T*>(static_cast<LumoBaseElement*>(node.getUserData(token)));
+}
 
 /// The chart that an object of the model belongs to.
 inline LumoVisualization& visualizationOf(LumoBaseElement const& element) {

@@ -10,6 +10,8 @@ namespace kestrel {
 /// Whether a caller's text says nothing: null counts as empty.
 inline bool isEmpty(char16_t const* text) { return text == nullptr || *text == u'\0'; }
 
+inline char16_t const* orEmpty(char16_t const* text) { return text == nullptr ? u"" : text; }
+
 /// A number as the chart text has it: up to 16 significant digits.
 inline ChartString numberText(double value) {
   ChartString text;

@@ -173,3 +173,25 @@ void XElement::colorByVariable(XVariable const& variable, std::vector<ChartStrin
     target.addLegendTarget(targetId.xc_str(), *color);
   });
 }
+
+bool XElement::hideInAllPanelsExcept(int level, double value) {
+  bool done = false;
+  guarded("Error in XElement::hideInAllPanelsExcept()", [&] {
+    if (level <= 0) return;
+    LumoStyle& hidden = *AddStyle(u"hidden", false);
+    hidden.setVisible(false);
+    ChartString condition = numbered(u"facet", static_cast<std::size_t>(level));
+    condition.append(u" != \"");
+    condition.appendDouble(value);
+    condition.append(u'"');
+    auto const conditionalStyles = mImplementation->getConditionalStyles();
+    if (conditionalStyles.empty()) {
+      mImplementation->addConditionalStyle(condition.xc_str(), hidden);
+    } else {
+      LumoConditionalStyle& first = *conditionalStyles.front();
+      first.setWhen(joined({first.getWhen(), u" && ", condition.xc_str()}).xc_str());
+    }
+    done = true;
+  });
+  return done;
+}

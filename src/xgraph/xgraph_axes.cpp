@@ -4,9 +4,9 @@
 
 #include "support/chart_text.h"
 #include "support/guard.h"
+#include "support/outside_chart.h"
 
 #include "host/chartbase.h"
-#include "model/document.h"
 #include "model/graph.h"
 #include "model/style.h"
 
@@ -30,20 +30,6 @@ LumoAxis* firstAxis(LumoDimension const& dimension, bool primary) {
     if ((axis->getTransform() == LumoAxis::TransformPrimary) == primary) return axis;
   }
   return nullptr;
-}
-
-LumoAxis& makeAxisOf(LumoDocument& document) {
-  LumoVisualization* visualization = document.getVisualization();
-  visualization->addStyle()->setId(ChartBase::_container);
-  return *visualization->addGraph(u"graph")->addCoordinates(u"coordinates")->addDimension()->addAxis();
-}
-
-/// An axis that belongs to no chart that is ever sent. It is one for the process, and shared by all who ask
-/// for it: it and its document are never freed, so that no wrapper on it dangles.
-LumoAxis& axisOutsideTheChart() {
-  static LumoDocument& document = *new LumoDocument;
-  static LumoAxis& axis = makeAxisOf(document);
-  return axis;
 }
 
 }  // namespace
@@ -88,7 +74,7 @@ XAxis XGraph::AddSecondaryXAxis(ChartString const& label) {
   if (axes.empty()) AddPrimaryXAxis(label);
   ChartBase::printDebugInfo(
       "XGraph::AddSecondaryXAxis(): no secondary axis; the result stands outside the chart.");
-  return XAxis(dimension, axisOutsideTheChart());
+  return XAxis(dimension, kestrel::axisOutsideTheChart());
 }
 
 XAxis XGraph::AddDerivedYAxis(ChartString const& label, bool) {

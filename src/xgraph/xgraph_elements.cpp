@@ -38,12 +38,21 @@ void lookLikeAnIBeam(LumoStyle& style) {
   style.setWidth(u"25%", nullptr, nullptr);
 }
 
-void addErrorBarStatistic(CTElementType& element) {
+void addErrorBarStatistic(XElement&, CTElementType& element) {
   element.addSummaryStatistic()->setMethod(LumoSummaryStatistic::MethodErrorBar);
 }
 
+void binAsAHistogram(XElement& wrapper, CTElementType&) {
+  wrapper.addHistogramStatistic(nullptr, -1, -1, true);
+}
+
+void showAllLabels(XElement&, CTElementType& element) {
+  element.setDot(false);
+  element.setShowCollidingLabels(true);
+}
+
 void nothing(LumoStyle&) {}
-void nothing(CTElementType&) {}
+void nothing(XElement&, CTElementType&) {}
 
 /// Untouched leaves the handling that the wrapper's construction has written.
 enum class Collisions { Untouched, Resolved };
@@ -56,7 +65,7 @@ struct kestrel::ElementRecipe {
   ElementList const& list;
   Collisions collisions;
   void (*look)(LumoStyle&);
-  void (*finish)(CTElementType&);
+  void (*finish)(XElement& wrapper, CTElementType& element);
 };
 
 namespace {
@@ -64,12 +73,14 @@ namespace {
 using kestrel::ElementRecipe;
 
 // clang-format off
-//                                   id prefix                   list       label collisions       look             finish
-constexpr ElementRecipe line        {u"element_simpleline_",     lines,     Collisions::Resolved,  nothing,         nothing};
-constexpr ElementRecipe bar         {u"element_bar_",            intervals, Collisions::Resolved,  nothing,         nothing};
-constexpr ElementRecipe clusteredBar{u"element_clusteredbar_",   intervals, Collisions::Resolved,  nothing,         nothing};
-constexpr ElementRecipe errorBar    {u"element_errorbar_",       intervals, Collisions::Resolved,  lookLikeAnIBeam, addErrorBarStatistic};
-constexpr ElementRecipe point       {u"element_point_",          points,    Collisions::Untouched, nothing,         nothing};
+//                                   id prefix                       list       label collisions       look             finish
+constexpr ElementRecipe line        {u"element_simpleline_",         lines,     Collisions::Resolved,  nothing,         nothing};
+constexpr ElementRecipe bar         {u"element_bar_",                intervals, Collisions::Resolved,  nothing,         nothing};
+constexpr ElementRecipe clusteredBar{u"element_clusteredbar_",       intervals, Collisions::Resolved,  nothing,         nothing};
+constexpr ElementRecipe errorBar    {u"element_errorbar_",           intervals, Collisions::Resolved,  lookLikeAnIBeam, addErrorBarStatistic};
+constexpr ElementRecipe point       {u"element_point_",              points,    Collisions::Untouched, nothing,         nothing};
+constexpr ElementRecipe histogram   {u"element_histogram_",          intervals, Collisions::Resolved,  nothing,         binAsAHistogram};
+constexpr ElementRecipe pyramid     {u"element_populationPyramid_",  intervals, Collisions::Untouched, nothing,         showAllLabels};
 // clang-format on
 
 }  // namespace
@@ -95,7 +106,7 @@ XElement XGraph::addElement(ElementRecipe const& recipe, char16_t const* name) {
   LumoStyle* style = addStyle(id);
   recipe.look(*style);
   element.setStyle(*style);
-  recipe.finish(element);
+  recipe.finish(wrapper, element);
   return wrapper;
 }
 
@@ -106,3 +117,7 @@ XElement XGraph::AddBarElement(bool clustered) { return addElement(clustered ? c
 XElement XGraph::AddPointElement() { return addElement(point, nullptr); }
 
 XElement XGraph::AddErrorBarElement() { return addElement(errorBar, nullptr); }
+
+XElement XGraph::AddHistogramElement() { return addElement(histogram, nullptr); }
+
+XElement XGraph::AddPyramidElement() { return addElement(pyramid, nullptr); }
