@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <chrono>
 #include <cmath>
 #include <cstdint>
 #include <limits>
@@ -27,25 +28,25 @@ enum class Shape { Number, Date, DateTime, Time, ElapsedTime, Ordinal };
 
 Shape shapeOf(unsigned int type) {
   switch (type) {
-    case 20:
-    case 23:
-    case 24:
-    case 28:
-    case 29:
-    case 30:
-    case 38:
-    case 39:
+    case Vexa_Format::FormatDate:
+    case Vexa_Format::FormatDate23:
+    case Vexa_Format::FormatDate24:
+    case Vexa_Format::FormatDate28:
+    case Vexa_Format::FormatDate29:
+    case Vexa_Format::FormatDate30:
+    case Vexa_Format::FormatDate38:
+    case Vexa_Format::FormatDate39:
       return Shape::Date;
-    case 22:
-    case 86:
+    case Vexa_Format::FormatDateTime:
+    case Vexa_Format::FormatDateTime86:
       return Shape::DateTime;
-    case 21:
-    case 85:
+    case Vexa_Format::FormatTime:
+    case Vexa_Format::FormatTime85:
       return Shape::Time;
-    case 25:
+    case Vexa_Format::FormatElapsedTime:
       return Shape::ElapsedTime;
-    case 26:
-    case 27:
+    case Vexa_Format::FormatDayOfWeek:
+    case Vexa_Format::FormatMonthOfYear:
       return Shape::Ordinal;
     default:
       return Shape::Number;
@@ -87,17 +88,10 @@ std::string padded(std::int64_t value, std::size_t width) {
 
 /// A day counted from 1970-01-01 in the Gregorian calendar.
 std::string date(std::int64_t day) {
-  // Years begin in March here, so that the leap day is their last.
-  std::int64_t const shifted = day + 719468;
-  std::int64_t const era = (shifted >= 0 ? shifted : shifted - 146096) / 146097;
-  std::int64_t const dayOfEra = shifted - era * 146097;
-  std::int64_t const yearOfEra = (dayOfEra - dayOfEra / 1460 + dayOfEra / 36524 - dayOfEra / 146096) / 365;
-  std::int64_t const dayOfYear = dayOfEra - (365 * yearOfEra + yearOfEra / 4 - yearOfEra / 100);
-  std::int64_t const monthFromMarch = (5 * dayOfYear + 2) / 153;
-  std::int64_t const dayOfMonth = dayOfYear - (153 * monthFromMarch + 2) / 5 + 1;
-  std::int64_t const month = monthFromMarch < 10 ? monthFromMarch + 3 : monthFromMarch - 9;
-  std::int64_t const year = yearOfEra + era * 400 + (month <= 2 ? 1 : 0);
-  return padded(year, 4) + "-" + padded(month, 2) + "-" + padded(dayOfMonth, 2);
+  std::chrono::year_month_day const parts{std::chrono::sys_days(std::chrono::days(day))};
+  return padded(static_cast<int>(parts.year()), 4) + "-" +
+         padded(static_cast<unsigned int>(parts.month()), 2) + "-" +
+         padded(static_cast<unsigned int>(parts.day()), 2);
 }
 
 std::string timeOfDay(double seconds, int decimals) {
