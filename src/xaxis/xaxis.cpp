@@ -6,6 +6,7 @@
 
 #include "support/chart_text.h"
 #include "support/guard.h"
+#include "support/styles.h"
 
 #include "model/chartstring.h"
 #include "model/graph.h"
@@ -41,7 +42,7 @@ void XAxis::hideLabel() {
   LumoLabel* label = mImplementation->getLabel();
   if (label == nullptr) return;
   // The style is only named here; what it looks like comes from the default looks or from templates.
-  label->setStyle(*AddStyle(ChartString(u"axis_label_hidden_s"), false));
+  label->setStyle(kestrel::findOrMakeStyle(*this, u"axis_label_hidden_s"));
 }
 
 void XAxis::setLowerMargin(char16_t const* margin) { mDimension->setLowerMargin(margin); }

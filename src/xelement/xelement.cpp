@@ -6,6 +6,7 @@
 
 #include "support/chart_text.h"
 #include "support/guard.h"
+#include "support/styles.h"
 
 #include "host/chartbase.h"
 #include "model/elements.h"
@@ -43,7 +44,7 @@ LumoStyle& XElement::findOrMakeStyle() {
   if (style == nullptr) {
     ChartString id(mImplementation->getId());
     id.append(ChartBase::_default_style);
-    style = AddStyle(id, false);
+    style = &kestrel::findOrMakeStyle(*this, id);
     mImplementation->setStyle(*style);
   }
   return *style;

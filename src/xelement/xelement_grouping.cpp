@@ -8,6 +8,7 @@
 #include "support/chart_parts.h"
 #include "support/chart_text.h"
 #include "support/guard.h"
+#include "support/styles.h"
 
 #include "host/chartbase.h"
 #include "model/aesthetics.h"
@@ -81,9 +82,9 @@ void XElement::Cluster(XVariable const& variable, bool color, bool pattern, bool
 
 void XElement::describeLegend(LumoLegend& legend, LumoStyleBy const& styleBy) {
   char16_t const* const legendId = legend.getId();
-  legend.setStyle(*AddStyle(joined({legendId, ChartBase::_default_style}), false));
-  legend.setTickTextStyle(
-      *AddStyle(joined({legendId, u"_", LumoUni::_legend, u"_", u"1", ChartBase::_default_style}), false));
+  legend.setStyle(kestrel::findOrMakeStyle(*this, joined({legendId, ChartBase::_default_style})));
+  legend.setTickTextStyle(kestrel::findOrMakeStyle(
+      *this, joined({legendId, u"_", LumoUni::_legend, u"_", u"1", ChartBase::_default_style})));
   ChartString const targetId =
       numbered(joined({legendId, u"_", LumoUni::_legendTarget}), legend.getLegendTargets().size());
   legend.addLegendTarget(targetId.xc_str(), styleBy);
@@ -93,7 +94,7 @@ void XElement::labelLegend(LumoLegend& legend, XVariable const& variable) {
   LumoLabel* label = legend.addLabel();
   ChartString const labelId = joined({legend.getId(), u"_legend_1_label_1"});
   label->setId(labelId.xc_str());
-  label->setStyle(*AddStyle(joined({labelId.xc_str(), ChartBase::_default_style}), false));
+  label->setStyle(kestrel::findOrMakeStyle(*this, joined({labelId.xc_str(), ChartBase::_default_style})));
   auto* const text = label->addText();
   ChartString title = variable.getVexaVariableLabel();
   if (title.empty()) title = variable.getVexaVariableShortLabel();
@@ -178,7 +179,7 @@ bool XElement::hideInAllPanelsExcept(int level, double value) {
   bool done = false;
   guarded("Error in XElement::hideInAllPanelsExcept()", [&] {
     if (level <= 0) return;
-    LumoStyle& hidden = *AddStyle(u"hidden", false);
+    LumoStyle& hidden = kestrel::findOrMakeStyle(*this, u"hidden");
     hidden.setVisible(false);
     ChartString condition = numbered(u"facet", static_cast<std::size_t>(level));
     condition.append(u" != \"");

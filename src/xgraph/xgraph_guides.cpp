@@ -4,6 +4,7 @@
 
 #include "support/chart_text.h"
 #include "support/guard.h"
+#include "support/styles.h"
 
 #include "host/chartbase.h"
 #include "model/graph.h"
@@ -11,6 +12,7 @@
 #include "model/style.h"
 #include "model/tokens.h"
 
+using kestrel::findOrMakeStyle;
 using kestrel::guarded;
 using kestrel::isEmpty;
 using kestrel::joined;
@@ -43,8 +45,8 @@ NamedLine addLine(LumoGraph& graph, char16_t const* name) {
   return {guide, nameGuide(guide, LumoUni::_lineGuide, name, graph.getLineGuides().size())};
 }
 
-void styleGuide(XGraph& chart, CTGuideType& guide, ChartString const& id) {
-  guide.setStyle(*chart.AddStyle(joined({id.xc_str(), ChartBase::_default_style}), false));
+LumoStyle& findOrMakeStyleOf(XGraph& chart, ChartString const& guideId) {
+  return findOrMakeStyle(chart, joined({guideId.xc_str(), ChartBase::_default_style}));
 }
 
 /// Where a panel variable has one of the values, or (`equal` false) none of them.
@@ -68,11 +70,11 @@ void XGraph::AddReferenceLine(std::string const& x, std::string const& y, char16
                               std::vector<double> const* values, bool equal) {
   guarded("Error in XGraph::AddReferenceLine()", [&] {
     auto const [guide, id] = addLine(present(mGraph, "graph"), name);
-    LumoStyle& shown = *AddStyle(joined({id.xc_str(), ChartBase::_default_style}), false);
+    LumoStyle& shown = findOrMakeStyleOf(*this, id);
     shown.setVisible(true);
     guide.setStyle(shown);
     // One for all reference lines of the chart, also where nothing hides this one.
-    LumoStyle& hidden = *AddStyle(u"hidden", false);
+    LumoStyle& hidden = findOrMakeStyle(*this, u"hidden");
     hidden.setVisible(false);
     if (values != nullptr && !values->empty()) {
       guide.addConditionalStyle(panelCondition(facet, *values, equal).xc_str(), hidden);
@@ -86,7 +88,7 @@ void XGraph::AddXReferenceLine(double value, char16_t const* name) {
   guarded("Error in XGraph::AddXReferenceLine()", [&] {
     auto const [guide, id] = addLine(present(mGraph, "graph"), name);
     guide.setX(numberText(value).xc_str());
-    styleGuide(*this, guide, id);
+    guide.setStyle(findOrMakeStyleOf(*this, id));
   });
 }
 
@@ -94,7 +96,7 @@ void XGraph::AddYReferenceLine(double value, char16_t const* name) {
   guarded("Error in XGraph::AddYReferenceLine()", [&] {
     auto const [guide, id] = addLine(present(mGraph, "graph"), name);
     guide.setY(numberText(value).xc_str());
-    styleGuide(*this, guide, id);
+    guide.setStyle(findOrMakeStyleOf(*this, id));
   });
 }
 
@@ -104,6 +106,6 @@ void XGraph::AddFunctionLine(std::string const& function, char16_t const* name) 
     LumoFunctionGuide& guide = *graph.addFunctionGuide();
     ChartString const id = nameGuide(guide, LumoUni::_functionGuide, name, graph.getFunctionGuides().size());
     if (!function.empty()) guide.setValue(ChartString(function.c_str()).xc_str());
-    styleGuide(*this, guide, id);
+    guide.setStyle(findOrMakeStyleOf(*this, id));
   });
 }

@@ -4,6 +4,7 @@
 
 #include "support/chart_text.h"
 #include "support/guard.h"
+#include "support/styles.h"
 
 #include "host/chartbase.h"
 #include "model/document.h"
@@ -91,7 +92,7 @@ void XGraph::make3D(double distance, double phi, double theta, double zeta) {
     for (ViewGuide const& each : viewGuides) {
       CTGuideType& guide = each.add(graph);
       guide.setId(each.id);
-      guide.setStyle(*AddStyle(joined({each.id, ChartBase::_default_style}), false));
+      guide.setStyle(kestrel::findOrMakeStyle(*this, joined({each.id, ChartBase::_default_style})));
     }
   });
 }

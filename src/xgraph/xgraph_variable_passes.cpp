@@ -148,14 +148,15 @@ void showPercentagesOf(CTVariableType const& variable, DOMElement const& element
   }
 }
 
-void showPercentages(CTVariableType const& variable, LumoGraph const& graph, DOMElement const& chart) {
+/// @param graph may be null in a chart without percentages
+void showPercentages(CTVariableType const& variable, LumoGraph const* graph, DOMElement const& chart) {
   DOMNodeList const& statistics = *chart.getElementsByTagName(LumoUni::_summaryStatistic);
   XMLSize_t const count = statistics.getLength();
   for (XMLSize_t at = 0; at < count; ++at) {
     DOMNode const& node = *statistics.item(at);
     auto const* const statistic = objectOf<LumoSummaryStatistic>(node, LumoUni::_summaryStatistic);
     if (statistic == nullptr || !isPercentage(*statistic)) continue;
-    if (LumoMajorTicks* const ticks = valueTicks(graph)) {
+    if (LumoMajorTicks* const ticks = valueTicks(present(graph, "graph"))) {
       showPercentages(*ticks);
     } else {
       showPercentagesOf(variable, static_cast<DOMElement const&>(*node.getParentNode()), chart);
@@ -171,7 +172,7 @@ int XGraph::copyVariableFormats() {
     for (LumoSourceVariable* variable : variables) {
       if (variable->getFormats().empty()) copyFormatOfATwin(*variable, variables);
       if (variable->getFormats().empty()) {
-        showPercentages(*variable, present(mGraph, "graph"), *mVisualization->getImplementation());
+        showPercentages(*variable, mGraph, *mVisualization->getImplementation());
       }
     }
   });

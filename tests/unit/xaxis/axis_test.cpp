@@ -3,6 +3,7 @@
 #include "axis_fixture.h"
 #include "xaxis.h"
 
+#include "host/log.h"
 #include "host/messages.h"
 #include "model/labels.h"
 #include "model/style.h"
@@ -149,6 +150,13 @@ TEST_F(AxisLabelTest, HidingKeepsTheText) {
 TEST_F(AxisLabelTest, AFailureOfHidingReachesTheCaller) {
   axis.AddLabel(u"Age");
   EXPECT_THROW(failAtChange(1, [&] { axis.hideLabel(); }), OrdinaryFailure);
+  expectNoReport(recorder);
+}
+
+TEST_F(AxisLabelTest, HidingFailsWhereTheIdOfTheStyleBelongsToSomethingElse) {
+  axis.AddLabel(u"Age");
+  visualization.addUserSource(u"axis_label_hidden_s");
+  EXPECT_THROW(axis.hideLabel(), ChartException);
   expectNoReport(recorder);
 }
 

@@ -217,6 +217,14 @@ TEST_P(ElementStyleTest, AsksTheVirtualAddStyleForASharedStyle) {
   EXPECT_EQ(model.getStyle(), &style);
 }
 
+TEST_F(ElementTest, AnElementOfTheStylesIdThatIsNoStyleReachesTheCallerAsAFailure) {
+  ChartString id(model.getId());
+  id.append(ChartBase::_default_style);
+  visualization.addSourceVariable(id.xc_str());
+  EXPECT_THROW(element.SetPrimaryColor(1, 2, 3), ChartException);
+  EXPECT_EQ(model.getStyle(), nullptr);
+}
+
 TEST_F(ElementTest, AllOfTheAppearanceGoesIntoOneStyle) {
   element.SetPrimaryColor(1, 2, 3);
   element.SetSecondaryColor(4, 5, 6);

@@ -6,6 +6,7 @@
 #include "host/chartbase.h"
 #include "host/log.h"
 #include "host/messages.h"
+#include "kestrelhost/data_source.h"
 #include "model/aesthetics.h"
 #include "model/labels.h"
 #include "model/style.h"
@@ -264,10 +265,34 @@ TEST_F(ClusterLabelTest, AVariableWithoutAnyLabelGivesAnEmptyText) {
   EXPECT_EQ(labelText(), "");
 }
 
-TEST_F(ClusterLabelTest, EscapedLineBreaksOfEitherLabelAreBroken) {
+TEST_F(ClusterLabelTest, EscapedLineBreaksOfTheLabelAreBroken) {
   sexModel.setLabel(u"one\\ntwo");
   cluster(true, false, true, true);
   EXPECT_EQ(labelText(), "one\ntwo");
+}
+
+TEST_F(ClusterLabelTest, EscapedLineBreaksOfTheShortLabelAreBroken) {
+  sexModel.setShortLabel(u"one\\ntwo");
+  cluster(true, false, true, true);
+  EXPECT_EQ(labelText(), "one\ntwo");
+}
+
+TEST_F(ClusterLabelTest, TheTextIsTheLabelOfTheHostVariable) {
+  host::MemoryDataSource data;
+  host::MemoryVariable& column = data.addNumbers("sex", {1.0});
+  column.setLabel("Sex of the host");
+  sexModel.setLabel(u"Sex of the model");
+  sex.setVexaVariable(column);
+  cluster(true, false, true, true);
+  EXPECT_EQ(labelText(), "Sex of the host");
+}
+
+TEST_F(ClusterLabelTest, AHostVariableWithoutLabelGivesItsName) {
+  host::MemoryDataSource data;
+  sexModel.setLabel(u"Sex of the model");
+  sex.setVexaVariable(data.addNumbers("sex", {1.0}));
+  cluster(true, false, true, true);
+  EXPECT_EQ(labelText(), "sex");
 }
 
 TEST_F(ClusterTest, WritesInItsFixedOrder) {
@@ -329,6 +354,25 @@ TEST_F(ClusterTest, AMissingStyleContainerIsReported) {
   cluster(true, false, true, false);
   expectGuardReport(recorder, "Error in XElement::cluster()");
   EXPECT_EQ(legend()->getStyle(), nullptr);
+}
+
+TEST_F(ClusterTest, AnElementOfTheStylesIdThatIsNoStyleIsReported) {
+  ChartString id(u"frame_legend_1");
+  id.append(ChartBase::_default_style);
+  visualization.addSourceVariable(id.xc_str());
+  cluster(true, false, true, true);
+  expectGuardReport(recorder, "Error in XElement::cluster()");
+  EXPECT_EQ(legend()->getStyle(), nullptr);
+}
+
+TEST_F(ClusterTest, ALabelStyleThatIsNoStyleIsReported) {
+  ChartString id(u"frame_legend_1_legend_1_label_1");
+  id.append(ChartBase::_default_style);
+  visualization.addSourceVariable(id.xc_str());
+  cluster(true, false, true, true);
+  expectGuardReport(recorder, "Error in XElement::cluster()");
+  EXPECT_EQ(legend()->getLegendTargets().size(), 1u);
+  EXPECT_EQ(legend()->getLabels().at(0)->getStyle(), nullptr);
 }
 
 class StackTest : public ClusterTest {};

@@ -111,6 +111,24 @@ TEST_F(HistogramTest, WithoutSettingsTheBinStatisticIsEmptyAndTheStatisticsAreRe
   EXPECT_EQ(attribute(summary(), u"method"), "10");
 }
 
+TEST_F(HistogramTest, ReplacesAllStatisticsOfBothKinds) {
+  for (int count = 0; count < 2; ++count) {
+    model.addBinStatistic();
+    model.addSummaryStatistic();
+  }
+  element.addHistogramStatistic(u"5", 10, 2, false);
+  EXPECT_EQ(model.getBinStatistics().size(), 1u);
+  EXPECT_EQ(model.getSummaryStatistics().size(), 1u);
+}
+
+TEST_F(HistogramTest, LeavesOtherStatistics) {
+  model.addDistributionStatistic();
+  model.addTukeyStatistic();
+  element.addHistogramStatistic(u"5", 10, 2, false);
+  EXPECT_EQ(model.getDistributionStatistics().size(), 1u);
+  EXPECT_EQ(model.getTukeyStatistics().size(), 1u);
+}
+
 TEST_F(HistogramTest, TheSummaryIsThatOfAHistogram) {
   element.addHistogramStatistic(u"5", 10, 2, true);
   EXPECT_EQ(attribute(summary(), u"method"), "10");
@@ -213,6 +231,19 @@ TEST_F(ColorByTest, ASecondColorEndsInTwo) {
   element.colorByVariable(age, threeColors, false, nullptr);
   EXPECT_EQ(utf8(color(1)->getId()), "points_color2");
   EXPECT_EQ(utf8(color(1)->getCycle()->getId()), "points_colorstyleCycle_2");
+}
+
+TEST_F(ColorByTest, NamesThatAreTakenAreNotLookedAt) {
+  visualization.addStyleCycle(u"points_colorstyleCycle_1");
+  element.colorByVariable(sex, threeColors, false, nullptr);
+  EXPECT_THAT(idsOf(visualization, u"styleCycle"),
+              ElementsAre("points_colorstyleCycle_1", "points_colorstyleCycle_1"));
+}
+
+TEST_F(ColorByTest, ColorsCountForThemselvesBesideStackedOnes) {
+  element.Cluster(sex, true, false, false, false);
+  element.colorByVariable(sex, threeColors, false, nullptr);
+  EXPECT_EQ(utf8(color()->getId()), "points_color1");
 }
 
 TEST_F(ColorByTest, WithoutLegendThereIsNone) {

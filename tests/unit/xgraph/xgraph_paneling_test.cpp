@@ -1,12 +1,13 @@
 // Collecting panel variables, and panel axes on the other side.
 
 #include "change_log.h"
-#include "graph_fixture.h"
+#include "panel_fixture.h"
 
 #include "host/log.h"
 #include "host/messages.h"
 #include "model/graph.h"
 #include "model/paneling.h"
+#include "model/variables.h"
 
 #include <gmock/gmock.h>
 
@@ -28,12 +29,34 @@ class EachPanelCollector : public GraphTest, public testing::WithParamInterface<
     GetParam().add(graph, variable, role);
   }
 
+  /// The variables of the last cross, nested or not.
+  std::vector<CTVariableType*> panelVariables() const {
+    LumoCross const* const cross = graph.getGraph()->getFaceting()->getCrosss().back();
+    std::vector<CTVariableType*> variables;
+    for (LumoVariableReference const* each : cross->getVariableReferences())
+      variables.push_back(each->getRef());
+    for (LumoNest const* nest : cross->getNests()) {
+      for (LumoVariableReference const* each : nest->getVariableReferences())
+        variables.push_back(each->getRef());
+    }
+    return variables;
+  }
+
   std::unique_ptr<XSource> source = addSource();
   XVariable categories = graph.AddAggregatedVariable(*source, true, u"");
   XVariable numbers = graph.AddAggregatedVariable(*source, false, u"");
 };
 
 class BeginPaneling : public GraphTest {};
+
+/// What comes of the panel variables that were collected.
+class CollectedPanels : public PanelTest {
+ protected:
+  std::string panels() {
+    graph.EndPaneling(true, false);
+    return panelTree(graph);
+  }
+};
 
 /// A graph with a facet layout of two levels, of which the first has two axes.
 class PanelAxes : public GraphTest {
@@ -114,6 +137,102 @@ TEST_P(EachPanelCollector, AsksTheVariableAnewAtEachCall) {
   EXPECT_NO_THROW(add(numbers));
 }
 
+TEST_P(EachPanelCollector, CollectsNothingAtARefusal) {
+  add(categories, XGraph::ROLE_COLUMN);
+  EXPECT_THROW(add(numbers, XGraph::ROLE_COLUMN), ChartException);
+  graph.EndPaneling(true, false);
+  EXPECT_THAT(ids(panelVariables()), ElementsAre("sourceVariable0"));
+}
+
+TEST_P(EachPanelCollector, TellsTheHostNothingElse) {
+  recorder.clear();
+  add(categories);
+  EXPECT_TRUE(recorder.lines().empty());
+}
+
+TEST_P(EachPanelCollector, KeepsRowsAndColumnsApart) {
+  XVariable more = graph.AddAggregatedVariable(*source, true, u"");
+  add(categories, XGraph::ROLE_ROW);
+  add(more, XGraph::ROLE_COLUMN);
+  graph.EndPaneling(true, false);
+  EXPECT_THAT(ids(panelVariables()), ElementsAre("sourceVariable2", "sourceVariable0"));
+}
+
+TEST_P(EachPanelCollector, TakesAnyOtherRoleForColumns) {
+  XVariable more = graph.AddAggregatedVariable(*source, true, u"");
+  add(categories, static_cast<XGraph::ROLE>(7));
+  add(more, static_cast<XGraph::ROLE>(-1));
+  graph.EndPaneling(true, false);
+  EXPECT_THAT(ids(panelVariables()), ElementsAre("sourceVariable0", "sourceVariable2"));
+  for (LumoFacetLevel const* level : graph.getGraph()->getFacetLayout()->getFacetLevels()) {
+    EXPECT_EQ(attribute(level->getAxiss().at(0)->getMajorTicks(), u"labelAngle"), "(absent)");
+  }
+}
+
+TEST_P(EachPanelCollector, TakesAVariableAsOftenAsItComes) {
+  add(categories);
+  add(categories);
+  graph.EndPaneling(true, false);
+  EXPECT_THAT(ids(panelVariables()), ElementsAre("sourceVariable0", "sourceVariable0"));
+}
+
+TEST_P(EachPanelCollector, AsksTheWrapperForItsVariableByTheVirtualCall) {
+  auto& own = dynamic_cast<LumoSourceVariable&>(categories.getImplementation());
+  StandIn standIn(own, numbers.getImplementation());
+  add(standIn);
+  graph.EndPaneling(true, false);
+  EXPECT_THAT(panelVariables(), ElementsAre(&numbers.getImplementation()));
+}
+
+TEST_P(EachPanelCollector, OutlivesTheWrapper) {
+  {
+    XVariable copy = categories;
+    add(copy);
+  }
+  graph.EndPaneling(true, false);
+  EXPECT_THAT(ids(panelVariables()), ElementsAre("sourceVariable0"));
+}
+
+TEST_F(CollectedPanels, AreCrossedWithoutANestCall) {
+  columns({u"island", u"year"});
+  rows({u"sex"});
+  EXPECT_EQ(panels(), "cross(island sex year unity)");
+}
+
+TEST_F(CollectedPanels, AreNestedOnTheSideOfTheNestCallOnly) {
+  columns({u"island", u"year"});
+  nestedRows({u"sex"});
+  EXPECT_EQ(panels(), "cross(island nest(sex) year unity)");
+}
+
+TEST_F(CollectedPanels, AreNestedWithAllOfTheirSide) {
+  rows({u"sex"});
+  nestedRows({u"year"});
+  rows({u"island"});
+  EXPECT_EQ(panels(), "cross(unity nest(sex year island))");
+}
+
+TEST_F(CollectedPanels, NestTheColumnsForAnyOtherRole) {
+  nestPanels(graph, static_cast<XGraph::ROLE>(7), {u"island"});
+  rows({u"sex"});
+  EXPECT_EQ(panels(), "cross(nest(island) sex)");
+}
+
+TEST_F(CollectedPanels, AreNotNestedByACallThatWasRefused) {
+  columns({u"island", u"year"});
+  XVariable mass = category(u"mass");
+  mass.setCategorical(false);
+  EXPECT_THROW(graph.PanelingAddNestVariable(mass, XGraph::ROLE_COLUMN), ChartException);
+  EXPECT_EQ(panels(), "cross(island unity year unity)");
+}
+
+TEST_F(CollectedPanels, AreNotSharedByTwoBuildersOfAChart) {
+  columns({u"island"});
+  XGraph second(visualization);
+  second.EndPaneling(true, false);
+  EXPECT_EQ(panelTree(graph), "(no faceting)");
+}
+
 TEST_F(BeginPaneling, IsNotNeededBeforeAVariable) {
   auto const source = addSource();
   XVariable categories = graph.AddAggregatedVariable(*source, true, u"");
@@ -186,6 +305,47 @@ TEST_F(PanelAxes, ChangeSidesBeforeTheirTickLabelsTurn) {
   ChangeLog log(document);
   graph.setPanelAxesOpposite();
   EXPECT_THAT(log.lines(), ElementsAre("axis opposite=true", "majorTicks labelAngle=-0"));
+}
+
+TEST_F(PanelAxes, ChangeOneAfterTheOtherAlongTheLevels) {
+  addAxis(first).setOpposite(true);
+  addAxis(first).addMajorTicks()->setLabelAngle(22.5);
+  addAxis(second).addMajorTicks()->setLabelAngle(-90.0);
+  ChangeLog log(document);
+  graph.setPanelAxesOpposite();
+  EXPECT_THAT(log.lines(),
+              ElementsAre("axis opposite=false", "axis opposite=true", "majorTicks labelAngle=-22.5",
+                          "axis opposite=true", "majorTicks labelAngle=90"));
+}
+
+TEST_F(PanelAxes, OfMadePanelsTurnBackToTheUsualSide) {
+  XVariable island = addCategory(graph, u"island");
+  XVariable sex = addCategory(graph, u"sex");
+  graph.PanelingAddCrossVariable(island, XGraph::ROLE_COLUMN);
+  graph.PanelingAddCrossVariable(sex, XGraph::ROLE_ROW);
+  graph.EndPaneling(true, false);
+  ChangeLog log(document);
+  EXPECT_EQ(graph.setPanelAxesOpposite(), 2);
+  EXPECT_THAT(log.lines(), ElementsAre("axis opposite=false", "majorTicks labelAngle=-0",
+                                       "axis opposite=false", "majorTicks labelAngle=-90"));
+}
+
+TEST_F(PanelAxes, OfABlendTurnToo) {
+  graph.addBlendFacetLevel(1);
+  ChangeLog log(document);
+  EXPECT_EQ(graph.setPanelAxesOpposite(), 1);
+  EXPECT_THAT(log.lines(), ElementsAre("axis opposite=true", "majorTicks labelAngle=-0"));
+}
+
+TEST_F(PanelAxes, StopAtAWriteThatFailsAndKeepTheSidesSoFar) {
+  expectGuardedAtEveryWrite(
+      recorder,
+      [](XGraph& chart) {
+        unsigned int level = 1;
+        chart.addFacetLevel(level, u"Island", u"5%", 0.0);
+        chart.addFacetLevel(level, u"Sex", u"5%", 90.0);
+      },
+      [](XGraph& chart) { chart.setPanelAxesOpposite(); }, "Error in XGraph::setPanelAxesOpposite()");
 }
 
 TEST_F(PanelAxes, AreNotTheAxesOfTheCoordinates) {

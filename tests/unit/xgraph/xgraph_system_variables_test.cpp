@@ -3,6 +3,8 @@
 #include "change_log.h"
 #include "variable_graph.h"
 
+#include "host/messages.h"
+
 #include <gmock/gmock.h>
 
 using namespace kestrel::test;
@@ -187,6 +189,21 @@ TEST_F(ExistingVariable, IsRegisteredUnderTheIdAsItWasPassed) {
   EXPECT_THAT(registered(), ElementsAre("Source0/"));
 }
 
+TEST_F(ExistingVariable, IsRegisteredUnderTheIdInUTF8) {
+  visualization.addUserSource(u"gr\u00f6\u00dfe");
+  graph.AddExistingVariable(u"gr\u00f6\u00dfe", false, u"theirs");
+  EXPECT_THAT(registered(), ElementsAre("gr\xc3\xb6\xc3\x9f"
+                                        "e/"));
+}
+
+TEST_F(ExistingVariable, TakesTheNumberBehindTheVariablesThatAreThere) {
+  addVariable();
+  graph.AddExistingVariable(u"source0", false, u"theirs");
+  graph.AddWeightVariable("source0");
+  EXPECT_THAT(ids(visualization.getSourceVariables()),
+              ElementsAre("sourceVariable0", "sourceVariable1", "sourceVariable2"));
+}
+
 TEST_F(ExpressionVariable, IsTheSumOfItsOperandsInOrder) {
   XVariable first = addVariable();
   XVariable second = addVariable();
@@ -213,6 +230,22 @@ TEST_F(ExpressionVariable, HasNoColumn) {
   XVariable const sum = graph.AddExpressionVariable({&operand, &operand}, false);
   EXPECT_EQ(sum.getSourceName(), "");
   EXPECT_THAT(recorder.lines(), IsEmpty());
+}
+
+TEST_F(ExpressionVariable, NeedsNoStore) {
+  XVariable operand = addVariable();
+  XVariable const sum = XGraph(visualization).AddExpressionVariable({&operand, &operand}, false);
+  EXPECT_EQ(utf8(sum.GetID()), "expressionVariable0");
+  expectNoReport(recorder);
+}
+
+TEST_F(ExpressionVariable, LetsTheHostsUnwindingSignalPass) {
+  XVariable operand = addVariable();
+  for (unsigned int const change : {1u, 4u}) {
+    ChangeTrap const trap(document, change, throwGoToCaller());
+    EXPECT_THROW(graph.AddExpressionVariable({&operand, &operand}, false), VexaGoToCaller) << change;
+  }
+  expectNoReport(recorder);
 }
 
 TEST_F(ExpressionVariable, IsNumberedByTheCountBeforeIt) {

@@ -267,6 +267,11 @@ TEST_F(AggregatedVariable, BearsTheLabel) {
   EXPECT_EQ(utf8(onlyVariable().getLabel()), "Count");
 }
 
+TEST_F(AggregatedVariable, BearsTheLabelUnchanged) {
+  graph.AddAggregatedVariable(*source, false, u" a\\nb ");
+  EXPECT_EQ(utf8(onlyVariable().getLabel()), " a\\nb ");
+}
+
 TEST_F(AggregatedVariable, HasNoLabelForAnEmptyText) {
   graph.AddAggregatedVariable(*source, false, u"");
   EXPECT_EQ(attribute(&onlyVariable(), u"label"), "(absent)");

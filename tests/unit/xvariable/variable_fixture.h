@@ -10,6 +10,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -22,11 +23,12 @@ class ChosenVariable : public Vexa_Variable {
   char const* GetName() const override { return name; }
   char const* GetLabel() const override { return label; }
   Vexa_Format GetFormat() const override { return format; }
-  Vexa_VLImplPointer GetValueLabels() const override { return Vexa_VLImplPointer(); }
+  Vexa_VLImplPointer GetValueLabels() const override { return Vexa_VLImplPointer(valueLabels); }
 
   char const* name = "age";
   char const* label = "Age of the animal";
   Vexa_Format format{Vexa_Format::FormatNumber, 8, 2};
+  std::shared_ptr<Vexa_ValueLabels const> valueLabels;
 };
 
 /// A data source that finds every name at the same index.
