@@ -1,34 +1,21 @@
 // Writes data streams and beside each, as JSON, what a reader must find in it: `arrow_streams FOLDER`.
 
+#include "stream_sample.h"
+
 #include "host/data_store.h"
 
-#include <cstdio>
 #include <filesystem>
-#include <fstream>
 #include <iostream>
 #include <limits>
 #include <memory>
 #include <string>
 #include <vector>
 
+using namespace kestrel::test;
+
 namespace {
 
-constexpr double missing = std::numeric_limits<double>::lowest();
-
-struct Column {
-  std::string name;
-  std::vector<double> cells;
-};
-
-struct Source {
-  std::string name;
-  std::vector<Column> columns;
-};
-
-struct Sample {
-  std::string name;
-  std::vector<Source> sources;
-};
+constexpr double missing = kestrel::test::missingCell;
 
 std::vector<double> cells(unsigned int count, unsigned int missingEach) {
   std::vector<double> result;
@@ -67,43 +54,6 @@ std::vector<Sample> samples() {
   return result;
 }
 
-std::string quoted(std::string const& text) {
-  std::string result = "\"";
-  for (char const character : text) {
-    if (character == '"' || character == '\\') result += '\\';
-    if (character == '\t') {
-      result += "\\t";
-    } else {
-      result += character;
-    }
-  }
-  return result + '"';
-}
-
-/// A number as text with every digit, or null.
-std::string shown(double cell) {
-  if (cell == missing) return "null";
-  char digits[40];
-  std::snprintf(digits, sizeof digits, "\"%.17g\"", cell);
-  return digits;
-}
-
-template <typename List, typename Show>
-std::string listed(List const& list, Show show) {
-  std::string result = "[";
-  for (auto const& item : list) result += (result.size() > 1 ? "," : "") + show(item);
-  return result + "]";
-}
-
-std::string expectation(Sample const& sample) {
-  auto const column = [](Column const& of) {
-    return "{\"name\":" + quoted(of.name) + ",\"cells\":" + listed(of.cells, shown) + "}";
-  };
-  return listed(sample.sources, [&](Source const& source) {
-    return "{\"source\":" + quoted(source.name) + ",\"columns\":" + listed(source.columns, column) + "}";
-  });
-}
-
 std::string stream(Sample const& sample) {
   VarDataProcessor store;
   for (Source const& source : sample.sources) {
@@ -120,12 +70,6 @@ std::string stream(Sample const& sample) {
   return {reinterpret_cast<char const*>(bytes.get()), size};
 }
 
-bool write(std::filesystem::path const& path, std::string const& content) {
-  std::ofstream file(path, std::ios::binary);
-  file << content;
-  return static_cast<bool>(file.flush());
-}
-
 }  // namespace
 
 int main(int count, char** arguments) {
@@ -136,12 +80,7 @@ int main(int count, char** arguments) {
   std::filesystem::path const folder = arguments[1];
   std::filesystem::create_directories(folder);
   for (Sample const& sample : samples()) {
-    bool const written = write(folder / (sample.name + ".arrow"), stream(sample)) &&
-                         write(folder / (sample.name + ".json"), expectation(sample));
-    if (!written) {
-      std::cerr << "cannot write to " << folder << "\n";
-      return 1;
-    }
+    if (!writeSample(folder, sample, stream(sample))) return 1;
   }
   return 0;
 }

@@ -98,12 +98,12 @@ TEST_F(ChartError, IsATextThatIsNotUtf8) {
 TEST_F(ChartError, IsAnotherKindOfElement) {
   write("t.csv", "a,b\n1,2\n");
   expectError(kestrel({"chart", "t.csv", "--element", "pie", "--x", "a", "--y", "b", "-o", "out"}), 1,
-              "--element: pie not in {point,bar,line}");
+              "--element: pie not in {point,bar,line,histogram,box,errorbar,pyramid}");
 }
 
 TEST_F(ChartError, IsAMissingOption) {
   expectError(kestrel({"chart", "t.csv", "--element", "point", "--x", "a", "-o", "out"}), 1,
-              "--y is required");
+              "--y is required with --element point; name the column of the Y axis\n");
 }
 
 TEST_F(ChartError, IsAnOptionThatIsNoneOfOurs) {

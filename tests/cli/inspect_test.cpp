@@ -244,8 +244,14 @@ TEST_F(Help, IsGivenOnStandardOutput) {
 TEST_F(Help, OfChartTellsHowColumnsAreRead) {
   Outcome const run = kestrel({"chart", "--help"});
   EXPECT_EQ(run.exit, 0);
-  EXPECT_THAT(run.out, HasSubstr("--element KIND:{point,bar,line} REQUIRED"));
+  EXPECT_THAT(run.out, HasSubstr("--element KIND:{point,bar,line,histogram,box,errorbar,pyramid} REQUIRED"));
   EXPECT_THAT(run.out, HasSubstr("NA, NaN"));
+  for (char const* const option :
+       {"--cluster COLUMN", "--stack COLUMN", "--panel-row COLUMN", "--panel-column COLUMN", "--label COLUMN",
+        "--bins N", "--sort ORDER:{ascending,descending}", "--exclude CATEGORY", "--reference-x VALUE",
+        "--reference-y VALUE", "--transpose"}) {
+    EXPECT_THAT(run.out, HasSubstr(option));
+  }
 }
 
 TEST_F(Help, HasAVersion) {

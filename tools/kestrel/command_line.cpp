@@ -1,6 +1,7 @@
 #include "command_line.h"
 
 #include "chart/chart_command.h"
+#include "gallery/gallery_command.h"
 #include "inspect/inspect_command.h"
 #include "problem.h"
 #include "utf8.h"
@@ -17,8 +18,6 @@ namespace kestrel::tool {
 
 namespace {
 
-constexpr std::size_t mostFootnotes = 3;
-
 constexpr char const* exitCodes = R"(Exit codes:
   0  all went well
   1  the command line or an input file is wrong
@@ -33,9 +32,22 @@ other column is text, and its texts are categories in the order in which they
 first appear. A number with leading zeros, such as 01234, is text. An empty cell
 is a missing value; among numbers and dates NA, NaN and a single point are too.
 
-Nothing is computed: each row is one point, one bar, or one corner of a line. A
-column of categories gives each category a colour; one of numbers or dates gives
-a range of colours.
+With point, bar and line each row is one point, one bar, or one corner of a line.
+A histogram and a pyramid count the rows in bins of X, and need no Y. A box shows
+the quartiles of Y at each place of X, an error bar its mean. The client computes
+what is shown; nothing is computed here.
+
+--color gives each category of its column a colour; a column of numbers or dates
+gives a range of colours. --cluster stands the categories of its column side by
+side, --stack on each other; only one of the three can be given. --cluster goes
+with bar, box and errorbar; --stack with bar, histogram and pyramid.
+
+--panel-row and --panel-column split the chart into panels, one for each category;
+several of them make crossed panels. A pyramid needs --panel-column once, with a
+column of two categories: one for each side. Panels, clusters and stacks need
+categories, and so do --sort and --exclude: text, or what --categorical names.
+Texts are sorted in the order of their characters. A reference line stands at a
+number or, where the axis shows dates, at a date.
 
 )";
 
@@ -67,14 +79,15 @@ struct TextOption {
   char const* meaning;
 };
 
-constexpr TextOption neededColumns[] = {
-    {"--x", &ChartRequest::x, columnValue, "column of the X axis"},
-    {"--y", &ChartRequest::y, columnValue, "column of the Y axis"},
-};
-
 constexpr TextOption chartTexts[] = {
-    {"--z", &ChartRequest::z, columnValue, "column of the Z axis"},
+    {"--y", &ChartRequest::y, columnValue, "column of the Y axis; not with histogram and pyramid"},
+    {"--z", &ChartRequest::z, columnValue, "column of the Z axis; with point, bar and line"},
     {"--color", &ChartRequest::color, columnValue, "column that gives the colour"},
+    {"--cluster", &ChartRequest::cluster, columnValue, "column whose categories stand side by side"},
+    {"--stack", &ChartRequest::stack, columnValue, "column whose categories stand on each other"},
+    {"--label", &ChartRequest::label, columnValue,
+     "column that labels the outliers of a box plot, instead of the number of the row"},
+    {"--bins", &ChartRequest::bins, "N", "number of bins of a histogram or pyramid"},
     {"--title", &ChartRequest::title, textValue, "title of the chart"},
     {"--title2", &ChartRequest::title2, textValue, "second title"},
     {"--subtitle", &ChartRequest::subtitle, textValue, "subtitle"},
@@ -83,6 +96,27 @@ constexpr TextOption chartTexts[] = {
     {"--z-label", &ChartRequest::zLabel, textValue, "label of the Z axis, instead of the name of its column"},
     {"--description", &ChartRequest::description, textValue, "the chart in words, for who cannot see it"},
     {"--name", &ChartRequest::name, textValue, "name of the chart"},
+};
+
+struct ListOption {
+  char const* name;
+  std::vector<std::string> ChartRequest::*target;
+  char const* value;
+  char const* meaning;
+};
+
+constexpr ListOption chartLists[] = {
+    {"--panel-row", &ChartRequest::panelRows, columnValue,
+     "column that gives each category a row of panels; may be repeated"},
+    {"--panel-column", &ChartRequest::panelColumns, columnValue,
+     "column that gives each category a column of panels; may be repeated"},
+    {"--reference-x", &ChartRequest::referenceX, "VALUE", "line at a value of X; may be repeated"},
+    {"--reference-y", &ChartRequest::referenceY, "VALUE", "line at a value of Y; may be repeated"},
+    {"--exclude", &ChartRequest::excluded, "CATEGORY", "category of X to leave out; may be repeated"},
+    {"--footnote", &ChartRequest::footnotes, textValue, "footnote; may be given three times"},
+    {"--categorical", &ChartRequest::categorical, columnValue,
+     "column of numbers or dates that are categories; may be repeated"},
+    {"--csv", &ChartRequest::attachments, fileValue, "file to attach to the chart; may be repeated"},
 };
 
 ElementKind elementKind(std::string const& word) {
@@ -104,16 +138,16 @@ CLI::App* addChart(CLI::App& program, ChartRequest& request) {
       program.add_subcommand("chart", "Makes a chart of a CSV file and writes what a client gets");
   addOption(*chart, "DATA.csv", request.data, fileValue, "the table")->required();
   addElement(*chart, request);
-  for (TextOption const& row : neededColumns) {
-    addOption(*chart, row.name, request.*row.target, row.value, row.meaning)->required();
-  }
+  addOption(*chart, "--x", request.x, columnValue, "column of the X axis")->required();
   for (TextOption const& row : chartTexts) {
     addOption(*chart, row.name, request.*row.target, row.value, row.meaning);
   }
-  addOption(*chart, "--footnote", request.footnotes, textValue, "footnote; may be given three times");
-  addOption(*chart, "--categorical", request.categorical, columnValue,
-            "column of numbers or dates that are categories; may be repeated");
-  addOption(*chart, "--csv", request.attachments, fileValue, "file to attach to the chart; may be repeated");
+  for (ListOption const& row : chartLists) {
+    addOption(*chart, row.name, request.*row.target, row.value, row.meaning);
+  }
+  addOption(*chart, "--sort", request.sort, "ORDER", "order of the categories of X")
+      ->check(CLI::IsMember({"ascending", "descending"}));
+  chart->add_flag("--transpose", request.transposed, "turns the chart: X goes up, Y goes across");
   addOption(*chart, "-o,--output", request.output, folderValue, "where to write capture.kcap")->required();
   chart->footer(std::string(chartNotes) + exitCodes);
   return chart;
@@ -128,6 +162,15 @@ void addInspect(CLI::App& program, InspectRequest& request) {
   inspect->add_flag("--json", request.json, "the same as JSON, for programs");
 }
 
+void addGallery(CLI::App& program, GalleryRequest& request) {
+  CLI::App* const gallery =
+      program.add_subcommand("gallery", "Makes the charts of the gallery: one of each kind, of real data");
+  addOption(*gallery, "NAME", request.names, "NAME", "the charts to make; all of them if none is named")
+      ->allow_extra_args(true);
+  addOption(*gallery, "-o,--output", request.output, folderValue, "where to write the charts");
+  gallery->add_flag("--list", request.list, "only says which charts there are");
+}
+
 int code(Exit exit) { return static_cast<int>(exit); }
 
 /// Help goes to standard output; a fault of the command line is one line on standard error.
@@ -137,13 +180,6 @@ int finish(CLI::App const& program, CLI::ParseError const& end) {
   return code(Exit::BadInput);
 }
 
-void requireFewFootnotes(ChartRequest const& request) {
-  if (request.footnotes.size() <= mostFootnotes) return;
-  throw Problem("--footnote was given " + counted(request.footnotes.size(), "time") + "; a chart has up to " +
-                    std::to_string(mostFootnotes) + " footnotes",
-                Exit::BadInput);
-}
-
 int run(int count, char const* const* arguments) {
   CLI::App program("Makes charts of CSV files as a client gets them, and looks into what a client gets.",
                    "kestrel");
@@ -151,16 +187,21 @@ int run(int count, char const* const* arguments) {
   program.require_subcommand(1);
   program.footer(exitCodes);
   ChartRequest chartRequest;
+  GalleryRequest galleryRequest;
   InspectRequest inspectRequest;
   CLI::App const* const chart = addChart(program, chartRequest);
+  addGallery(program, galleryRequest);
   addInspect(program, inspectRequest);
   try {
     program.parse(count, arguments);
   } catch (CLI::ParseError const& end) {
     return finish(program, end);
   }
+  if (program.got_subcommand("gallery")) {
+    runGallery(galleryRequest);
+    return code(Exit::Success);
+  }
   if (!chart->parsed()) return code(runInspect(inspectRequest) ? Exit::Success : Exit::BadCapture);
-  requireFewFootnotes(chartRequest);
   runChart(chartRequest);
   return code(Exit::Success);
 }

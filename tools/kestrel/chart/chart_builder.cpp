@@ -1,42 +1,24 @@
 #include "chart_builder.h"
 
+#include "chart_words.h"
+#include "element_builder.h"
+#include "panel_builder.h"
 #include "procedure_data.h"
 #include "xdocument.h"
 #include "xgraph.h"
 
+#include "model/graph.h"
 #include "model/variables.h"
 
 #include <array>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
 namespace kestrel::tool {
 
 namespace {
-
-/// Told apart also by those who do not see all colours alike. More categories than these begin anew.
-constexpr std::array categoryColors = {u"#0072B2", u"#E69F00", u"#009E73", u"#CC79A7",
-                                       u"#56B4E9", u"#D55E00", u"#F0E442", u"#595959"};
-/// The ends of a range of numbers.
-constexpr std::array rangeColors = {u"#9ECAE1", u"#08306B"};
-
-ChartString text(std::string const& utf8) {
-  ChartString result;
-  result.assignUTF8(utf8);
-  return result;
-}
-
-std::vector<ChartString> colorsFor(Column const& column) {
-  std::vector<ChartString> colors;
-  if (!column.categorical) return {rangeColors.begin(), rangeColors.end()};
-  for (char16_t const* const color : categoryColors) {
-    // What is no text has as many categories as it has different values: nobody counts them here.
-    if (column.type == ColumnType::Text && colors.size() == column.categories.size()) break;
-    colors.emplace_back(color);
-  }
-  return colors;
-}
 
 /// Shows each category's number as its text.
 void relabelCategories(XVariable& variable, Vexa_Variable const& host) {
@@ -46,7 +28,7 @@ void relabelCategories(XVariable& variable, Vexa_Variable const& host) {
   while (labels.GetNextPair(value, label) != 0) {
     ChartString from;
     from.appendDouble(value->number());
-    variable.getImplementation().getFormats().front()->addRelabel(from.xc_str(), text(label).xc_str());
+    variable.getImplementation().getFormats().front()->addRelabel(from.xc_str(), chartText(label).xc_str());
   }
 }
 
@@ -61,7 +43,15 @@ std::vector<XVariable> addVariables(XGraph& graph, XSource& source, std::vector<
   return variables;
 }
 
-void addRows(XSource& source, std::vector<XVariable>& variables, host::MemoryDataSource const& data) {
+/// What labels the outliers of a box plot: the column that was asked for, or else the number of the row.
+std::optional<XVariable> addOutlierLabels(XGraph& graph, XSource& source, ChartRequest const& request,
+                                          ChartData const& data, std::vector<XVariable> const& variables) {
+  if (request.element != ElementKind::Box) return std::nullopt;
+  if (data.label) return variables[*data.label];
+  return graph.AddSystemVariable(true, source, false);
+}
+
+void addRows(XSource& source, std::vector<XVariable> variables, host::MemoryDataSource const& data) {
   host::MemoryCaseIterator cases(data);
   while (cases.next()) {
     XRow& row = *source.AddRow();
@@ -80,16 +70,47 @@ void measure(XAxis& axis, XVariable const& variable, Column const& column) {
   if (isDate) axis.addDateInterval(nullptr, nullptr);
 }
 
-XElement addElement(XGraph& graph, ElementKind kind, bool clustered) {
-  switch (kind) {
-    case ElementKind::Bar:
-      return graph.AddBarElement(clustered);
-    case ElementKind::Line:
-      return graph.AddLineElement(nullptr);
-    case ElementKind::Point:
-      break;
+/// Orders the categories of X and leaves some out, which gives the variable a domain of its own.
+void arrangeCategories(XVariable& variable, ChartRequest const& request, ChartData const& data) {
+  // In this order: sorting makes a new domain, without what an earlier one leaves out.
+  if (!request.sort.empty()) variable.sortCategories(request.sort == "descending");
+  for (double const value : data.excluded) {
+    // A category is named by its value in the data, in the form in which relabels name it: the number of a
+    // text, never the text. A number holds no semicolon, which would part it.
+    ChartString category;
+    category.appendDouble(value);
+    variable.excludeCategory(category);
   }
-  return graph.AddPointElement();
+}
+
+void addXAxis(XGraph& graph, ChartRequest const& request, ChartData const& data,
+              std::vector<XVariable>& variables) {
+  XAxis axis = graph.AddPrimaryXAxis(chartText(request.xLabel.empty() ? request.x : request.xLabel));
+  XVariable& variable = variables[data.x];
+  arrangeCategories(variable, request, data);
+  CTDomainType const* const arranged = variable.getImplementation().getDomain();
+  if (arranged != nullptr) {
+    // One domain for both, so that the axis has the order and the gaps of the variable.
+    graph.getXDimension(*graph.getGraph()->getCoordinates(0), true)->setDomain(*arranged);
+  } else {
+    measure(axis, variable, data.columns[data.x]);
+  }
+  auto const clustering = clusteringColumn(request, data);
+  if (clustering) axis.Cluster(variables[*clustering]);
+}
+
+void addYAxis(XGraph& graph, ChartRequest const& request, ChartData const& data,
+              std::vector<XVariable> const& variables) {
+  std::string const usual = data.y ? request.y : "Count";
+  XAxis axis = graph.AddPrimaryYAxis(chartText(request.yLabel.empty() ? usual : request.yLabel));
+  if (data.y) measure(axis, variables[*data.y], data.columns[*data.y]);
+}
+
+void addZAxis(XGraph& graph, ChartRequest const& request, ChartData const& data,
+              std::vector<XVariable> const& variables) {
+  if (!data.z) return;
+  XAxis axis = graph.AddZAxis(chartText(request.zLabel.empty() ? request.z : request.zLabel));
+  measure(axis, variables[*data.z], data.columns[*data.z]);
 }
 
 struct TitleOperation {
@@ -105,27 +126,19 @@ void addTitles(XGraph& graph, ChartRequest const& request) {
   for (std::size_t at = 0; at < request.footnotes.size() && at < footnotes.size(); ++at) {
     titles.push_back({footnotes[at], request.footnotes[at]});
   }
-  for (TitleOperation const& title : titles) (graph.*title.add)(text(title.text).xc_str());
+  for (TitleOperation const& title : titles) (graph.*title.add)(chartText(title.text).xc_str());
 }
 
-/// What somebody who cannot see the chart is told about it.
-std::string defaultDescription(ChartRequest const& request) {
-  std::string sentence = request.title.empty() ? "A " : request.title + ": a ";
-  sentence += elementNames[static_cast<std::size_t>(request.element)];
-  sentence += " chart of " + request.y + " by " + request.x;
-  if (!request.z.empty()) sentence += " and " + request.z;
-  if (!request.color.empty()) sentence += ", coloured by " + request.color;
-  return sentence + ".";
+void addReferenceLines(XGraph& graph, ChartData const& data) {
+  for (double const value : data.referenceX) graph.AddXReferenceLine(value, nullptr);
+  for (double const value : data.referenceY) graph.AddYReferenceLine(value, nullptr);
 }
 
-std::string const& orElse(std::string const& given, std::string const& usual) {
-  return given.empty() ? usual : given;
-}
-
-/// Bars of one place stand side by side where the colour splits them by something else than the place.
-bool isClustered(ChartRequest const& request, ChartData const& data) {
-  return request.element == ElementKind::Bar && data.color && *data.color != data.x &&
-         data.columns[*data.color].categorical;
+void addWords(XDocument& document, ChartRequest const& request) {
+  addTitles(*document.getGraph(), request);
+  if (!request.name.empty()) document.SetName(chartText(request.name).xc_str());
+  document.SetDescription(
+      chartText(request.description.empty() ? defaultDescription(request) : request.description));
 }
 
 }  // namespace
@@ -133,34 +146,23 @@ bool isClustered(ChartRequest const& request, ChartData const& data) {
 void describeChart(XDocument& document, ChartRequest const& request, ChartData const& data) {
   XGraph& graph = *document.getGraph();
   std::unique_ptr<XSource> const source(graph.AddSource());
-  std::vector<Column> const& columns = data.columns;
   host::MemoryDataSource procedureData;
-  present(columns, procedureData);
-  std::vector<XVariable> variables = addVariables(graph, *source, columns, procedureData);
-  addRows(*source, variables, procedureData);
+  present(data.columns, procedureData);
+  std::vector<XVariable> variables = addVariables(graph, *source, data.columns, procedureData);
+  std::optional<XVariable> outlierLabels = addOutlierLabels(graph, *source, request, data, variables);
+  std::vector<XVariable> stored = variables;
+  if (outlierLabels && !data.label) stored.push_back(*outlierLabels);
+  addRows(*source, stored, procedureData);
 
-  bool const clustered = isClustered(request, data);
-  XElement element = addElement(graph, request.element, clustered);
-  element.AddX(variables[data.x]);
-  element.AddY(variables[data.y]);
-  XAxis xAxis = graph.AddPrimaryXAxis(text(orElse(request.xLabel, request.x)));
-  measure(xAxis, variables[data.x], columns[data.x]);
-  if (clustered) xAxis.Cluster(variables[*data.color]);
-  XAxis yAxis = graph.AddPrimaryYAxis(text(orElse(request.yLabel, request.y)));
-  measure(yAxis, variables[data.y], columns[data.y]);
-  if (data.z) {
-    element.AddZ(variables[*data.z]);
-    XAxis zAxis = graph.AddZAxis(text(orElse(request.zLabel, request.z)));
-    measure(zAxis, variables[*data.z], columns[*data.z]);
-  }
-  if (data.color) {
-    element.colorByVariable(variables[*data.color], colorsFor(columns[*data.color]), true,
-                            text(request.color).xc_str());
-  }
+  addXAxis(graph, request, data, variables);
+  addYAxis(graph, request, data, variables);
+  addZAxis(graph, request, data, variables);
+  addElement(graph, request, data, variables, outlierLabels ? &*outlierLabels : nullptr);
+  addPanels(graph, request, data, variables);
+  addReferenceLines(graph, data);
+  if (request.transposed) graph.transpose();
 
-  addTitles(graph, request);
-  if (!request.name.empty()) document.SetName(text(request.name).xc_str());
-  document.SetDescription(text(orElse(request.description, defaultDescription(request))));
+  addWords(document, request);
   for (std::string const& attachment : request.attachments) document.AddCSVFile(attachment);
 }
 

@@ -1,9 +1,11 @@
 #include "chart_command.h"
 
+#include "bar_places.h"
 #include "chart_builder.h"
 #include "chart_data.h"
 #include "files.h"
 #include "problem.h"
+#include "request_checks.h"
 #include "xdocument.h"
 
 #include "kestrelhost/host.h"
@@ -12,7 +14,6 @@
 #include <cerrno>
 #include <filesystem>
 #include <memory>
-#include <set>
 #include <string>
 #include <system_error>
 #include <utility>
@@ -81,20 +82,6 @@ void requireAttachments(ChartRequest const& request) {
   }
 }
 
-/// Whether some rows would be drawn as bars on the very same place.
-bool barsCover(ChartRequest const& request, ChartData const& data) {
-  if (request.element != ElementKind::Bar) return false;
-  auto const& columns = data.columns;
-  std::set<std::array<double, 3>> places;
-  for (std::size_t row = 0; row < data.rows(); ++row) {
-    auto const at = [&](std::optional<std::size_t> column) {
-      return column ? columns[*column].values[row] : 0.0;
-    };
-    if (!places.insert({at(data.x), at(data.z), at(data.color)}).second) return true;
-  }
-  return false;
-}
-
 std::string typeOf(Column const& column) {
   constexpr std::array names = {"numbers", "dates", "dates with times"};
   std::string text;
@@ -135,15 +122,25 @@ bool send(ChartRequest const& request, ChartData const& data,
   return document.SendChart(false, false, false);
 }
 
-}  // namespace
-
-void runChart(ChartRequest const& request) {
-  ChartData const data = readChartData(request);
-  requireAttachments(request);
+/// What may surprise in a chart that is made all the same.
+void tellNotes(ChartRequest const& request, ChartData const& data) {
   if (barsCover(request, data)) {
     tell("note: several rows of " + request.data + " share a bar's place and will cover each other; " +
          "give a table with one row for each bar");
   }
+  if (data.droppedRows > 0) {
+    tell("note: " + counted(data.droppedRows, "row") + " of " + request.data + " without a value of column " +
+         inQuotes(request.panelColumns.front()) + " will be left out; they have no side in the pyramid");
+  }
+}
+
+}  // namespace
+
+void runChart(ChartRequest const& request) {
+  requireSense(request);
+  ChartData const data = readChartData(request);
+  requireAttachments(request);
+  tellNotes(request, data);
   makeFolder(request.output);
   UnfinishedFile const file(fs::path(request.output) / "capture.kcap");
   auto capture = openCapture(file);

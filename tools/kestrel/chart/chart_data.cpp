@@ -1,8 +1,13 @@
 #include "chart_data.h"
 
+#include "categories.h"
+#include "data_checks.h"
 #include "files.h"
 #include "nearest_name.h"
 #include "problem.h"
+#include "reference_values.h"
+
+#include "kestrelhost/missing.h"
 
 #include <algorithm>
 #include <string>
@@ -49,9 +54,10 @@ class Choice {
     return mChosen.size() - 1;
   }
 
-  std::optional<std::size_t> chooseIfGiven(char const* option, std::string const& name) {
-    if (name.empty()) return std::nullopt;
-    return choose(option, name);
+  std::vector<std::size_t> chooseAll(char const* option, std::vector<std::string> const& names) {
+    std::vector<std::size_t> columns;
+    for (std::string const& name : names) columns.push_back(choose(option, name));
+    return columns;
   }
 
   std::vector<Column> read() const {
@@ -71,16 +77,69 @@ class Choice {
   std::vector<std::size_t> mChosen;
 };
 
+struct Role {
+  char const* option;
+  std::string ChartRequest::*name;
+  std::optional<std::size_t> ChartData::*column;
+};
+
+/// What a column is for, where it is not always there.
+constexpr Role roles[] = {
+    {"--y", &ChartRequest::y, &ChartData::y},
+    {"--z", &ChartRequest::z, &ChartData::z},
+    {"--color", &ChartRequest::color, &ChartData::color},
+    {"--cluster", &ChartRequest::cluster, &ChartData::cluster},
+    {"--stack", &ChartRequest::stack, &ChartData::stack},
+    {"--label", &ChartRequest::label, &ChartData::label},
+};
+
+ChartData chooseColumns(ChartRequest const& request, CsvTable const& table) {
+  ChartData data;
+  Choice choice(request, table);
+  data.x = choice.choose("--x", request.x);
+  for (Role const& role : roles) {
+    if (!(request.*role.name).empty()) data.*role.column = choice.choose(role.option, request.*role.name);
+  }
+  data.panelColumns = choice.chooseAll("--panel-column", request.panelColumns);
+  data.panelRows = choice.chooseAll("--panel-row", request.panelRows);
+  data.columns = choice.read();
+  return data;
+}
+
+void removeRows(Column& column, std::vector<bool> const& removed) {
+  std::vector<double> kept;
+  column.missing = 0;
+  for (std::size_t row = 0; row < removed.size(); ++row) {
+    if (removed[row]) continue;
+    kept.push_back(column.values[row]);
+    if (kept.back() == host::systemMissing) ++column.missing;
+  }
+  column.values = std::move(kept);
+}
+
+/// A panel of rows without a side would stand between the sides, of which every second one is mirrored.
+void dropRowsWithoutSide(ChartData& data) {
+  std::vector<double> const& sides = data.columns[data.panelColumns.front()].values;
+  std::vector<bool> removed;
+  for (double const side : sides) removed.push_back(side == host::systemMissing);
+  data.droppedRows = static_cast<std::size_t>(std::count(removed.begin(), removed.end(), true));
+  for (Column& column : data.columns) removeRows(column, removed);
+}
+
 }  // namespace
 
 ChartData readChartData(ChartRequest const& request) {
-  CsvTable const table = readCsv(request.data, readFile(request.data));
-  Choice choice(request, table);
-  std::size_t const x = choice.choose("--x", request.x);
-  std::size_t const y = choice.choose("--y", request.y);
-  auto const z = choice.chooseIfGiven("--z", request.z);
-  auto const color = choice.chooseIfGiven("--color", request.color);
-  return {choice.read(), x, y, z, color};
+  ChartData data = chooseColumns(request, readCsv(request.data, readFile(request.data)));
+  requireFittingColumns(request, data);
+  if (request.element == ElementKind::Pyramid) dropRowsWithoutSide(data);
+  Column& x = data.columns[data.x];
+  // A client sorts by the values or by their texts: numbered in the order of the texts, both are the same.
+  if (!request.sort.empty()) sortByText(x);
+  data.excluded = findExcluded(request.data, x, request.excluded);
+  data.referenceX = readReferences("--reference-x", request.referenceX, &x);
+  data.referenceY =
+      readReferences("--reference-y", request.referenceY, data.y ? &data.columns[*data.y] : nullptr);
+  return data;
 }
 
 }  // namespace kestrel::tool

@@ -1,15 +1,11 @@
 #pragma once
 
-#include <array>
+#include "element_kind.h"
+
 #include <string>
 #include <vector>
 
 namespace kestrel::tool {
-
-enum class ElementKind { Point, Bar, Line };
-
-/// The words of the kinds, in their order.
-constexpr std::array<char const*, 3> elementNames = {"point", "bar", "line"};
 
 /// What the command line asks of a chart. An empty text was not given.
 struct ChartRequest {
@@ -19,7 +15,19 @@ struct ChartRequest {
   std::string y;
   std::string z;
   std::string color;
+  std::string cluster;
+  std::string stack;
+  std::vector<std::string> panelRows;
+  std::vector<std::string> panelColumns;
+  std::string label;
   std::vector<std::string> categorical;
+  std::string bins;
+  /// "ascending" or "descending".
+  std::string sort;
+  std::vector<std::string> excluded;
+  std::vector<std::string> referenceX;
+  std::vector<std::string> referenceY;
+  bool transposed = false;
   std::string title;
   std::string title2;
   std::string subtitle;
