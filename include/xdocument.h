@@ -20,6 +20,7 @@ class LumoDocument;
 class LumoVisualization;
 class VarDataProcessor;
 class XGraph;
+class XVariable;
 
 /// The root object of one chart. It owns the model document, the graph builder and the data store, holds what
 /// the caller has asked of the chart, and sends the chart to the client.
@@ -192,6 +193,68 @@ class KESTREL_API XDocument {
   void setLUMOMap(std::string const& name, std::string const& map);
   void setLUMORefMap(std::string const& name, std::string const& map);
 
+  /// Turns the chart into the one that goes to the client: default looks, language, templates, and what the
+  /// host asked for in colours, frames and gridlines. `SendChart` and `getChartXML` call it; a second call
+  /// does everything again. Failures of the chart model pass to the caller.
+  /// @param ignoredFlag has no effect
+  void CompleteChart(bool ignoredFlag);
+
+  /// Completes the chart and gives its text; empty for an empty document.
+  std::string getChartXML();
+
+  /// Reworks the chart with `customizeCharts`, which must be of that kind. Not part of the completion.
+  bool customizeSPCharts();
+  void tweakNetworkDiagram(XVariable const& variable);
+
+  /// Applies the templates of the user's settings in their order (styles, options, then the chosen or the
+  /// default ones), then those of `applyUserTemplates`.
+  /// @return how many were applied; 0 for an empty document
+  int applyTemplates();
+
+  /// Applies the immediate templates, then those that `SetChartTemplate` named. A template that is missing or
+  /// fails is reported, and the others go on.
+  /// @param baseline the chart as it was before any template; may be null
+  /// @return how many of the named ones were applied
+  int applyUserTemplates(LumoVisualization* baseline);
+
+  /// Applies a template that is given without its root element.
+  /// @return whether the template engine took it
+  bool applyImmediateTemplate(std::string const& fragment);
+
+  /// Applies the user's options templates or, where there are none, styles templates.
+  void applyStyleTemplate();
+
+  /// The content of a file in the host's template folder; empty where there is none.
+  std::string fetchTemplateFile(std::string name);
+
+  /// Whether all options templates ask for colours only; true where there are none.
+  static bool useColorsOnly();
+
+  /// The colours that the first "setColor" of each options template names.
+  static std::vector<ChartString> getColors();
+
+  /// Gives the chart the language of the host, unless it has one.
+  void setLanguage();
+
+  /// Names a data set at the client, for as many calls as there are in the process: each takes the next
+  /// number. Nothing is done before the chart has a graph builder, and for an empty text.
+  void SetDataHandle(ChartString const& name, ChartString const& handle);
+
+  /// Writes into the record of the chart's special parts. As the two below, makes the graph builder if there
+  /// is none, in the form of `getExternalGraph`.
+  /// @throws ChartException if the document is empty
+  void addExtension(char16_t const* name, char16_t const* value);
+
+  /// Tells the client to run a function of its own on the graph. Narrow text is in the local code page.
+  void addSwingController(std::string function);
+
+  /// Shows percent behind the numbers of the Y axis and of the first interval's labels.
+  /// @return whether the axis has ticks that it could be written to
+  bool addPercentSuffixToYAxis();
+
+  /// How many of the names are ids of data sources of the chart, of any kind, and how many are not. Guarded.
+  void getSourceNameCount(std::vector<std::string> const& names, unsigned int& found, unsigned int& notFound);
+
   /// Makes the document use the caller's data store, which the caller keeps. A store that `getGraph` made
   /// before stays with the graph, and ends with the document.
   void SetChartData(VarDataProcessor* data);
@@ -201,8 +264,11 @@ class KESTREL_API XDocument {
 
   void convertFromLumoML(std::string const& text);
   void convertXML(std::string const& text, CONVERT_FROM from, bool reportErrors);
-  std::string fetchTemplateFile(std::string name);
   void requireDocument() const;
+  LumoVisualization& chart() const;
+  LumoVisualization& chartWithGraph();
+  void applyColors();
+  void setGridlines(char16_t const* role, TEMPL_PARAM_ACT action);
   void stamp(LumoVisualization& visualization);
   bool sendAll(LumoVisualization& visualization, std::string const& text);
   bool sendContents(LumoVisualization& visualization, std::string const& text);

@@ -112,9 +112,3 @@ XGraph* XDocument::getExternalGraph() {
   }
   return mData->mGraph.get();
 }
-
-std::string XDocument::fetchTemplateFile(std::string name) {
-  // No separator: the base folder ends with one.
-  name.insert(0, present(PathFactory::getPathInstance(3), "base folder").getBasePath() + "template/");
-  return FetchFile().fetch(name, true, true);
-}

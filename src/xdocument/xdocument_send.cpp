@@ -37,8 +37,7 @@ ChartString chartType() {
 
 }  // namespace
 
-// Neither flag has anything to decide: nothing is added to the chart before it is sent.
-bool XDocument::SendChart(bool, bool, bool clearDataAfterSend) {
+bool XDocument::SendChart(bool ignoredFlag, bool alreadyComplete, bool clearDataAfterSend) {
   if (!implementationExists()) {
     tellUser(sendError);
     report("Error in XDocument::SendChart() - no LumoDocument");
@@ -48,6 +47,7 @@ bool XDocument::SendChart(bool, bool, bool clearDataAfterSend) {
   try {
     LumoVisualization& visualization = kestrel::present(getVisualization(), "visualization");
     if (!mData->mDoNotModify) stamp(visualization);
+    if (!alreadyComplete) CompleteChart(ignoredFlag);
     success = sendAll(visualization, AsUTF8());
     releaseData(clearDataAfterSend);
   } catch (VexaGoToCaller const&) {

@@ -2,6 +2,7 @@
 
 #include "model/elements.h"
 #include "model/paneling.h"
+#include "model/variables.h"
 
 #include <xercesc/dom/DOM.hpp>
 
@@ -50,7 +51,14 @@ OperationBench::OperationBench(host::Recorder& journal, Failing failing)
       elementNode(dynamic_cast<CTElementType&>(*element.getImplementation())),
       fail(std::move(failing)),
       recorder(journal) {
-  bareGraph.getGraph()->addFacetLayout()->addFacetLevel(u"level", 1)->addAxis();
+  bareGraph.getGraph()->addFacetLayout()->addFacetLevel(u"level", 1)->addAxis()->addLabel();
+  rawVariable.setSourceName(u"column");
+  relabelled.setSourceName(u"column");
+  LumoFormat& format = *relabelled.addFormat();
+  format.setBaseFormat(LumoFormat::BaseFormat1);
+  format.addRelabel(u"1", u"one");
+  listedDomain.addVariableReference(relabelled);
+  listedDomain.addCategories()->setText(u"1;2");
   element.addDistributionStatistic();
   {
     LumoAxis& node = *emptyDimension.addAxis();

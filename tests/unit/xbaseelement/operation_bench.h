@@ -80,6 +80,19 @@ class ParsedChart {
   std::unique_ptr<LumoDocument> mDocument;
 };
 
+/// A chart that nobody can look into.
+class UnreadableDocument : public LumoDocument {
+ public:
+  explicit UnreadableDocument(Failing fail) : mFail(std::move(fail)) {}
+  LumoVisualization* getVisualization() const override {
+    mFail();
+    return LumoDocument::getVisualization();
+  }
+
+ private:
+  Failing mFail;
+};
+
 /// One of each builder, ready to be used, on one chart. Failures are those of `fail`.
 struct OperationBench {
   OperationBench(host::Recorder& journal, Failing failing);
@@ -88,7 +101,7 @@ struct OperationBench {
   XDocument document{model};
   LumoVisualization& visualization{*model.getVisualization()};
   XGraph& graph{*document.getGraph()};
-  /// A graph without coordinates, but with a panel axis.
+  /// A graph without coordinates, but with a panel axis and its label.
   XGraph bareGraph{visualization, nullptr};
   std::unique_ptr<XSource> source{graph.AddSource()};
   host::MemoryDataSource data;
@@ -96,6 +109,10 @@ struct OperationBench {
   UnreadableVariable unreadableVariable;
   XVariable variable{graph.AddAggregatedVariable(*source, true, ChartString(u"Age"))};
   LumoSourceVariable& rawVariable{*visualization.addSourceVariable(u"raw")};
+  /// Has a format with a relabel, and is over the column of the raw variable.
+  LumoSourceVariable& relabelled{*visualization.addSourceVariable(u"relabelled")};
+  /// The list of the categories of the relabelled variable: the chart's only such domain.
+  LumoCategoricalDomain& listedDomain{*visualization.addCategoricalDomain(u"listed")};
   LumoExpressionVariable& rawExpression{*visualization.addExpressionVariable(u"expression")};
   XAxis axis{graph.AddPrimaryXAxis(ChartString(u"Age"))};
   LumoCoordinates& coordinates{*graph.getGraph()->getCoordinates(0)};
@@ -109,6 +126,7 @@ struct OperationBench {
   ParsedChart parsed;
 
   Failing fail;
+  UnreadableDocument unreadableDocument{fail};
   host::Recorder& recorder;
 };
 

@@ -1,0 +1,192 @@
+// The record that names a chart's special parts.
+
+#include "chartupdater.h"
+
+#include "chartupdater_data.h"
+
+#include "support/chart_parts.h"
+#include "support/failure.h"
+
+#include "host/chartbase.h"
+#include "host/files.h"
+#include "host/text.h"
+#include "model/aesthetics.h"
+#include "model/labels.h"
+
+#include <xercesc/dom/DOMElement.hpp>
+#include <xercesc/dom/DOMNodeList.hpp>
+#include <xercesc/util/XMLString.hpp>
+
+#include <algorithm>
+#include <memory>
+#include <string>
+
+using kestrel::objectOf;
+using kestrel::present;
+using xercesc::DOMNodeList;
+using xercesc::XMLString;
+
+namespace {
+
+// --- Texts
+
+struct LanguageCodePage {
+  char const* language;
+  char const* codePage;
+};
+/// Taiwan is written with an underscore here, unlike elsewhere: relied upon.
+constexpr LanguageCodePage codePages[] = {{"ru", "CP1251"},   {"pl", "CP1250"}, {"zh_tw", "CP950"},
+                                          {"zh-cn", "CP936"}, {"ko", "CP949"},  {"ja", "CP932"}};
+
+PathInstance const& paths() {
+  constexpr int productPaths = 3;
+  return present(PathFactory::getPathInstance(productPaths), "path to the dictionaries");
+}
+
+/// The folder right behind the base path.
+std::string languageOf(std::string const& resourcePath) {
+  std::string const base = paths().getBasePath();
+  std::string const rest = resourcePath.substr(std::min(base.size(), resourcePath.size()));
+  return rest.substr(0, rest.find('/'));
+}
+
+std::string codePageOf(std::string const& language) {
+  for (LanguageCodePage const& row : codePages) {
+    if (language == row.language) return row.codePage;
+  }
+  return "CP1252";
+}
+
+/// A label of several texts becomes one of a single text.
+void updateTexts(LumoLabel& label, FacSTDictionary& dictionary, std::string const& codePage) {
+  ChartString whole;
+  for (LumoText const* text : label.getTexts()) whole.append(text->getText());
+  ChartBase::updateText(whole, &dictionary, codePage);
+  label.removeTexts();
+  label.addText()->setText(whole.xc_str());
+}
+
+// --- Slots
+
+using SetFrame = void (LumoExtensionVis::*)(LumoLabelFrame const&);
+
+struct PurposeSlot {
+  LumoLabel::ENUM_purpose purpose;
+  SetFrame set;
+};
+constexpr PurposeSlot purposes[] = {{LumoLabel::PurposeTitle1, &LumoExtensionVis::setTitle1},
+                                    {LumoLabel::PurposeTitle2, &LumoExtensionVis::setTitle2},
+                                    {LumoLabel::PurposeSubtitle, &LumoExtensionVis::setSubtitle},
+                                    {LumoLabel::PurposeFootnote1, &LumoExtensionVis::setFootnote1},
+                                    {LumoLabel::PurposeFootnote2, &LumoExtensionVis::setFootnote2},
+                                    {LumoLabel::PurposeFootnote3, &LumoExtensionVis::setFootnote3}};
+
+struct NamedSlot {
+  char16_t const* name;
+  SetFrame set;
+};
+/// One off against the names of the slots: relied upon.
+constexpr NamedSlot positions[] = {{u"title", &LumoExtensionVis::setTitle1},
+                                   {u"subtitle", &LumoExtensionVis::setTitle2},
+                                   {u"subsubtitle", &LumoExtensionVis::setSubtitle},
+                                   {u"footnote", &LumoExtensionVis::setFootnote1},
+                                   {u"subfootnote", &LumoExtensionVis::setFootnote2}};
+constexpr NamedSlot frameIds[] = {{ChartBase::_frame_title_1, &LumoExtensionVis::setTitle1},
+                                  {ChartBase::_frame_title_2, &LumoExtensionVis::setTitle2},
+                                  {ChartBase::_frame_subtitle_1, &LumoExtensionVis::setSubtitle},
+                                  {ChartBase::_frame_footnote_1, &LumoExtensionVis::setFootnote1},
+                                  {ChartBase::_frame_footnote_2, &LumoExtensionVis::setFootnote2},
+                                  {ChartBase::_frame_footnote_3, &LumoExtensionVis::setFootnote3}};
+
+template <typename Slots>
+void setSlotOf(char16_t const* name, Slots const& slots, LumoExtensionVis& record,
+               LumoLabelFrame const& frame) {
+  for (NamedSlot const& slot : slots) {
+    if (XMLString::equals(slot.name, name)) (record.*slot.set)(frame);
+  }
+}
+
+void recordByPurpose(LumoLabel const& label, LumoExtensionVis& record, LumoLabelFrame const& frame) {
+  for (PurposeSlot const& slot : purposes) {
+    if (slot.purpose == label.getPurpose()) (record.*slot.set)(frame);
+  }
+}
+
+void recordFrame(LumoLabelFrame const& frame, LumoExtensionVis& record) {
+  // The position word alone counts where the frame has a record of its own, also one that says nothing.
+  if (LumoExtension const* const extension = frame.getExtension()) {
+    setSlotOf(extension->getAttribute(LumoUni::_position), positions, record, frame);
+    return;
+  }
+  setSlotOf(frame.getId(), frameIds, record, frame);
+  if (XMLString::equals(frame.getId(), ChartBase::_frame_statistics_summary_1))
+    record.setStatisticsSummary(frame, 0);
+}
+
+struct BlankableSlot {
+  LumoLabelFrame* (LumoExtensionVis::*get)() const;
+  void (LumoExtensionVis::*remove)();
+};
+/// The subtitle and the other footnotes stay, also blank ones.
+constexpr BlankableSlot blankables[] = {
+    {&LumoExtensionVis::getTitle1, &LumoExtensionVis::removeTitle1},
+    {&LumoExtensionVis::getTitle2, &LumoExtensionVis::removeTitle2},
+    {&LumoExtensionVis::getFootnote1, &LumoExtensionVis::removeFootnote1}};
+
+bool isBlank(LumoLabelFrame const* frame) {
+  LumoLabel const* const label = frame == nullptr ? nullptr : frame->getLabel();
+  if (label == nullptr) return false;
+  auto const texts = label->getTexts();
+  if (texts.empty()) return false;
+  ChartString text(texts.front()->getText());
+  text.trimSpaces(true);
+  return text.empty();
+}
+
+/// In the first empty slot, unless it stands in one before that.
+void recordLegend(LumoLegend const& legend, LumoExtensionVis& record) {
+  unsigned int slot = 1;
+  for (; LumoLegend const* const recorded = record.getLegend(slot); ++slot) {
+    if (recorded->getImplementation() == legend.getImplementation()) return;
+  }
+  record.setLegend(slot, legend);
+}
+
+}  // namespace
+
+void ChartUpdater::addExtensions() {
+  LumoVisualization& visualization = mData->visualization();
+  LumoExtensionVis& record = kestrel::findOrMakeExtension(visualization);
+  std::string const resourcePath = paths().getDictionaryPath();
+  FacSTDictionary dictionary(resourcePath);
+  std::string const codePage = codePageOf(languageOf(resourcePath));
+  dictionary.SetProcedure("GRAPH");
+
+  xercesc::DOMElement const& chart = *visualization.getImplementation();
+  DOMNodeList const& frames = *chart.getElementsByTagName(LumoUni::_labelFrame);
+  for (XMLSize_t at = 0; at < frames.getLength(); ++at) {
+    auto const* const frame = objectOf<LumoLabelFrame>(*frames.item(at), LumoUni::_labelFrame);
+    if (frame == nullptr) continue;
+    if (LumoLabel* const label = frame->getLabel()) {
+      updateTexts(*label, dictionary, codePage);
+      recordByPurpose(*label, record, *frame);
+    }
+    recordFrame(*frame, record);
+  }
+  for (BlankableSlot const& slot : blankables) {
+    if (isBlank((record.*slot.get)())) (record.*slot.remove)();
+  }
+  DOMNodeList const& legends = *chart.getElementsByTagName(LumoUni::_legend);
+  for (XMLSize_t at = 0; at < legends.getLength(); ++at) {
+    if (auto const* const legend = objectOf<LumoLegend>(*legends.item(at), LumoUni::_legend)) {
+      recordLegend(*legend, record);
+    }
+  }
+  DOMNodeList const& cycles = *chart.getElementsByTagName(LumoUni::_styleCycle);
+  for (XMLSize_t at = 0; at < cycles.getLength(); ++at) {
+    auto const* const cycle = objectOf<LumoStyleCycle>(*cycles.item(at), LumoUni::_styleCycle);
+    if (cycle != nullptr && XMLString::equals(cycle->getId(), ChartBase::_styleCycleRepository)) {
+      record.setStyleCycleRepository(*cycle);
+    }
+  }
+}
