@@ -199,6 +199,11 @@ class KESTREL_API XDocument {
   /// @param ignoredFlag has no effect
   void CompleteChart(bool ignoredFlag);
 
+  /// Makes the data store and the chart's variables agree: columns that the store does not know are added to
+  /// it, and categorical dates that come with nothing but an input pattern get a relabel for each row.
+  /// @return the number of source variables whose column the store held before; 0 without a store
+  int fleshOutData();
+
   /// Completes the chart and gives its text; empty for an empty document.
   std::string getChartXML();
 

@@ -23,21 +23,8 @@
 
 using xercesc::XMLString;
 
-namespace {
-
-LumoStyle& findOrMakeContainer(LumoVisualization& visualization) {
-  for (LumoStyle* style : visualization.getStyles()) {
-    if (XMLString::equals(style->getId(), ChartBase::_container)) return *style;
-  }
-  LumoStyle& made = *visualization.addStyle();
-  made.setId(ChartBase::_container);
-  return made;
-}
-
-}  // namespace
-
 ChartUpdater::ChartUpdaterData::ChartUpdaterData(LumoDocument& document)
-    : mDocument(&document), mContainerStyle(&findOrMakeContainer(visualization())) {}
+    : mDocument(&document), mContainerStyle(&kestrel::findOrMakeContainer(visualization())) {}
 
 LumoVisualization& ChartUpdater::ChartUpdaterData::visualization() const {
   return kestrel::present(mDocument->getVisualization(), "visualization");

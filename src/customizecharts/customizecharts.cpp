@@ -17,14 +17,11 @@
 
 #include <xercesc/dom/DOMElement.hpp>
 #include <xercesc/dom/DOMNodeList.hpp>
-#include <xercesc/util/XMLString.hpp>
 
 #include <algorithm>
 
 using kestrel::joined;
 using kestrel::numbered;
-using kestrel::present;
-using xercesc::XMLString;
 
 customizeCharts::customizeCharts(LumoVisualization& visualization)
     : mData(std::make_unique<Data>(Data{&visualization})) {}

@@ -9,15 +9,12 @@
 #include "support/chart_text.h"
 #include "support/failure.h"
 
-#include "host/chartbase.h"
 #include "model/aesthetics.h"
 #include "model/elements.h"
 #include "model/graph.h"
 #include "model/labels.h"
 #include "model/style.h"
 #include "model/variables.h"
-
-#include <xercesc/util/XMLString.hpp>
 
 #include <vector>
 
@@ -29,15 +26,6 @@ namespace {
 template <typename T>
 T& firstOf(std::vector<T*> const& list, char const* what) {
   return present(list.empty() ? nullptr : list.front(), what);
-}
-
-LumoStyle& findOrMakeContainer(LumoVisualization& visualization) {
-  for (LumoStyle* style : visualization.getStyles()) {
-    if (xercesc::XMLString::equals(style->getId(), ChartBase::_container)) return *style;
-  }
-  LumoStyle& made = *visualization.addStyle();
-  made.setId(ChartBase::_container);
-  return made;
 }
 
 // --- Locations
@@ -152,7 +140,7 @@ void padCells(LumoGraph& graph, LumoStyle& container) {
 
 void customizeCharts::customizeNetworkDiagram(XVariable const& weight) {
   LumoVisualization& visualization = *mData->mVisualization;
-  LumoStyle& container = findOrMakeContainer(visualization);
+  LumoStyle& container = kestrel::findOrMakeContainer(visualization);
   visualization.removeLocations();
   LumoGraph& graph = firstOf(visualization.getGraphs(), "graph");
   placeGraph(graph);

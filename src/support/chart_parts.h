@@ -3,11 +3,14 @@
 #include "support/chart_text.h"
 #include "support/failure.h"
 
+#include "host/chartbase.h"
 #include "model/document.h"
+#include "model/style.h"
 #include "model/tokens.h"
 #include "model/variables.h"
 
 #include <xercesc/dom/DOMNode.hpp>
+#include <xercesc/util/XMLString.hpp>
 
 namespace kestrel {
 
@@ -26,6 +29,16 @@ inline LumoVisualization& visualizationOf(LumoBaseElement const& element) {
 inline LumoExtensionVis& findOrMakeExtension(LumoVisualization& visualization) {
   LumoExtensionVis* extension = visualization.getExtension();
   return extension != nullptr ? *extension : *visualization.addExtension();
+}
+
+/// The style that holds all named styles: the first one of its id, or a new one.
+inline LumoStyle& findOrMakeContainer(LumoVisualization& visualization) {
+  for (LumoStyle* style : visualization.getStyles()) {
+    if (xercesc::XMLString::equals(style->getId(), ChartBase::_container)) return *style;
+  }
+  LumoStyle& made = *visualization.addStyle();
+  made.setId(ChartBase::_container);
+  return made;
 }
 
 /// New domains; their number is the count of their kind before.

@@ -23,4 +23,9 @@ ChartString ChartDictionary::text(char const* key) {
   return XUtility::ChartStringFromOLANG(mTable.LookUp(key).c_str());
 }
 
+ChartString ChartDictionary::indexedText(char const* key) {
+  unsigned long index = 0;
+  return XUtility::ChartStringFromOLANG(mTable.LookUp(key, index).c_str());
+}
+
 }  // namespace kestrel

@@ -14,6 +14,8 @@ class ChartDictionary {
 
   /// The translation of a key, as the table gives it, empty or not.
   ChartString text(char const* key);
+  /// The same by way of the table's positions, as names of days and months are asked for.
+  ChartString indexedText(char const* key);
 
  private:
   FacSTDictionary mTable;

@@ -26,6 +26,13 @@ struct XDocument::XDocumentData {
   /// destroyed) the store that this record shares with the graph, that is the graph's new one.
   VarDataProcessor* chartData();
 
+  /// Reworks the finished chart text by the document's style sheet, if it has one. A failure is reported.
+  /// @return false
+  bool applyStyleSheet(std::string& text) const;
+
+  /// The record of the client's maps, in the machine's byte order; empty where there are none.
+  std::string getMapInfo() const;
+
   /// Reads the data from `data` from now on; the caller keeps it. Frees nothing.
   void takeCallersData(VarDataProcessor* data);
 

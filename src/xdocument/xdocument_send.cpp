@@ -47,8 +47,13 @@ bool XDocument::SendChart(bool ignoredFlag, bool alreadyComplete, bool clearData
   try {
     LumoVisualization& visualization = kestrel::present(getVisualization(), "visualization");
     if (!mData->mDoNotModify) stamp(visualization);
-    if (!alreadyComplete) CompleteChart(ignoredFlag);
-    success = sendAll(visualization, AsUTF8());
+    if (!alreadyComplete) {
+      if (fleshOutData() < 0) return false;
+      CompleteChart(ignoredFlag);
+    }
+    std::string text = AsUTF8();
+    mData->applyStyleSheet(text);
+    success = sendAll(visualization, text);
     releaseData(clearDataAfterSend);
   } catch (VexaGoToCaller const&) {
     throw;
@@ -103,6 +108,12 @@ bool XDocument::sendContents(LumoVisualization& visualization, std::string const
       success = false;
     }
     ChartBase::printDebugInfo("Done Sending Data");
+  }
+  std::string const maps = mData->getMapInfo();
+  if (!maps.empty()) {
+    // In the place of the result so far, so that it hides a failure of the data: relied upon.
+    success = SendContent(maps.data(), maps.size(), CXT_MAP_INFO, noSubType);
+    ChartBase::printDebugInfo("Done Sending Map Info");
   }
   for (std::string const& name : mData->mCSVFiles) sendCsvFile(name, success);
   return success;

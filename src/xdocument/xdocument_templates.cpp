@@ -63,9 +63,8 @@ void refresh(std::vector<std::string>& contents, Settings settings) {
 int applyAll(std::vector<std::string> const& contents, ChainLink const& link, ChartTemplate& engine,
              XDocument const& chart, unsigned long& number) {
   int count = 0;
-  for (std::string const& content : contents) {
+  for (std::string const& text : contents) {
     if (link.advancesNumber) ++number;
-    std::string const text = content;
     if (text.empty()) {
       if (link.missing != nullptr) logFailure(link.missing + nameOfContent, __FILE__, __LINE__);
       continue;

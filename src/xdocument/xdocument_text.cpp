@@ -76,7 +76,8 @@ void XDocument::addExtension(char16_t const* name, char16_t const* value) {
   findOrMakeExtension(chartWithGraph()).setAttribute(ChartString(name), ChartString(value));
 }
 
-void XDocument::addSwingController(std::string function) {
+// The signature is fixed.
+void XDocument::addSwingController(std::string function) {  // NOLINT(performance-unnecessary-value-param)
   LumoSwingController& controller = *chartWithGraph().addSwingController();
   controller.setFunction(ChartString(function.c_str()).xc_str());
   controller.setTarget(present(mData->mGraph->getGraph(), "graph").getId());

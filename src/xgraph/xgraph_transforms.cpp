@@ -116,7 +116,8 @@ constexpr double pixelsPerInch = 506.0;
 /// What is no number is the smallest size.
 int framePixels(double inches) {
   double const limited = inches > smallestFrame ? std::min(inches, largestFrame) : smallestFrame;
-  return static_cast<int>(limited * pixelsPerInch + 0.5);
+  // Truncated behind the addition: relied upon.
+  return static_cast<int>(limited * pixelsPerInch + 0.5);  // NOLINT(bugprone-incorrect-roundings)
 }
 
 ChartString pixels(int number) {
