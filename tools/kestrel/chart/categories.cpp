@@ -60,6 +60,7 @@ std::optional<double> valueOf(Column const& column, std::string const& text) {
 
 std::vector<std::string> textsOf(std::vector<Category> const& categories) {
   std::vector<std::string> texts;
+  texts.reserve(categories.size());
   for (Category const& category : categories) texts.push_back(category.text);
   return texts;
 }

@@ -56,6 +56,7 @@ class Choice {
 
   std::vector<std::size_t> chooseAll(char const* option, std::vector<std::string> const& names) {
     std::vector<std::size_t> columns;
+    columns.reserve(names.size());
     for (std::string const& name : names) columns.push_back(choose(option, name));
     return columns;
   }
@@ -121,6 +122,7 @@ void removeRows(Column& column, std::vector<bool> const& removed) {
 void dropRowsWithoutSide(ChartData& data) {
   std::vector<double> const& sides = data.columns[data.panelColumns.front()].values;
   std::vector<bool> removed;
+  removed.reserve(sides.size());
   for (double const side : sides) removed.push_back(side == host::systemMissing);
   data.droppedRows = static_cast<std::size_t>(std::count(removed.begin(), removed.end(), true));
   for (Column& column : data.columns) removeRows(column, removed);

@@ -32,6 +32,7 @@ std::vector<double> readReferences(std::string const& option, std::vector<std::s
   }
   bool const isDate = column != nullptr && column->type != ColumnType::Number;
   std::vector<double> values;
+  values.reserve(texts.size());
   for (std::string const& text : texts) values.push_back(readReference(option, text, isDate));
   return values;
 }
