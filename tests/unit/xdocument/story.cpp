@@ -10,6 +10,16 @@ using host::Operation;
 
 namespace {
 
+/// The settings of one kind of template, by the kind's letter.
+std::string ofKind(std::string const& words, Entry const& entry) {
+  static constexpr char letters[] = {'s', 'o', 'c', 'd'};
+  return words + " " + letters[entry.number("kind")];
+}
+
+std::string withBaseline(std::string const& words, Entry const& entry) {
+  return words + (entry.flag("baseline") ? " with" : " without") + " baseline";
+}
+
 SentMessage decoded(std::string const& bytes) {
   std::uint32_t size = 0;
   std::memcpy(&size, bytes.data() + 4, sizeof size);
@@ -34,6 +44,22 @@ std::string told(Entry const& entry) {
       return "dump wanted? type " + std::to_string(entry.number("type"));
     case Operation::Fetch:
       return "fetch " + entry.text("name");
+    case Operation::TemplateNames:
+      return ofKind("names of", entry);
+    case Operation::TemplateExists:
+      return ofKind("is there", entry);
+    case Operation::TemplateIsDirty:
+      return ofKind("dirty?", entry);
+    case Operation::TemplateSetIsDirty:
+      return ofKind(entry.flag("dirty") ? "now dirty:" : "now clean:", entry);
+    case Operation::StartTemplate:
+      return withBaseline("start", entry);
+    case Operation::SetTemplate:
+      return "set " + entry.text("xml");
+    case Operation::ApplyTemplate:
+      return "apply";
+    case Operation::PackFrames:
+      return withBaseline("pack", entry);
     default:
       return std::string(nameOf(entry.operation));
   }

@@ -8,8 +8,9 @@
 namespace kestrel::test {
 
 /// What the host was asked for, in order, in few words: "put 1" (a message of that content type), "trace:
-/// ...", "user: ...", "log: ...", "dump prefix number suffix type ...", "fetch name", and any other operation
-/// by its name.
+/// ...", "user: ...", "log: ...", "dump prefix number suffix type ...", "fetch name", "names of s" (the
+/// settings of a kind of template, by its letter), "start with baseline", "set text", "apply", and any other
+/// operation by its name.
 std::vector<std::string> storyOf(host::Recorder const& recorder);
 
 /// One message of the content channel.

@@ -6,6 +6,7 @@
 #include "document_record.h"
 
 #include "host/data_store.h"
+#include "host/messages.h"
 #include "model/document.h"
 
 #include <gmock/gmock.h>
@@ -71,6 +72,12 @@ TEST_F(Settings, TakeAnEmptyCommentAsNone) {
   EXPECT_TRUE(record.mComment.empty());
 }
 
+TEST_F(Settings, TakeANullCommentAsNone) {
+  document.SetComment(u"older");
+  document.SetComment(nullptr);
+  EXPECT_TRUE(record.mComment.empty());
+}
+
 TEST_F(Settings, LeaveTheChartAloneWhenACommentIsTaken) {
   std::string const before = document.AsUTF8();
   document.SetComment(u"made by hand");
@@ -80,6 +87,35 @@ TEST_F(Settings, LeaveTheChartAloneWhenACommentIsTaken) {
 TEST_F(Settings, WriteANameIntoTheChartAtOnce) {
   document.SetName(u"Penguins");
   EXPECT_EQ(attribute(document.getVisualization(), u"name"), "Penguins");
+}
+
+TEST_F(Settings, WriteTheLastNameAndNoneForNull) {
+  document.SetName(u"Penguins");
+  document.SetName(u"");
+  EXPECT_EQ(attribute(document.getVisualization(), u"name"), "");
+  document.SetName(nullptr);
+  EXPECT_EQ(attribute(document.getVisualization(), u"name"), "(absent)");
+}
+
+TEST_F(Settings, LogThatANameCouldNotBeWrittenAndTellNobody) {
+  ChangeTrap const trap(model, 1, throwOrdinaryFailure());
+  EXPECT_NO_THROW(document.SetName(u"Penguins"));
+  EXPECT_THAT(recorder.failures(), ElementsAre("Failed to set chart name"));
+  EXPECT_THAT(recorder.userMessages(), IsEmpty());
+  EXPECT_EQ(attribute(document.getVisualization(), u"name"), "(absent)");
+}
+
+TEST_F(Settings, LetTheHostsUnwindingSignalPassWhereANameIsWritten) {
+  ChangeTrap const trap(model, 1, throwGoToCaller());
+  EXPECT_THROW(document.SetName(u"Penguins"), VexaGoToCaller);
+  expectNoReport(recorder);
+}
+
+TEST_F(Settings, WriteNoNameWithoutAChart) {
+  XDocument empty{std::string()};
+  recorder.clear();
+  EXPECT_NO_THROW(empty.SetName(u"Penguins"));
+  EXPECT_THAT(recorder.lines(), IsEmpty());
 }
 
 TEST_F(Settings, ProtectTheChartWhateverTheArgumentSays) {

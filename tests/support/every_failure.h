@@ -32,4 +32,8 @@ void expectFailuresToKeepWhatWasWritten(host::Recorder& recorder, FailingOperati
 /// As above, with the host's unwinding signal, which must leave the operation unreported.
 void expectUnwindingToKeepWhatWasWritten(host::Recorder& recorder, FailingOperation const& operation);
 
+/// For an operation without a guard: lets every change fail in turn, in both ways. Each failure must leave
+/// the operation unreported. All that was written before must stay, and nothing come behind it.
+void expectFailuresToPass(host::Recorder& recorder, FailingOperation const& operation);
+
 }  // namespace kestrel::test
