@@ -2,6 +2,8 @@
 
 #include "data_store_watch.h"
 
+#include "kestrelhost/frame_layout.h"
+#include "kestrelhost/template_engine.h"
 #include "model/chartstring.h"
 
 #include <utility>
@@ -67,8 +69,8 @@ Host::Host()
       formats(std::make_shared<UsualFormats>()),
       chartTexts(std::make_shared<UsualChartTexts>()),
       templateSettings(std::make_shared<TemplateLists>()),
-      templateEngine(std::make_shared<NoTemplateEngine>()),
-      frameLayout(std::make_shared<NoFrameLayout>()),
+      templateEngine(std::make_shared<XmlTemplateEngine>()),
+      frameLayout(std::make_shared<StackedFrames>()),
       dataDump(std::make_shared<NoDataDump>()),
       java(std::make_shared<NoJava>()),
       compression(std::make_shared<ZlibCompression>()) {}

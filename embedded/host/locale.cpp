@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <vector>
 
 namespace kestrel::host {
 
@@ -49,6 +50,18 @@ std::string lowerCase(std::string text) {
   return text;
 }
 
+constexpr char separators[] = "_-.";
+
+/// The first part of a locale name.
+std::string firstPartOf(std::string const& name) { return name.substr(0, name.find_first_of(separators)); }
+
+/// Which of the two writings of Chinese the region or the script says, of a name in lower case.
+bool isTraditional(std::string const& chinese) {
+  std::size_t const next = chinese.find_first_of(separators);
+  std::string const part = next != std::string::npos ? firstPartOf(chinese.substr(next + 1)) : std::string();
+  return part == "tw" || part == "hk" || part == "mo" || part == "hant";
+}
+
 bool isFolder(std::string const& path) {
   struct stat status {};
   return ::stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
@@ -73,6 +86,22 @@ std::string const& installedShare() {
   return found;
 }
 
+/// The folders that may hold the texts of a language, the best one first; none for a code that cannot be one.
+std::vector<std::string> foldersOf(std::string const& languageCode) {
+  if (!isLocaleName(languageCode) || languageCode.find('.') != std::string::npos) return {};
+  std::string language = lowerCase(languageCode);
+  std::replace(language.begin(), language.end(), '_', '-');
+  std::vector<std::string> folders;
+  // Callers know this one folder by an underscore, though the language code has a dash; relied upon.
+  if (language != "zh-tw") folders.push_back(language);
+  if (firstPartOf(language) == "zh") folders.emplace_back(isTraditional(language) ? "zh_tw" : "zh-cn");
+  for (std::size_t dash = language.rfind('-'); dash != std::string::npos; dash = language.rfind('-')) {
+    language.resize(dash);
+    folders.push_back(language);
+  }
+  return folders;
+}
+
 }  // namespace
 
 Locale::~Locale() = default;
@@ -80,10 +109,9 @@ Paths::~Paths() = default;
 
 std::string EnvironmentLocale::languageCode() {
   std::string const name = lowerCase(environmentLocale());
-  std::string language = name.substr(0, name.find_first_of("_-."));
+  std::string const language = firstPartOf(name);
   if (language != "zh") return language;
-  bool const traditional = name.rfind("zh_tw", 0) == 0 || name.rfind("zh_hk", 0) == 0;
-  return traditional ? "zh-tw" : "zh-cn";
+  return isTraditional(name) ? "zh-tw" : "zh-cn";
 }
 
 std::string EnvironmentLocale::localeName() { return environmentLocale(); }
@@ -101,13 +129,10 @@ std::string SharePaths::basePath(int) {
 
 std::string SharePaths::dictionaryPath(int kind) {
   std::string const base = basePath(kind);
-  std::string language = Host::current().locale->languageCode();
-  // Callers know this one folder by an underscore, though the language code has a dash; relied upon.
-  if (language == "zh-tw") language = "zh_tw";
-  bool const plain = !language.empty() && std::all_of(language.begin(), language.end(), [](char character) {
-    return isLetter(character) || character == '-' || character == '_';
-  });
-  return base + (plain && isFolder(base + language) ? language : "en") + '/';
+  for (std::string const& folder : foldersOf(Host::current().locale->languageCode())) {
+    if (isFolder(base + folder)) return base + folder + '/';
+  }
+  return base + "en/";
 }
 
 std::string FixedPaths::basePath(int) { return base; }

@@ -1,9 +1,10 @@
 #include "host/templates.h"
 
+#include "template_chart.h"
+
 #include "kestrelhost/host.h"
 #include "model/elements.h"
 #include "model/graph.h"
-#include "model/tokens.h"
 
 namespace kestrel::host {
 
@@ -153,12 +154,12 @@ void BaseTemplate::getAllElements(LumoGraph const& graph, std::vector<CTElementT
 
 std::vector<LumoDimension*> BaseTemplate::getDimensionsByRole(LumoGraph const& graph,
                                                               ChartString const& role) const {
-  char16_t const* const roles[] = {LumoUni::_x, LumoUni::_y, LumoUni::_z};
   std::vector<LumoDimension*> found;
+  std::string const wanted = role.toUTF8();
+  if (wanted.empty()) return found;
   for (LumoCoordinates const* coordinates : graph.getCoordinatess()) {
-    std::vector<LumoDimension*> const dimensions = coordinates->getDimensions();
-    for (std::size_t at = 0; at < std::size(roles) && at < dimensions.size(); ++at) {
-      if (role.equals(roles[at])) found.push_back(dimensions[at]);
+    for (LumoDimension* const dimension : coordinates->getDimensions()) {
+      if (kestrel::host::roleOf(*dimension) == wanted) found.push_back(dimension);
     }
   }
   return found;

@@ -43,19 +43,20 @@ class Collector final : public xercesc::ErrorHandler {
 /// A parser that knows the schema and nothing else: it loads no grammar that a text asks for.
 class Validator {
  public:
-  Validator() : parser_(nullptr, xercesc::XMLPlatformUtils::fgMemoryManager, &grammars_) {
+  /// `schema` is a file of the folder schema.
+  explicit Validator(std::string const& schema)
+      : parser_(nullptr, xercesc::XMLPlatformUtils::fgMemoryManager, &grammars_) {
     parser_.setErrorHandler(&collector_);
     parser_.setDoNamespaces(true);
     parser_.setDoSchema(true);
     parser_.setValidationSchemaFullChecking(true);
     parser_.setValidationScheme(xercesc::XercesDOMParser::Val_Always);
     parser_.setCreateEntityReferenceNodes(false);
-    if (parser_.loadGrammar(KESTREL_SOURCE_DIR "/schema/lumoml.xsd", xercesc::Grammar::SchemaGrammarType,
-                            true) == nullptr ||
+    std::string const file = KESTREL_SOURCE_DIR "/schema/" + schema;
+    if (parser_.loadGrammar(file.c_str(), xercesc::Grammar::SchemaGrammarType, true) == nullptr ||
         !collector_.errors.empty()) {
-      throw std::runtime_error("schema/lumoml.xsd: " + (collector_.errors.empty()
-                                                            ? std::string("not there")
-                                                            : collector_.errors.front()));
+      throw std::runtime_error(
+          schema + ": " + (collector_.errors.empty() ? std::string("not there") : collector_.errors.front()));
     }
     grammars_.lockPool();
     parser_.useCachedGrammarInParse(true);
@@ -64,8 +65,7 @@ class Validator {
 
   std::vector<std::string> errorsOf(std::string const& xml) {
     collector_.errors.clear();
-    xercesc::MemBufInputSource const source(reinterpret_cast<XMLByte const*>(xml.data()), xml.size(),
-                                            "chart");
+    xercesc::MemBufInputSource const source(reinterpret_cast<XMLByte const*>(xml.data()), xml.size(), "text");
     parser_.parse(source);
     parser_.resetDocumentPool();
     return std::move(collector_.errors);
@@ -77,15 +77,20 @@ class Validator {
   xercesc::XercesDOMParser parser_;
 };
 
-/// Ready once for the process, and never torn down: the XML library may end before static objects do.
-Validator& validator() {
-  static Validator* const instance = [] {
-    xercesc::XMLPlatformUtils::Initialize();
-    return new Validator;
-  }();
-  return *instance;
+/// Never torn down: the XML library may end before static objects do.
+Validator& makeValidator(std::string const& schema) {
+  xercesc::XMLPlatformUtils::Initialize();
+  return *new Validator(schema);
 }
 
 }  // namespace
 
-std::vector<std::string> schemaErrors(std::string const& xml) { return validator().errorsOf(xml); }
+std::vector<std::string> schemaErrors(std::string const& xml) {
+  static Validator& validator = makeValidator("lumoml.xsd");
+  return validator.errorsOf(xml);
+}
+
+std::vector<std::string> templateSchemaErrors(std::string const& xml) {
+  static Validator& validator = makeValidator("template.xsd");
+  return validator.errorsOf(xml);
+}

@@ -6,3 +6,6 @@
 /// What is wrong with a chart's text by the schema of the chart markup (or with its XML), one line for each
 /// fault as "line:column: message"; empty for a valid chart.
 std::vector<std::string> schemaErrors(std::string const& xml);
+
+/// The same of the text of a chart template, by the schema of the template language.
+std::vector<std::string> templateSchemaErrors(std::string const& xml);

@@ -34,6 +34,13 @@ TEST(EnvironmentLocaleTest, TellsTheTwoWritingsOfChineseApart) {
   EXPECT_EQ(fromLang("zh_TW.UTF-8").first, "zh-tw");
   EXPECT_EQ(fromLang("zh_CN.UTF-8").first, "zh-cn");
   EXPECT_EQ(fromLang("zh_HK").first, "zh-tw");
+  EXPECT_EQ(fromLang("zh_MO.UTF-8").first, "zh-tw");
+  EXPECT_EQ(fromLang("zh_Hant").first, "zh-tw");
+  EXPECT_EQ(fromLang("zh_Hant_SG").first, "zh-tw");
+  EXPECT_EQ(fromLang("zh_Hans_HK").first, "zh-cn");
+  EXPECT_EQ(fromLang("zh_SG.UTF-8").first, "zh-cn");
+  EXPECT_EQ(fromLang("zh_TWX").first, "zh-cn");
+  EXPECT_EQ(fromLang("zh.UTF-8").first, "zh-cn");
   EXPECT_EQ(fromLang("zh").first, "zh-cn");
 }
 
@@ -161,10 +168,49 @@ TEST_F(SharePathsTest, DictionaryFolderIsTheLanguage) {
 
 TEST_F(SharePathsTest, OneDictionaryFolderHasAnUnderscore) { EXPECT_EQ(dictionaryFolder("zh-tw"), "zh_tw/"); }
 
+TEST_F(SharePathsTest, DictionaryFolderWithTheDashIsNotTheOneOfTraditionalChinese) {
+  std::filesystem::create_directory(folder / "zh-tw");
+  EXPECT_EQ(dictionaryFolder("zh-tw"), "zh_tw/");
+}
+
+TEST_F(SharePathsTest, ARegionWithoutAFolderFallsBackToItsLanguage) {
+  EXPECT_EQ(dictionaryFolder("ru-by"), "ru/");
+  EXPECT_EQ(dictionaryFolder("ru-cyrl-kz"), "ru/");
+}
+
+TEST_F(SharePathsTest, ARegionWithAFolderHasItsOwn) {
+  std::filesystem::create_directory(folder / "pt");
+  EXPECT_EQ(dictionaryFolder("pt-br"), "pt/");
+  std::filesystem::create_directory(folder / "pt-br");
+  EXPECT_EQ(dictionaryFolder("pt-br"), "pt-br/");
+  EXPECT_EQ(dictionaryFolder("pt-pt"), "pt/");
+}
+
+TEST_F(SharePathsTest, ARegionOfALanguageThatIsNotThereFallsBackToEnglish) {
+  EXPECT_EQ(dictionaryFolder("pt-br"), "en/");
+}
+
+TEST_F(SharePathsTest, RegionsOfChineseFallBackToTheirWriting) {
+  EXPECT_EQ(dictionaryFolder("zh"), "zh-cn/");
+  EXPECT_EQ(dictionaryFolder("zh-sg"), "zh-cn/");
+  EXPECT_EQ(dictionaryFolder("zh-hans-hk"), "zh-cn/");
+  EXPECT_EQ(dictionaryFolder("zh-hk"), "zh_tw/");
+  EXPECT_EQ(dictionaryFolder("zh-mo"), "zh_tw/");
+  EXPECT_EQ(dictionaryFolder("zh-hant"), "zh_tw/");
+}
+
+TEST_F(SharePathsTest, CaseAndUnderscoresOfALanguageCodeDoNotMatter) {
+  EXPECT_EQ(dictionaryFolder("RU"), "ru/");
+  EXPECT_EQ(dictionaryFolder("ru_RU"), "ru/");
+  EXPECT_EQ(dictionaryFolder("zh_TW"), "zh_tw/");
+}
+
 TEST_F(SharePathsTest, DictionaryFolderIsEnglishForOtherLanguages) {
   EXPECT_EQ(dictionaryFolder("ko"), "en/");
   EXPECT_EQ(dictionaryFolder(""), "en/");
   EXPECT_EQ(dictionaryFolder("../en"), "en/");
+  EXPECT_EQ(dictionaryFolder("ru/.."), "en/");
+  EXPECT_EQ(dictionaryFolder("ru-.."), "en/");
 }
 
 TEST(SharePathsWithoutEnvironmentTest, FindTheShareFolder) {

@@ -78,6 +78,52 @@ TEST_F(BaseTemplateTest, FindsTheDimensionsOfAllCoordinates) {
   EXPECT_EQ(BaseTemplate(nullptr, chart()).getDimensionsByRole(graph(), ChartString(u"z")), expected);
 }
 
+// A secondary y axis: the coordinates share x with the first ones.
+TEST_F(BaseTemplateTest, AReferenceTakesThePlaceOfADimension) {
+  LumoCoordinates* const first = graph().addCoordinates(u"first");
+  LumoDimension* const x = first->addDimension();
+  LumoDimension* const y = first->addDimension();
+  LumoCoordinates* const second = graph().addCoordinates(u"second");
+  second->addDimensionReference()->setRef(*x);
+  LumoDimension* const secondY = second->addDimension();
+  BaseTemplate const finder(nullptr, chart());
+  using Found = std::vector<LumoDimension*>;
+  EXPECT_EQ(finder.getDimensionsByRole(graph(), ChartString(u"x")), Found{x});
+  EXPECT_EQ(finder.getDimensionsByRole(graph(), ChartString(u"y")), (Found{y, secondY}));
+  EXPECT_EQ(finder.getDimensionsByRole(graph(), ChartString(u"z")), Found{});
+}
+
+TEST_F(BaseTemplateTest, AReferenceBehindADimensionLeavesItsPlace) {
+  LumoCoordinates* const coordinates = graph().addCoordinates(u"c");
+  LumoDimension* const x = coordinates->addDimension();
+  coordinates->addDimensionReference();
+  LumoDimension* const z = coordinates->addDimension();
+  BaseTemplate const finder(nullptr, chart());
+  using Found = std::vector<LumoDimension*>;
+  EXPECT_EQ(finder.getDimensionsByRole(graph(), ChartString(u"x")), Found{x});
+  EXPECT_EQ(finder.getDimensionsByRole(graph(), ChartString(u"y")), Found{});
+  EXPECT_EQ(finder.getDimensionsByRole(graph(), ChartString(u"z")), Found{z});
+}
+
+TEST_F(BaseTemplateTest, WhatElseStandsInCoordinatesTakesNoPlace) {
+  LumoCoordinates* const coordinates = graph().addCoordinates(u"c");
+  coordinates->addTransposeTransform();
+  LumoDimension* const x = coordinates->addDimension();
+  coordinates->addSameRatioTransform();
+  LumoDimension* const y = coordinates->addDimension();
+  BaseTemplate const finder(nullptr, chart());
+  EXPECT_EQ(finder.getDimensionsByRole(graph(), ChartString(u"x")), std::vector<LumoDimension*>{x});
+  EXPECT_EQ(finder.getDimensionsByRole(graph(), ChartString(u"y")), std::vector<LumoDimension*>{y});
+}
+
+TEST_F(BaseTemplateTest, DimensionsBeyondTheThirdHaveNoRole) {
+  LumoCoordinates* const coordinates = graph().addCoordinates(u"c");
+  for (int count = 0; count < 4; ++count) coordinates->addDimension();
+  BaseTemplate const finder(nullptr, chart());
+  EXPECT_EQ(finder.getDimensionsByRole(graph(), ChartString(u"z")).size(), 1u);
+  EXPECT_TRUE(finder.getDimensionsByRole(graph(), ChartString()).empty());
+}
+
 TEST_F(BaseTemplateTest, FindsNoDimensionOfAnUnknownRole) {
   graph().addCoordinates(u"c")->addDimension();
   EXPECT_TRUE(BaseTemplate(nullptr, chart()).getDimensionsByRole(graph(), ChartString(u"w")).empty());
@@ -124,12 +170,21 @@ TEST_F(ChartTemplateTest, WithoutAnEngineIsRefusedAndNotedOnce) {
 using FramePackerTest = ChartTest;
 
 TEST_F(FramePackerTest, WithoutALayoutLeavesTheChartAlone) {
-  Recorder recorder;
+  Host host = MemoryServices().host();
+  host.frameLayout = std::make_shared<NoFrameLayout>();
+  Recorder recorder(host);
+  chart().addLabelFrame(u"frame_title_1")->addLabel()->addText()->setText(u"Title");
   ScopedHost const scope(recorder.host());
   std::string const before = document.AsUTF8();
   EXPECT_FALSE(FramePacker().packFrames(chart(), nullptr));
   EXPECT_EQ(document.AsUTF8(), before);
   EXPECT_EQ(recorder.lines(), std::vector<std::string>{"FramePacker::packFrames(baseline=false)"});
+}
+
+TEST_F(FramePackerTest, LaysFramesOutByItself) {
+  chart().addLabelFrame(u"frame_title_1")->addLabel()->addText()->setText(u"Title");
+  EXPECT_TRUE(FramePacker().packFrames(chart(), nullptr));
+  EXPECT_FALSE(chart().getLabelFrames().front()->getLocations().empty());
 }
 
 TEST(ChartTransformerTest, WithoutAServiceGivesNothingAndNotesItOnce) {

@@ -20,7 +20,8 @@ class VEXA_API Locale {
 };
 
 /// From the environment variables LC_ALL, LC_MESSAGES and LANG, of which the first that is not empty counts.
-/// "C" and "POSIX" are English. The code page is UTF-8.
+/// "C" and "POSIX" are English. Of a region only Chinese tells, and its writing alone: "zh-tw" for Taiwan,
+/// Hong Kong, Macau and "zh_Hant", else "zh-cn". The code page is UTF-8.
 class VEXA_API EnvironmentLocale : public Locale {
  public:
   std::string languageCode() override;
@@ -56,8 +57,9 @@ class VEXA_API Paths {
 class VEXA_API SharePaths : public Paths {
  public:
   std::string basePath(int kind) override;
-  /// The language's folder, or the English one where there is none for the language. Folders have the names
-  /// of the language codes, but for "zh-tw", whose folder is "zh_tw".
+  /// The language's folder. Where there is none: for Chinese that of the region's writing, then that of the
+  /// code without its last part ("pt" for "pt-br"), at last the English one. Folders have the names of the
+  /// language codes, but for "zh-tw", whose folder is "zh_tw".
   std::string dictionaryPath(int kind) override;
 };
 

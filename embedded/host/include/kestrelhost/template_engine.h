@@ -1,0 +1,51 @@
+#pragma once
+
+#include "kestrelhost/templates.h"
+
+#include <memory>
+#include <string>
+
+class LumoBaseElement;
+class LumoStyle;
+
+namespace kestrel::host {
+
+/// One value that a template has written into a chart.
+struct TemplateWrite {
+  /// The element that has the value now: a style, or the ticks of an axis.
+  LumoBaseElement const& element;
+  /// An attribute of the element, or `gridline` for the ticks that won ("true") or lost ("false") one.
+  std::string attribute;
+  std::string value;
+  /// The whole text of the template, as it was given.
+  std::string const& text;
+  /// Where the tag that says so begins in the text, from 1.
+  unsigned int line;
+  unsigned int column;
+};
+
+/// Hears of what templates do to charts, after each step. What it throws leaves the template half applied.
+class VEXA_API TemplateObserver {
+ public:
+  virtual ~TemplateObserver();
+
+  virtual void written(TemplateWrite const& write) = 0;
+  /// A part of the chart has shared a style with others that a template leaves alone, and has got its own,
+  /// with the same values.
+  virtual void copied(LumoStyle const& from, LumoStyle const& to);
+};
+
+/// The template language of `docs/guide/templates.md` and `schema/template.xsd`. A text that breaks its rules
+/// is refused; the current host's log then gets one line for each fault.
+class VEXA_API XmlTemplateEngine : public TemplateEngine {
+ public:
+  explicit XmlTemplateEngine(std::shared_ptr<TemplateObserver> observer = nullptr);
+
+  std::unique_ptr<TemplateApplication> start(LumoVisualization& working,
+                                             LumoVisualization* baseline) override;
+
+ private:
+  std::shared_ptr<TemplateObserver> mObserver;
+};
+
+}  // namespace kestrel::host

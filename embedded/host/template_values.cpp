@@ -1,0 +1,154 @@
+// What values of a template look like. schema/template.xsd says the same in its own words.
+
+#include "template_values.h"
+
+#include "template_elements.h"
+#include "template_parts.h"
+
+#include <algorithm>
+#include <numeric>
+
+namespace kestrel::host {
+
+namespace {
+
+bool isDigit(char character) { return character >= '0' && character <= '9'; }
+bool isLetter(char character) {
+  return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z');
+}
+bool isHexadecimal(char character) {
+  return isDigit(character) || (character >= 'a' && character <= 'f') ||
+         (character >= 'A' && character <= 'F');
+}
+
+bool all(std::string_view text, bool (*test)(char)) { return std::all_of(text.begin(), text.end(), test); }
+
+bool isWord(std::string_view text) { return !text.empty() && all(text, isLetter); }
+bool isDigits(std::string_view text) { return !text.empty() && all(text, isDigit); }
+
+bool isColor(std::string_view text) {
+  return text.starts_with('#') ? text.size() == 7 && all(text.substr(1), isHexadecimal) : isWord(text);
+}
+
+bool isUnsignedNumber(std::string_view text) {
+  std::size_t const point = std::min(text.find('.'), text.size());
+  std::string_view const whole = text.substr(0, point);
+  std::string_view const fraction = text.substr(std::min(point + 1, text.size()));
+  return all(whole, isDigit) && all(fraction, isDigit) && !(whole.empty() && fraction.empty());
+}
+
+std::string_view withoutSign(std::string_view text) {
+  return text.starts_with('-') || text.starts_with('+') ? text.substr(1) : text;
+}
+
+bool isNumber(std::string_view text) { return isUnsignedNumber(withoutSign(text)); }
+
+bool isShare(std::string_view text) {
+  if (!isUnsignedNumber(text)) return false;
+  std::size_t const point = std::min(text.find('.'), text.size());
+  if (text.substr(0, point) == "1")
+    return text.find_first_not_of("10.") == text.npos && text.find('1', 1) == text.npos;
+  return text.substr(0, point) == "0" || point == 0;
+}
+
+std::string_view withoutUnit(std::string_view text) {
+  for (std::string_view const unit : {"px", "pt", "cm", "in", "%"}) {
+    if (text.ends_with(unit)) return text.substr(0, text.size() - unit.size());
+  }
+  return text;
+}
+
+bool isLength(std::string_view text) { return isNumber(withoutUnit(text)); }
+
+bool isDashLengths(std::string_view text) {
+  if (text.empty()) return true;
+  std::size_t const comma = text.find(',');
+  if (comma == text.npos) return isLength(text);
+  return comma + 1 < text.size() && isLength(text.substr(0, comma)) && isDashLengths(text.substr(comma + 1));
+}
+
+bool isCount(std::string_view text) { return text.size() <= 4 && isDigits(text); }
+
+bool isFrameNumber(std::string_view text) {
+  return text == "10" || (text.size() == 1 && isDigit(text[0]) && text[0] != '0');
+}
+
+bool isAny(std::string_view) { return true; }
+
+bool isBoolean(std::string_view text) {
+  return text == "true" || text == "false" || text == "1" || text == "0";
+}
+
+Names fontWeights() {
+  return {"normal", "bold", "100", "200", "300", "400", "500", "600", "700", "800", "900"};
+}
+Names fontStyles() { return {"normal", "italic", "oblique"}; }
+Names aestheticNumbers() { return {"1", "2", "3", "4", "5"}; }
+Names frameTypes() { return {"visualization", "graph"}; }
+Names roles() { return {"x", "y", "z"}; }
+Names aesthetics() { return {"color", "pattern", "shape", "dash"}; }
+
+constexpr ValueRule oneOf(Names (*names)()) { return {names, nullptr, {}, {}}; }
+
+}  // namespace
+
+// clang-format off
+ValueRule const anyText          {nullptr, isAny, {}, {}};
+ValueRule const aWord            {nullptr, isWord,        "no word",                "write letters only"};
+ValueRule const aColor           {nullptr, isColor,       "no colour",              "write #RRGGBB or the name of a colour"};
+ValueRule const aLength          {nullptr, isLength,      "no length",              "write a number with px, pt, cm, in or %, such as 10pt"};
+ValueRule const aNumber          {nullptr, isNumber,      "no number",              "write a number such as 45 or -0.5"};
+ValueRule const aShare           {nullptr, isShare,       "no number from 0 to 1",  "write a number such as 0.5"};
+ValueRule const aCount           {nullptr, isCount,       "no whole number",        "write a number from 0 to 9999"};
+ValueRule const dashLengths      {nullptr, isDashLengths, "no list of lengths",     "write lengths with commas between them, such as 6pt,3pt, or nothing for a solid line"};
+ValueRule const aFrameNumber     {nullptr, isFrameNumber, "no number from 1 to 10", "write such a number"};
+ValueRule const aBoolean         {nullptr, isBoolean,     "no truth value",         "write true or false"};
+ValueRule const aFontWeight      = oneOf(fontWeights);
+ValueRule const aFontStyle       = oneOf(fontStyles);
+ValueRule const anAestheticNumber= oneOf(aestheticNumbers);
+ValueRule const aFrameType       = oneOf(frameTypes);
+ValueRule const aRole            = oneOf(roles);
+ValueRule const anAesthetic      = oneOf(aesthetics);
+ValueRule const aPart            = oneOf(partNames);
+ValueRule const aFontPart        = oneOf(fontPartNames);
+ValueRule const anElementType    = oneOf(elementTypes);
+ValueRule const anElementSubtype = oneOf(elementSubtypes);
+// clang-format on
+
+bool accepts(ValueRule const& rule, std::string_view value) {
+  if (rule.names == nullptr) return rule.accepts(value);
+  Names const names = rule.names();
+  return std::find(names.begin(), names.end(), value) != names.end();
+}
+
+namespace {
+
+/// How many characters must be changed, added or taken away to make one text of the other.
+std::size_t editDistance(std::string_view left, std::string_view right) {
+  std::vector<std::size_t> row(right.size() + 1);
+  std::iota(row.begin(), row.end(), std::size_t{0});
+  for (std::size_t i = 0; i < left.size(); ++i) {
+    std::size_t diagonal = row[0];
+    row[0] = i + 1;
+    for (std::size_t j = 0; j < right.size(); ++j) {
+      std::size_t const changed = diagonal + (left[i] == right[j] ? 0 : 1);
+      diagonal = row[j + 1];
+      row[j + 1] = std::min({changed, row[j] + 1, diagonal + 1});
+    }
+  }
+  return row.back();
+}
+
+}  // namespace
+
+std::string_view nearestName(std::string_view wrong, Names const& names) {
+  constexpr std::size_t compared = 64;
+  wrong = wrong.substr(0, compared);
+  auto const nearest =
+      std::min_element(names.begin(), names.end(), [wrong](std::string_view left, std::string_view right) {
+        return editDistance(wrong, left) < editDistance(wrong, right);
+      });
+  return nearest == names.end() ? std::string_view() : *nearest;
+}
+
+}  // namespace kestrel::host
