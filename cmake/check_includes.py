@@ -26,7 +26,7 @@ AREAS = (
     (r"embedded/model/", "model", {"model_api", "host_api"}, ("embedded/model",)),
     (r"embedded/host/include/", "host_config", {"host_api", "model_api"}, ()),
     (r"embedded/host/", "host", {"host_api", "model_api", "host_config"}, ("embedded/host",)),
-    (r"tools/", "tools", API | CONFIGURATION, ("tools/kestrel",)),
+    (r"tools/", "tools", API | CONFIGURATION | {"examples"}, ("tools/kestrel", "examples/gallery")),
     (r"examples/", "examples", API | CONFIGURATION, ()),
     (r"benchmarks/", "benchmarks", API | CONFIGURATION, ("benchmarks",)),
     (r"fuzz/", "fuzz", API | CONFIGURATION | {"tools"}, ("tools/kestrel",)),
@@ -42,6 +42,10 @@ AREAS = (
      (r"tests/unit/\1", "tests/support", r"src/\1", "src")),
     (r"tests/contract/([^/]+)/", r"contract/\1", {"model_api", "host_api", "schema validator"},
      (r"tests/contract/\1", "tests/support")),
+    (r"tests/golden/tools/", "golden/tools", API | CONFIGURATION | SUPPORT | {"tools"},
+     ("tests/golden/tools", "tests/support", "tools/kestrel")),
+    (r"tests/(golden/gallery|arrow_reader)/", r"tests/\1", API | CONFIGURATION | SUPPORT | {"examples"},
+     (r"tests/\1", "tests/support", "examples/gallery")),
     (r"tests/([^/]+)/", r"tests/\1", API | CONFIGURATION | SUPPORT, (r"tests/\1", "tests/support")),
 )
 

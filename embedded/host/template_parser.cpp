@@ -60,6 +60,11 @@ class Reader final : public xercesc::DefaultHandler {
   void add(TemplatePosition at, std::string text) { mFaults.push_back({at, oneLine(std::move(text))}); }
 
   void setDocumentLocator(xercesc::Locator const* locator) override { mLocator = locator; }
+  /// How far the text has been read; its beginning where nobody knows.
+  TemplatePosition readTo() const {
+    if (mLocator == nullptr || mLocator->getLineNumber() == 0) return {1, 1};
+    return here();
+  }
   [[noreturn]] void refuseDocumentType() {
     refuse(mTags.before(here()), "a document type declaration is not allowed; remove it");
   }
@@ -278,9 +283,10 @@ ReadTemplate readTemplate(std::string const& text) {
     return reader.take();
   }
   LumoDocument::holdXmlLibrary();
+  Parser parser(reader);
   try {
     auto const* const bytes = reinterpret_cast<XMLByte const*>(text.data());
-    Parser(reader).parse(xercesc::MemBufInputSource(bytes, text.size(), "template"));
+    parser.parse(xercesc::MemBufInputSource(bytes, text.size(), "template"));
   } catch (Enough const&) {
     // It has said why.
   } catch (xercesc::SAXParseException const& fault) {
@@ -288,7 +294,7 @@ ReadTemplate readTemplate(std::string const& text) {
                 static_cast<unsigned int>(fault.getColumnNumber())},
                "the text is not well formed: " + utf8(fault.getMessage()) + "; mend it there");
   } catch (xercesc::XMLException const& fault) {
-    reader.add({static_cast<unsigned int>(fault.getSrcLine()), 1},
+    reader.add(reader.readTo(),
                "the text cannot be read: " + utf8(fault.getMessage()) + "; mend its encoding");
   }
   return reader.take();

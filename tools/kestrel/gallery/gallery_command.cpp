@@ -29,16 +29,19 @@ Example const& exampleOf(std::string const& name) {
       std::find_if(all.begin(), all.end(), [&](Example const& example) { return example.name == name; });
   if (found != all.end()) return *found;
   std::vector<std::string> names;
+  names.reserve(all.size());
   for (Example const& example : all) names.emplace_back(example.name);
   std::string const nearest = nearestName(name, names);
   std::string const hint = nearest.empty() ? "" : "; did you mean " + inQuotes(nearest) + "?";
-  throw Problem("the gallery has no chart " + inQuotes(name) + hint + "; kestrel gallery --list names them all",
-                Exit::BadInput);
+  throw Problem(
+      "the gallery has no chart " + inQuotes(name) + hint + "; kestrel gallery --list names them all",
+      Exit::BadInput);
 }
 
 std::vector<Example> chosen(std::vector<std::string> const& names) {
   if (names.empty()) return gallery::examples();
   std::vector<Example> examples;
+  examples.reserve(names.size());
   for (std::string const& name : names) examples.push_back(exampleOf(name));
   return examples;
 }
@@ -56,9 +59,10 @@ void listGallery() {
   print(text);
 }
 
-void makeExample(Example const& example, fs::path const& folder) {
+void makeExample(Example const& example, ChartTemplates const& templates, fs::path const& folder) {
   fs::path const file = folder / (std::string(example.name) + ".kcap");
   host::Host host;
+  templates.install(host);
   auto capture = std::make_shared<host::CaptureChannel>(file.string());
   host.channel = capture;
   host::ScopedHost const scope(host);
@@ -68,6 +72,7 @@ void makeExample(Example const& example, fs::path const& folder) {
   } catch (std::exception const& failure) {
     throw Problem(failure.what(), Exit::BadInput);
   }
+  templates.addTo(document);
   bool const sent = capture->good() && document.SendChart(false, false, false) && capture->flush();
   if (!sent)
     throw Problem(file.string() + ": cannot be written; is there room in the folder?", Exit::NotWritten);
@@ -86,8 +91,9 @@ void runGallery(GalleryRequest const& request) {
     throw Problem("-o FOLDER is needed: where to write the charts; kestrel gallery --list names them",
                   Exit::BadInput);
   }
+  ChartTemplates const templates(request.templates);
   makeFolder(request.output);
-  for (Example const& example : examples) makeExample(example, request.output);
+  for (Example const& example : examples) makeExample(example, templates, request.output);
 }
 
 }  // namespace kestrel::tool

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "chart_templates.h"
+
 #include <string>
 #include <vector>
 
@@ -10,6 +12,7 @@ struct GalleryRequest {
   std::vector<std::string> names;
   /// The folder for the charts; empty only to list them.
   std::string output;
+  TemplateRequest templates;
   bool list = false;
 };
 

@@ -1,0 +1,115 @@
+// Who gave a value to the look of a chart.
+
+#include "explain/provenance.h"
+
+#include "chart_test.h"
+#include "explain/explanation.h"
+
+#include "model/graph.h"
+#include "model/style.h"
+
+#include <gmock/gmock.h>
+
+using kestrel::tool::explainElements;
+using kestrel::tool::explanationJson;
+using kestrel::tool::explanationText;
+using kestrel::tool::FollowedTemplates;
+using kestrel::tool::Origin;
+using kestrel::tool::Provenance;
+using testing::HasSubstr;
+
+namespace {
+
+class ProvenanceOfAChart : public kestrel::test::ChartTest {
+ protected:
+  /// All that is known of the only value of the chart.
+  Provenance::Explained only() const {
+    auto explained = provenance->explain(chart);
+    EXPECT_EQ(explained.size(), 1u);
+    return explained.empty() ? Provenance::Explained{} : explained.front();
+  }
+
+  std::string text(bool all) const {
+    return explanationText({"c.xml", {}, explainElements(chart, *provenance)}, all);
+  }
+
+  LumoDocument document;
+  LumoVisualization& chart = *document.getVisualization();
+  std::shared_ptr<Provenance> provenance = std::make_shared<Provenance>();
+};
+
+TEST_F(ProvenanceOfAChart, IsTheDefaultLooksForWhatIsNewAfterThem) {
+  provenance->noteBuilder(chart);
+  chart.addStyle()->setColor(u"#000001");
+  provenance->noteDefaultLooks(chart);
+  EXPECT_EQ(only().given.back().origin.kind, Origin::Kind::DefaultLooks);
+  EXPECT_THAT(text(false), HasSubstr("0 from the builder, 1 from the default looks, 0 from templates\n"));
+  EXPECT_THAT(text(false), HasSubstr("  color  #000001  default looks\n"));
+}
+
+TEST_F(ProvenanceOfAChart, IsTheDefaultLooksForWhatTheyChange) {
+  LumoStyle& style = *chart.addStyle();
+  style.setColor(u"#000001");
+  provenance->noteBuilder(chart);
+  style.setColor(u"#000002");
+  provenance->noteDefaultLooks(chart);
+  EXPECT_THAT(text(true), HasSubstr("  color  #000002  builder (#000001), default looks\n"));
+}
+
+TEST_F(ProvenanceOfAChart, IsStillTheBuilderForWhatTheDefaultLooksLeave) {
+  chart.addStyle()->setColor(u"#000001");
+  provenance->noteBuilder(chart);
+  provenance->noteDefaultLooks(chart);
+  EXPECT_EQ(only().given.size(), 1u);
+  EXPECT_EQ(only().given.back().origin.kind, Origin::Kind::Builder);
+}
+
+TEST_F(ProvenanceOfAChart, IsTheDefaultLooksForWhatNobodyElseHasGiven) {
+  chart.addStyle()->setColor(u"#000001");
+  EXPECT_EQ(only().given.back().origin.kind, Origin::Kind::DefaultLooks);
+}
+
+TEST_F(ProvenanceOfAChart, HasNoGridlinesThatNobodyWants) {
+  chart.addGraph(u"g")->addCoordinates(u"c")->addDimension()->addAxis()->addMajorTicks();
+  provenance->noteBuilder(chart);
+  EXPECT_TRUE(provenance->explain(chart).empty());
+}
+
+TEST_F(ProvenanceOfAChart, IsNotToldOfValuesThatAreGoneAgain) {
+  LumoStyle& style = *chart.addStyle();
+  style.setSize(u"3pt");
+  provenance->noteBuilder(chart);
+  style.removeSize();
+  EXPECT_TRUE(provenance->explain(chart).empty());
+}
+
+TEST_F(ProvenanceOfAChart, IsATemplateAsAWholeForAFrameThatItMadeWithoutALook) {
+  std::string const frame =
+      "<template xmlns=\"http://xml.vexa.example/software/analytics/vexa/xml/visualization\">"
+      "<addFrame type=\"visualization\"/></template>";
+  FollowedTemplates engine(provenance, {{"t.xml", frame}});
+  auto const application = engine.start(chart, nullptr);
+  ASSERT_TRUE(application->set(frame));
+  application->apply();
+  EXPECT_THAT(text(false), HasSubstr("  frame  true  t.xml\n"));
+  EXPECT_THAT(explanationJson({"c.xml", {}, explainElements(chart, *provenance)}, false),
+              HasSubstr("\"line\": null,\n          \"column\": null\n"));
+}
+
+TEST_F(ProvenanceOfAChart, NamesTheFirstOfTwoStylesOfOneIdAsTheOneInUse) {
+  chart.addGraph(u"g")->setCellStyle(*[this] {
+    LumoStyle* const style = chart.addStyle();
+    style->setId(u"s");
+    style->setColor(u"#000001");
+    return style;
+  }());
+  LumoStyle& second = *chart.addStyle();
+  second.setId(u"s");
+  second.setColor(u"#000002");
+  auto const elements = explainElements(chart, *provenance);
+  ASSERT_EQ(elements.size(), 2u);
+  EXPECT_EQ(elements[0].uses.size(), 1u);
+  EXPECT_TRUE(elements[1].uses.empty());
+}
+
+}  // namespace

@@ -1,0 +1,174 @@
+#include "chart_templates.h"
+
+#include "chart/nearest_name.h"
+#include "files.h"
+#include "problem.h"
+#include "xdocument.h"
+
+#include "kestrelhost/host.h"
+#include "kestrelhost/template_engine.h"
+#include "model/document.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <map>
+#include <memory>
+#include <set>
+#include <string_view>
+#include <system_error>
+#include <utility>
+
+namespace kestrel::tool {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr char const* suffix = ".xml";
+
+fs::path shippedFolder() {
+  constexpr int productPaths = 3;
+  return (fs::path(host::Host::current().paths->basePath(productPaths)) / "templates").lexically_normal();
+}
+
+bool isPlainName(std::string const& name) { return name.find_first_of("/.") == std::string::npos; }
+
+std::string joined(std::vector<std::string> const& names) {
+  std::string text;
+  for (std::string const& name : names) text += (text.empty() ? "" : ", ") + name;
+  return text;
+}
+
+std::string pathOf(std::string const& name) {
+  if (!isPlainName(name)) return name;
+  std::vector<std::string> const shipped = shippedTemplates();
+  if (std::find(shipped.begin(), shipped.end(), name) != shipped.end())
+    return (shippedFolder() / (name + suffix)).string();
+  std::string const nearest = nearestName(name, shipped);
+  std::string const hint = nearest.empty() ? "" : "; did you mean " + inQuotes(nearest) + "?";
+  throw Problem("there is no shipped template " + inQuotes(name) + hint + "; the shipped ones are " +
+                    joined(shipped) + "; a file of that name is written ./" + printable(name),
+                Exit::BadInput);
+}
+
+/// Keeps what an engine says of a template.
+class FaultLog : public host::Log {
+ public:
+  void error(std::string const& message, std::string const&, unsigned int) override {
+    faults.push_back(message);
+  }
+  void note(std::string const&) override {}
+
+  std::vector<std::string> faults;
+};
+
+/// "template, line 3, column 5: text" of an engine becomes "FILE:3:5: text".
+std::string atPlace(std::string const& file, std::string_view fault) {
+  constexpr std::string_view begin = "template, line ";
+  constexpr std::string_view middle = ", column ";
+  std::size_t const column = fault.find(middle);
+  std::size_t const text = fault.find(": ");
+  if (!fault.starts_with(begin) || column == std::string_view::npos || text == std::string_view::npos ||
+      text < column)
+    return file + ": " + std::string(fault);
+  return file + ":" + std::string(fault.substr(begin.size(), column - begin.size())) + ":" +
+         std::string(fault.substr(column + middle.size()));
+}
+
+/// What is wrong with a template, a line each.
+std::vector<std::string> faultsOf(TemplateFile const& file) {
+  if (file.text.empty()) return {file.path + ": is empty; a template has a root element"};
+  host::Host host = host::Host::current();
+  auto const log = std::make_shared<FaultLog>();
+  host.log = log;
+  host::ScopedHost const scope(host);
+  LumoDocument const document;
+  bool const good = host::XmlTemplateEngine().start(*document.getVisualization(), nullptr)->set(file.text);
+  std::vector<std::string> faults;
+  for (std::string const& fault : log->faults) faults.push_back(atPlace(file.path, fault));
+  if (!good && faults.empty()) faults.push_back(file.path + ": is no template");
+  return faults;
+}
+
+std::vector<TemplateFile> read(std::vector<std::string> const& names) {
+  std::vector<TemplateFile> files;
+  for (std::string const& name : names) {
+    std::string path = pathOf(name);
+    std::string text = readFile(path);
+    files.push_back({std::move(path), std::move(text)});
+  }
+  return files;
+}
+
+std::vector<std::string> pathsOf(std::vector<TemplateFile> const& files) {
+  std::vector<std::string> paths;
+  for (TemplateFile const& file : files) paths.push_back(file.path);
+  return paths;
+}
+
+/// Templates in memory, and other files as another service has them.
+class CheckedFiles : public host::Files {
+ public:
+  CheckedFiles(std::vector<TemplateFile> const& files, std::shared_ptr<host::Files> others)
+      : mOthers(std::move(others)) {
+    for (TemplateFile const& file : files) mTexts.emplace(file.path, file.text);
+  }
+
+  std::string fetch(std::string const& name, bool first, bool second) override {
+    auto const found = mTexts.find(name);
+    return found == mTexts.end() ? mOthers->fetch(name, first, second) : found->second;
+  }
+
+ private:
+  std::map<std::string, std::string> mTexts;
+  std::shared_ptr<host::Files> mOthers;
+};
+
+}  // namespace
+
+std::vector<std::string> shippedTemplates() {
+  std::vector<std::string> names;
+  std::error_code error;
+  // An error ends the walk: without the folder nothing is shipped.
+  for (fs::directory_iterator entry(shippedFolder(), error), end; !error && entry != end;
+       entry.increment(error)) {
+    if (entry->path().extension() == suffix) names.push_back(entry->path().stem().string());
+  }
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+ChartTemplates::ChartTemplates(TemplateRequest const& request)
+    : mStyles(read(request.styles)), mOptions(read(request.options)), mUser(read(request.user)) {
+  std::vector<std::string> faults;
+  std::set<std::string> checked;
+  for (TemplateFile const& file : inOrder()) {
+    if (!checked.insert(file.path).second) continue;
+    std::vector<std::string> const more = faultsOf(file);
+    faults.insert(faults.end(), more.begin(), more.end());
+  }
+  if (faults.empty()) return;
+  for (std::size_t at = 0; at + 1 < faults.size(); ++at) tell(faults[at]);
+  throw Problem(faults.back(), Exit::BadInput);
+}
+
+void ChartTemplates::install(host::Host& host) const {
+  auto settings = std::make_shared<host::TemplateLists>();
+  settings->set(host::TemplateKind::Styles, pathsOf(mStyles));
+  settings->set(host::TemplateKind::Options, pathsOf(mOptions));
+  host.templateSettings = std::move(settings);
+  host.files = std::make_shared<CheckedFiles>(inOrder(), host.files);
+}
+
+void ChartTemplates::addTo(XDocument& document) const {
+  for (TemplateFile const& file : mUser) document.SetChartTemplate(file.path);
+}
+
+std::vector<TemplateFile> ChartTemplates::inOrder() const {
+  std::vector<TemplateFile> files = mStyles;
+  files.insert(files.end(), mOptions.begin(), mOptions.end());
+  files.insert(files.end(), mUser.begin(), mUser.end());
+  return files;
+}
+
+}  // namespace kestrel::tool

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+class XDocument;
+
+namespace kestrel::host {
+struct Host;
+}
+
+namespace kestrel::tool {
+
+/// The templates that the command line names: files, or shipped templates by their plain names.
+struct TemplateRequest {
+  std::vector<std::string> styles;
+  std::vector<std::string> options;
+  std::vector<std::string> user;
+};
+
+/// The names of the shipped templates in alphabetical order.
+std::vector<std::string> shippedTemplates();
+
+struct TemplateFile {
+  std::string path;
+  std::string text;
+};
+
+/// Templates that were read and found to be good.
+class ChartTemplates {
+ public:
+  /// Tells all faults but the last one, and throws a Problem of that one.
+  explicit ChartTemplates(TemplateRequest const& request);
+
+  /// Styles and options become settings of the host, and its files give each template as it was checked, even
+  /// if the file has changed since.
+  void install(host::Host& host) const;
+  /// The chart gets the user's templates when it is completed.
+  void addTo(XDocument& document) const;
+
+  /// As a chart gets them one after the other.
+  std::vector<TemplateFile> inOrder() const;
+
+ private:
+  std::vector<TemplateFile> mStyles;
+  std::vector<TemplateFile> mOptions;
+  std::vector<TemplateFile> mUser;
+};
+
+}  // namespace kestrel::tool

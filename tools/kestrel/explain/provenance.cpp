@@ -1,0 +1,95 @@
+#include "provenance.h"
+
+#include "model/document.h"
+#include "model/style.h"
+
+#include <utility>
+
+namespace kestrel::tool {
+
+namespace {
+
+constexpr char const* frameName = "frame";
+constexpr char const* gridlineName = "gridline";
+
+}  // namespace
+
+void Provenance::note(LumoVisualization const& chart, Origin const& origin) {
+  for (LookValue const& look : looksOf(chart)) {
+    std::vector<GivenValue>& given = mGiven[look.element][look.name];
+    if (given.empty() || given.back().value != look.value) given.push_back({origin, look.value});
+  }
+}
+
+void Provenance::noteBuilder(LumoVisualization const& chart) { note(chart, {Origin::Kind::Builder, {}}); }
+
+void Provenance::noteDefaultLooks(LumoVisualization const& chart) {
+  note(chart, {Origin::Kind::DefaultLooks, {}});
+}
+
+void Provenance::noteFrames(LumoVisualization const& chart) {
+  for (LookValue const& look : looksOf(chart)) {
+    if (look.name != frameName) continue;
+    std::vector<GivenValue>& given = mGiven[look.element][look.name];
+    if (given.empty()) given.push_back({{Origin::Kind::Template, mFile->path}, look.value});
+  }
+}
+
+void Provenance::written(host::TemplateWrite const& write) {
+  mGiven[write.element.getImplementation()][write.attribute].push_back(
+      {{Origin::Kind::Template, mFile->path, write.line, write.column}, write.value});
+}
+
+void Provenance::copied(LumoStyle const& from, LumoStyle const& to) {
+  mGiven[to.getImplementation()] = mGiven[from.getImplementation()];
+}
+
+std::vector<Provenance::Explained> Provenance::explain(LumoVisualization const& chart) const {
+  std::vector<Explained> all;
+  for (LookValue const& look : looksOf(chart)) {
+    Explained explained{look.element, look.name, look.value, givenOf(look)};
+    bool const isByTemplate = explained.given.back().origin.kind == Origin::Kind::Template;
+    if (isByTemplate || look.name != gridlineName || look.value == "true")
+      all.push_back(std::move(explained));
+  }
+  return all;
+}
+
+std::vector<GivenValue> Provenance::givenOf(LookValue const& look) const {
+  std::vector<GivenValue> const rest = {{{Origin::Kind::DefaultLooks, {}}, look.value}};
+  auto const values = mGiven.find(look.element);
+  if (values == mGiven.end()) return rest;
+  auto const given = values->second.find(look.name);
+  return given == values->second.end() ? rest : given->second;
+}
+
+/// A template that takes its turn each time that a text is set.
+class FollowedTemplates::Application : public host::TemplateApplication {
+ public:
+  Application(FollowedTemplates& engine, LumoVisualization& working, LumoVisualization* baseline)
+      : mEngine(engine), mWorking(working), mApplication(engine.mEngine.start(working, baseline)) {}
+
+  bool set(std::string const& xml) override {
+    mEngine.mProvenance->begin(mEngine.mFiles.at(mEngine.mNext++));
+    return mApplication->set(xml);
+  }
+  void apply() override {
+    mApplication->apply();
+    mEngine.mProvenance->noteFrames(mWorking);
+  }
+
+ private:
+  FollowedTemplates& mEngine;
+  LumoVisualization& mWorking;
+  std::unique_ptr<host::TemplateApplication> mApplication;
+};
+
+std::unique_ptr<host::TemplateApplication> FollowedTemplates::start(LumoVisualization& working,
+                                                                    LumoVisualization* baseline) {
+  // The first template engine of a chart starts between the default looks and the templates.
+  if (!mStarted) mProvenance->noteDefaultLooks(working);
+  mStarted = true;
+  return std::make_unique<Application>(*this, working, baseline);
+}
+
+}  // namespace kestrel::tool
