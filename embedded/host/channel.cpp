@@ -1,9 +1,15 @@
 #include "host/channel.h"
 
-#include "kestrelhost/host.h"
+#include "capture_format.h"
+#include "quiet_pipe.h"
 
-#include <array>
+#include "kestrelhost/host.h"
+#include "kestrelhost/stream_channel.h"
+
+#include <unistd.h>
+
 #include <cstdlib>
+#include <string_view>
 
 namespace kestrel::host {
 
@@ -13,11 +19,13 @@ constexpr int success = 0;
 constexpr int failure = 1;
 constexpr std::size_t captureBuffer = 1 << 18;
 
-std::array<unsigned char, 8> littleEndian(std::int64_t value) {
-  auto const bits = static_cast<std::uint64_t>(value);
-  std::array<unsigned char, 8> bytes{};
-  for (std::size_t at = 0; at < bytes.size(); ++at) bytes[at] = static_cast<unsigned char>(bits >> (8 * at));
-  return bytes;
+/// What KESTREL_CAPTURE stands for; nothing said is a file in the current folder.
+std::shared_ptr<Channel> channelOf(std::string const& chosen) {
+  constexpr std::string_view socketPrefix = "unix:";
+  if (chosen == "-") return std::make_shared<DescriptorChannel>(STDOUT_FILENO);
+  if (chosen.starts_with(socketPrefix))
+    return std::make_shared<SocketChannel>(chosen.substr(socketPrefix.size()));
+  return std::make_shared<CaptureChannel>(chosen.empty() ? "capture.kcap" : chosen);
 }
 
 }  // namespace
@@ -39,14 +47,15 @@ CaptureChannel::CaptureChannel(std::string const& path) : mFile(std::fopen(path.
 }
 
 CaptureChannel::~CaptureChannel() {
+  QuietPipe const quiet;
   if (mFile != nullptr) std::fclose(mFile);
 }
 
 int CaptureChannel::put(std::int64_t identifier, void const* bytes, std::size_t length) {
-  auto const number = littleEndian(identifier);
-  auto const size = littleEndian(static_cast<std::int64_t>(length));
-  bool const written =
-      write(number.data(), number.size()) && write(size.data(), size.size()) && write(bytes, length);
+  // The file may be a named pipe.
+  QuietPipe const quiet;
+  std::string const head = captureHead(identifier, length);
+  bool const written = write(head.data(), head.size()) && write(bytes, length);
   // Through to the file at once, so that a put which could not be stored is not taken for a success.
   return written && flush() ? success : failure;
 }
@@ -62,12 +71,11 @@ bool CaptureChannel::write(void const* bytes, std::size_t length) {
 }
 
 int DefaultChannel::put(std::int64_t identifier, void const* bytes, std::size_t length) {
-  if (!mCapture) {
+  if (!mChosen) {
     char const* const chosen = std::getenv("KESTREL_CAPTURE");
-    mCapture =
-        std::make_shared<CaptureChannel>(chosen != nullptr && *chosen != '\0' ? chosen : "capture.kcap");
+    mChosen = channelOf(chosen != nullptr ? chosen : "");
   }
-  return mCapture->put(identifier, bytes, length);
+  return mChosen->put(identifier, bytes, length);
 }
 
 }  // namespace kestrel::host

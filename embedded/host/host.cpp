@@ -2,6 +2,7 @@
 
 #include "data_store_watch.h"
 
+#include "kestrelhost/data_dump.h"
 #include "kestrelhost/frame_layout.h"
 #include "kestrelhost/template_engine.h"
 #include "model/chartstring.h"
@@ -71,7 +72,7 @@ Host::Host()
       templateSettings(std::make_shared<TemplateLists>()),
       templateEngine(std::make_shared<XmlTemplateEngine>()),
       frameLayout(std::make_shared<StackedFrames>()),
-      dataDump(std::make_shared<NoDataDump>()),
+      dataDump(std::make_shared<EmbeddedDataDump>()),
       java(std::make_shared<NoJava>()),
       compression(std::make_shared<ZlibCompression>()) {}
 

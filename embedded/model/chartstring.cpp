@@ -34,6 +34,8 @@ bool isSpace(char16_t character) noexcept {
 
 bool equalsFolded(std::u16string_view left, std::u16string_view right) {
   if (left == right) return true;
+  // An empty text may be a null pointer, which the comparison refuses with a result that says equal.
+  if (left.empty() || right.empty()) return false;
   UErrorCode status = U_ZERO_ERROR;
   return u_strCaseCompare(left.data(), static_cast<int32_t>(left.size()), right.data(),
                           static_cast<int32_t>(right.size()), U_FOLD_CASE_DEFAULT, &status) == 0;

@@ -3,6 +3,7 @@
 #include "host/locale.h"
 
 #include <algorithm>
+#include <cmath>
 #include <iterator>
 
 namespace kestrel {
@@ -53,9 +54,15 @@ ChartString twoDigits(long number) {
   return text;
 }
 
+/// A host may say of a value that is no date that its seconds are no number either.
+long truncated(double seconds) {
+  constexpr double countable = 9007199254740992.0;
+  return std::fabs(seconds) <= countable ? static_cast<long>(seconds) : 0;
+}
+
 ChartString wholeSeconds(double seconds) {
   ChartString text(seconds < 10.0 ? u"0" : u"");
-  text.appendInteger(static_cast<long>(seconds));
+  text.appendInteger(truncated(seconds));
   return text;
 }
 

@@ -230,6 +230,43 @@ TEST_F(Inspect, TellsOfAHundredFaultsAtMost) {
   EXPECT_THAT(run.err, HasSubstr("kestrel: many.kcap: and 50 more faults\n"));
 }
 
+TEST_F(Inspect, FindsNoDifferenceBetweenACaptureAndItself) {
+  chartOf("a,b\n1,2\n");
+  Outcome const run = inspect({"--diff", "out/capture.kcap"});
+  EXPECT_EQ(run.exit, 0);
+  EXPECT_EQ(run.err, "");
+  EXPECT_THAT(run.out, testing::EndsWith("8 messages the same\n"));
+}
+
+TEST_F(Inspect, ShowsWhatDiffersBetweenTwoCaptures) {
+  chartOf("a,b\n1,2\n", {"--title", "first"});
+  write("first.kcap", read("out/capture.kcap"));
+  chartOf("a,b\n1,2\n", {"--title", "second", "--csv", "t.csv"});
+  Outcome const run = inspect({"--diff", "first.kcap"});
+  EXPECT_EQ(run.exit, 2);
+  EXPECT_EQ(run.err, "");
+  EXPECT_THAT(run.out, StartsWith("out/capture.kcap / first.kcap\n"));
+  EXPECT_THAT(run.out, HasSubstr("data                 same\n"));
+  EXPECT_THAT(run.out, HasSubstr("chart text           differs, "));
+  EXPECT_THAT(run.out, HasSubstr("CSV name             only in out/capture.kcap\n"));
+  EXPECT_THAT(run.out, testing::ContainsRegex("-  [ 0-9]* +<text>second</text>\n"
+                                              "[+]  [ 0-9]* +<text>first</text>\n"));
+}
+
+TEST_F(Inspect, DoesNotTakeACutCaptureForTheSame) {
+  chartOf("a,b\n1,2\n");
+  write("cut.kcap", read("out/capture.kcap") + "x");
+  Outcome const run = inspect({"--diff", "cut.kcap"});
+  EXPECT_EQ(run.exit, 2);
+  EXPECT_THAT(run.err, HasSubstr("cut.kcap: at byte "));
+}
+
+TEST_F(Inspect, ComparesWithoutListing) {
+  chartOf("a,b\n1,2\n");
+  EXPECT_EQ(inspect({"--diff", "out/capture.kcap", "--json"}).exit, 1);
+  EXPECT_EQ(inspect({"--diff", "none.kcap"}).exit, 1);
+}
+
 class Help : public CliTest {};
 
 TEST_F(Help, IsGivenOnStandardOutput) {

@@ -1,8 +1,9 @@
 #include "wire_decoder.h"
 
-#include "kestrelhost/compression.h"
+#include <zlib.h>
 
 #include <algorithm>
+#include <array>
 #include <stdexcept>
 
 namespace kestrel::test {
@@ -118,9 +119,59 @@ std::vector<host::Message> decodeCapture(std::string const& bytes) {
 }
 
 std::string inflated(std::string const& bytes) {
+  z_stream stream{};
+  require(inflateInit(&stream) == Z_OK, "no memory for zlib");
+  // zlib reads its input through a pointer that is not const.
+  std::string input = bytes;
+  stream.next_in = reinterpret_cast<Bytef*>(input.data());
+  stream.avail_in = static_cast<uInt>(input.size());
   std::string text;
-  require(host::decompress(bytes, text), "no zlib stream");
+  std::array<char, 1 << 16> part{};
+  int result = Z_OK;
+  while (result == Z_OK) {
+    stream.next_out = reinterpret_cast<Bytef*>(part.data());
+    stream.avail_out = static_cast<uInt>(part.size());
+    result = ::inflate(&stream, Z_NO_FLUSH);
+    text.append(part.data(), part.size() - stream.avail_out);
+  }
+  bool const whole = result == Z_STREAM_END && stream.avail_in == 0;
+  inflateEnd(&stream);
+  require(whole, "no zlib stream, or something behind it");
   return text;
+}
+
+std::size_t announced(std::vector<DecodedContent> const& contents, std::uint32_t type) {
+  std::vector<std::uint32_t> const types = typesOf(contents);
+  if (std::find(types.begin(), types.end(), type) == types.end()) return 0;
+  std::string const& bytes = onlyContent(contents, type).bytes;
+  require(bytes.find_first_not_of('\0') == std::string::npos, "an announcement is not zeros");
+  return bytes.size();
+}
+
+EndRecord endRecord(std::vector<DecodedContent> const& contents) {
+  std::string const& bytes = onlyContent(contents, 3).bytes;
+  require(bytes.size() == 8, "an end record of " + std::to_string(bytes.size()) + " bytes");
+  return {wordAt(bytes, 0), wordAt(bytes, 4)};
+}
+
+MapRecord mapRecord(std::vector<DecodedContent> const& contents) {
+  std::string const& bytes = onlyContent(contents, 10).bytes;
+  std::size_t at = 2;
+  auto const take = [&](std::size_t width) {
+    auto const length = static_cast<std::size_t>(littleEndianAt(bytes, at, width));
+    at += width;
+    require(length <= bytes.size() - at, "the map record is cut");
+    at += length;
+    return bytes.substr(at - length, length);
+  };
+  require(littleEndianAt(bytes, 0, 2) == 1, "the version of the map record is not 1");
+  MapRecord record;
+  record.dataMap = take(4);
+  record.dataMapName = take(2);
+  record.referenceMap = take(4);
+  record.referenceMapName = take(2);
+  require(at == bytes.size(), "something stands behind the map record");
+  return record;
 }
 
 }  // namespace kestrel::test

@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+// Reads what the content channel sends, as docs/guide/protocol.md tells it. Shares no code with the sender.
+
 namespace kestrel::test {
 
 /// A message of the channel in its parts, as a client reads it.
@@ -47,8 +49,35 @@ DecodedContent onlyContent(std::vector<DecodedContent> const& contents, std::uin
 /// The messages of a capture file. Throws std::runtime_error where it is cut or no capture.
 std::vector<host::Message> decodeCapture(std::string const& bytes);
 
-/// Undoes a zlib stream. Throws std::runtime_error where the bytes are none.
+/// Undoes a zlib stream. Throws std::runtime_error where the bytes are not one whole stream and nothing else.
 std::string inflated(std::string const& bytes);
+
+/// The size that an announcement of that type tells; 0 where there is none. Throws std::runtime_error where
+/// it is not zeros.
+std::size_t announced(std::vector<DecodedContent> const& contents, std::uint32_t type);
+
+struct EndRecord {
+  std::uint32_t editable;
+  std::uint32_t editor;
+
+  bool operator==(EndRecord const&) const = default;
+};
+
+/// Throws std::runtime_error where there is not one end record of the right size.
+EndRecord endRecord(std::vector<DecodedContent> const& contents);
+
+struct MapRecord {
+  std::string dataMap;
+  std::string dataMapName;
+  std::string referenceMap;
+  std::string referenceMapName;
+
+  bool operator==(MapRecord const&) const = default;
+};
+
+/// Throws std::runtime_error or std::out_of_range where there is not one map record, whole and with nothing
+/// behind it.
+MapRecord mapRecord(std::vector<DecodedContent> const& contents);
 
 /// `width` bytes of a little-endian number from `offset` on. Throws std::out_of_range past the end.
 std::uint64_t littleEndianAt(std::string const& bytes, std::size_t offset, std::size_t width);

@@ -11,6 +11,8 @@
 #include <iterator>
 #include <memory>
 #include <stdexcept>
+#include <string>
+#include <vector>
 
 using kestrel::host::Message;
 using kestrel::test::decodeCapture;
@@ -85,6 +87,46 @@ TEST(Decoder, RefusesALengthThatDoesNotFitTheChunk) {
                                                "\0\0\0\0",
                                                13)}),
                std::runtime_error);
+}
+
+using kestrel::test::DecodedContent;
+
+std::vector<DecodedContent> only(std::uint32_t type, std::string const& bytes) {
+  return {{307, type, 0, {static_cast<std::uint32_t>(bytes.size())}, bytes}};
+}
+
+/// A text of ten letters as a zlib stream, made by another program.
+std::string const tenLetters("\x78\x9C\x4B\x4C\x84\x01\x00\x14\xE1\x03\xCB", 11);
+
+TEST(Decoder, UndoesAZlibStream) { EXPECT_EQ(kestrel::test::inflated(tenLetters), "aaaaaaaaaa"); }
+
+TEST(Decoder, RefusesAZlibStreamThatIsCutAnywhere) {
+  for (std::size_t size = 0; size < tenLetters.size(); ++size) {
+    EXPECT_THROW(kestrel::test::inflated(tenLetters.substr(0, size)), std::runtime_error) << size;
+  }
+}
+
+TEST(Decoder, RefusesWhatStandsBehindAZlibStream) {
+  EXPECT_THROW(kestrel::test::inflated(tenLetters + "x"), std::runtime_error);
+}
+
+TEST(Decoder, TellsTheSizeThatIsAnnounced) {
+  EXPECT_EQ(kestrel::test::announced(only(5, std::string(7, '\0')), 5), 7u);
+  EXPECT_EQ(kestrel::test::announced({}, 5), 0u);
+  EXPECT_THROW(kestrel::test::announced(only(5, "7"), 5), std::runtime_error);
+}
+
+TEST(Decoder, ReadsAnEndRecord) {
+  EXPECT_EQ(kestrel::test::endRecord(only(3, std::string("\x01\0\0\0\x02\x01\0\0", 8))),
+            (kestrel::test::EndRecord{1, 0x102}));
+  EXPECT_THROW(kestrel::test::endRecord(only(3, std::string(9, '\0'))), std::runtime_error);
+}
+
+TEST(Decoder, ReadsAMapRecord) {
+  std::string const record("\x01\0\x02\0\0\0ab\x01\0c\0\0\0\0\x03\0def", 20);
+  EXPECT_EQ(kestrel::test::mapRecord(only(10, record)), (kestrel::test::MapRecord{"ab", "c", "", "def"}));
+  EXPECT_THROW(kestrel::test::mapRecord(only(10, record + "x")), std::runtime_error);
+  EXPECT_ANY_THROW(kestrel::test::mapRecord(only(10, record.substr(0, 19))));
 }
 
 class CaptureFile : public kestrel::test::WireTest {

@@ -1,8 +1,11 @@
 #include "command_line.h"
 
 #include "chart/chart_command.h"
+#include "chart_templates.h"
+#include "explain/explain_command.h"
 #include "gallery/gallery_command.h"
 #include "inspect/inspect_command.h"
+#include "listen/listen_command.h"
 #include "problem.h"
 #include "utf8.h"
 
@@ -21,7 +24,7 @@ namespace {
 constexpr char const* exitCodes = R"(Exit codes:
   0  all went well
   1  the command line or an input file is wrong
-  2  a capture is cut, or breaks a rule
+  2  a capture is cut, breaks a rule, or differs from another
   3  something could not be sent or written
 )";
 
@@ -51,6 +54,13 @@ number or, where the axis shows dates, at a date.
 
 )";
 
+constexpr char const* explainNotes =
+    R"(Each value of a style, of ticks and of frames stands on a line, with who gave it:
+builder (the chart text has it), default looks (the completion adds it), or the
+FILE:LINE:COLUMN of the template that wrote it last.
+
+)";
+
 /// What the help calls the value of an option.
 constexpr char const* textValue = "TEXT";
 constexpr char const* columnValue = "COLUMN";
@@ -70,6 +80,35 @@ CLI::Option* addOption(CLI::App& command, std::string const& name, Target& targe
       ->allow_extra_args(false)
       ->check(requireUtf8)
       ->type_name(value);
+}
+
+/// A template by its plain name needs no folder.
+std::string templateNotes() {
+  std::string text = R"(A template FILE with neither a slash nor a point in it is a shipped template:
+)";
+  for (std::string const& name : shippedTemplates()) text += "  " + name + "\n";
+  return text + R"(Styles come first, then options, then templates; of two that set the same value
+the later one wins.
+
+)";
+}
+
+struct TemplateOption {
+  char const* name;
+  std::vector<std::string> TemplateRequest::*target;
+  char const* meaning;
+};
+
+constexpr TemplateOption templateOptions[] = {
+    {"--template", &TemplateRequest::user, "template for the chart; may be repeated"},
+    {"--style", &TemplateRequest::styles, "template of the settings for styles; may be repeated"},
+    {"--options", &TemplateRequest::options, "template of the settings for options; may be repeated"},
+};
+
+void addTemplates(CLI::App& command, TemplateRequest& request) {
+  for (TemplateOption const& row : templateOptions) {
+    addOption(command, row.name, request.*row.target, fileValue, row.meaning);
+  }
 }
 
 struct TextOption {
@@ -148,8 +187,11 @@ CLI::App* addChart(CLI::App& program, ChartRequest& request) {
   addOption(*chart, "--sort", request.sort, "ORDER", "order of the categories of X")
       ->check(CLI::IsMember({"ascending", "descending"}));
   chart->add_flag("--transpose", request.transposed, "turns the chart: X goes up, Y goes across");
-  addOption(*chart, "-o,--output", request.output, folderValue, "where to write capture.kcap")->required();
-  chart->footer(std::string(chartNotes) + exitCodes);
+  addTemplates(*chart, request.templates);
+  addOption(*chart, "-o,--output", request.output, folderValue, "where to write capture.kcap");
+  addOption(*chart, "--send", request.send, "unix:PATH",
+            "socket to send the chart to, such as that of kestrel listen PATH; beside or instead of -o");
+  chart->footer(chartNotes + templateNotes() + exitCodes);
   return chart;
 }
 
@@ -158,8 +200,29 @@ void addInspect(CLI::App& program, InspectRequest& request) {
       "inspect", "Lists the messages of a capture, checks them, and takes the contents out of them");
   addOption(*inspect, "CAPTURE", request.capture, fileValue, "the capture, such as OUT/capture.kcap")
       ->required();
-  addOption(*inspect, "--extract", request.extract, folderValue, "where to write the contents");
-  inspect->add_flag("--json", request.json, "the same as JSON, for programs");
+  CLI::Option* const extract =
+      addOption(*inspect, "--extract", request.extract, folderValue, "where to write the contents");
+  CLI::Option* const json = inspect->add_flag("--json", request.json, "the same as JSON, for programs");
+  addOption(*inspect, "--diff", request.other, fileValue,
+            "another capture to compare with, message by message")
+      ->excludes(extract)
+      ->excludes(json);
+}
+
+CLI::App* addListen(CLI::App& program, ListenRequest& request) {
+  CLI::App* const listen = program.add_subcommand(
+      "listen", "Receives charts on a unix socket, checks them, and writes them with their contents");
+  addOption(*listen, "PATH", request.path, fileValue, "the socket, which is made and at the end removed")
+      ->required();
+  addOption(*listen, "-o,--output", request.output, folderValue,
+            "where to write 001.kcap, 002.kcap and so on, and the contents of each in 001, 002 ...")
+      ->required();
+  listen->add_flag("--once", request.once, "ends after one connection instead of at SIGINT or SIGTERM");
+  listen->add_option("--limit", request.limit, "how long a chart may be, in MiB (256)")
+      ->type_name("MIB")
+      ->check(CLI::Range(1, 4096));
+  listen->footer(exitCodes);
+  return listen;
 }
 
 void addGallery(CLI::App& program, GalleryRequest& request) {
@@ -168,7 +231,21 @@ void addGallery(CLI::App& program, GalleryRequest& request) {
   addOption(*gallery, "NAME", request.names, "NAME", "the charts to make; all of them if none is named")
       ->allow_extra_args(true);
   addOption(*gallery, "-o,--output", request.output, folderValue, "where to write the charts");
+  addTemplates(*gallery, request.templates);
   gallery->add_flag("--list", request.list, "only says which charts there are");
+  gallery->footer(templateNotes() + exitCodes);
+}
+
+void addExplain(CLI::App& program, ExplainRequest& request) {
+  CLI::App* const explain =
+      program.add_subcommand("explain", "Completes a chart and tells where each value of its look came from");
+  addOption(*explain, "CHART.xml", request.chart, fileValue,
+            "the text of the chart, as gallery and inspect --extract write it")
+      ->required();
+  addTemplates(*explain, request.templates);
+  explain->add_flag("--all", request.all, "also tells of values that a template has overwritten");
+  explain->add_flag("--json", request.json, "the same as JSON, for programs");
+  explain->footer(explainNotes + templateNotes() + exitCodes);
 }
 
 int code(Exit exit) { return static_cast<int>(exit); }
@@ -188,10 +265,14 @@ int run(int count, char const* const* arguments) {
   program.footer(exitCodes);
   ChartRequest chartRequest;
   GalleryRequest galleryRequest;
+  ExplainRequest explainRequest;
   InspectRequest inspectRequest;
+  ListenRequest listenRequest;
   CLI::App const* const chart = addChart(program, chartRequest);
   addGallery(program, galleryRequest);
+  addExplain(program, explainRequest);
   addInspect(program, inspectRequest);
+  CLI::App const* const listen = addListen(program, listenRequest);
   try {
     program.parse(count, arguments);
   } catch (CLI::ParseError const& end) {
@@ -201,6 +282,11 @@ int run(int count, char const* const* arguments) {
     runGallery(galleryRequest);
     return code(Exit::Success);
   }
+  if (program.got_subcommand("explain")) {
+    runExplain(explainRequest);
+    return code(Exit::Success);
+  }
+  if (listen->parsed()) return code(runListen(listenRequest) ? Exit::Success : Exit::BadCapture);
   if (!chart->parsed()) return code(runInspect(inspectRequest) ? Exit::Success : Exit::BadCapture);
   runChart(chartRequest);
   return code(Exit::Success);

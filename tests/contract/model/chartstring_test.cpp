@@ -270,6 +270,8 @@ TEST(ChartString, NullComparesAsEmpty) {
   EXPECT_TRUE(ChartString().equals(static_cast<char16_t const*>(nullptr)));
   EXPECT_FALSE(ChartString(u"a").equals(static_cast<char16_t const*>(nullptr)));
   EXPECT_TRUE(ChartString().equalsi(static_cast<char16_t const*>(nullptr)));
+  EXPECT_FALSE(ChartString(u"a").equalsi(static_cast<char16_t const*>(nullptr)));
+  EXPECT_FALSE(ChartString().equalsi(u"a"));
 }
 
 TEST(ChartString, FindsWhatItContains) {

@@ -4,7 +4,10 @@
 
 #include "kestrelhost/recorder.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 using namespace kestrel::host;
 
@@ -118,6 +121,17 @@ TEST(CaptureChannelTest, ThatIsFullFailsTheSmallestMessageToo) {
   CaptureChannel channel("/dev/full");
   EXPECT_NE(channel.put(307, "", 0), 0);
   EXPECT_NE(channel.put(307, "a", 1), 0);
+}
+
+TEST(CaptureChannelTest, FailsWithoutASignalWhereTheReaderOfANamedPipeIsGone) {
+  TemporaryFolder const folder;
+  ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
+  int const reader = ::open((folder / "pipe").c_str(), O_RDONLY | O_NONBLOCK);
+  CaptureChannel channel(folder / "pipe");
+  EXPECT_EQ(channel.put(307, "a", 1), 0);
+  ::close(reader);
+  EXPECT_NE(channel.put(307, "a", 1), 0);
+  EXPECT_FALSE(channel.good());
 }
 
 TEST(CaptureChannelTest, ThatIsFullFailsFromThenOn) {

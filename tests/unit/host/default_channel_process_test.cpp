@@ -3,7 +3,9 @@
 #include "host/channel.h"
 #include "kestrelhost/channel.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <cstdlib>
 #include <filesystem>
@@ -42,6 +44,25 @@ TEST(DefaultChannelProcessTest, CapturesToTheCurrentFolderOtherwise) {
   EXPECT_EXIT(sendAndExit(), testing::ExitedWithCode(0), "");
   std::filesystem::current_path(before);
   EXPECT_EQ(contentOf(folder / "capture.kcap"), expected);
+}
+
+TEST(DefaultChannelProcessTest, WritesToStandardOutput) {
+  TemporaryFolder const folder;
+  ScopedVariable const variable("KESTREL_CAPTURE", "-");
+  auto const sendToFile = [&] {
+    int const file = ::open((folder / "out").c_str(), O_CREAT | O_WRONLY, 0600);
+    ::dup2(file, STDOUT_FILENO);
+    sendAndExit();
+  };
+  EXPECT_EXIT(sendToFile(), testing::ExitedWithCode(0), "");
+  EXPECT_EQ(contentOf(folder / "out"), expected);
+}
+
+TEST(DefaultChannelProcessTest, FailsWhereNobodyListensOnTheSocket) {
+  TemporaryFolder const folder;
+  ScopedVariable const variable("KESTREL_CAPTURE", ("unix:" + (folder / "socket")).c_str());
+  EXPECT_NE(put("abc"), 0);
+  EXPECT_FALSE(std::filesystem::exists(folder / "socket"));
 }
 
 TEST(DefaultChannelProcessTest, OpensNoFileBeforeTheFirstMessage) {

@@ -29,6 +29,10 @@ std::vector<std::string> faultsOf(CaptureBuilder const& capture) { return faults
 
 CaptureBuilder described() { return CaptureBuilder().content(0, "What is seen").content(9, "What is seen"); }
 
+/// A data map "ab" of the name "c", and a reference map "d" of the name "ef".
+std::string const mapRecord("\x01\0\x02\0\0\0ab\x01\0c\x01\0\0\0d\x02\0ef", 20);
+std::string const endWithFiles("\0\0\0\0\x02\0\0\0", 8);
+
 CaptureBuilder chart() { return described().chartText("<visualization/>"); }
 
 std::string kindOfFirst(CaptureBuilder const& capture) {
@@ -43,12 +47,12 @@ TEST(SoundCapture, IsAChartWithDataAndFiles) {
   EXPECT_THAT(faultsOf(chart()
                            .content(5, std::string(data.size(), '\0'))
                            .content(8, data)
-                           .content(10, "map")
+                           .content(10, mapRecord)
                            .content(11, "a.csv")
                            .content(6, std::string(50000, 'x'))
                            .content(11, "b.csv")
                            .content(6, "y")
-                           .endRecord()),
+                           .content(3, endWithFiles)),
               IsEmpty());
 }
 
@@ -209,11 +213,12 @@ TEST(MessageFault, TellsWhereItIs) {
 }
 
 TEST(MessageFault, IsAnEmptyChunk) {
-  EXPECT_THAT(faultsOf(chart().chunk(11, "").content(6, "x").endRecord()), ElementsAre("the chunk is empty"));
+  EXPECT_THAT(faultsOf(chart().chunk(11, "").content(6, "x").content(3, endWithFiles)),
+              ElementsAre("the chunk is empty"));
 }
 
 TEST(MessageFault, IsAChunkThatIsTooLong) {
-  EXPECT_THAT(faultsOf(chart().content(11, "a").chunk(6, std::string(33985, 'x')).endRecord()),
+  EXPECT_THAT(faultsOf(chart().content(11, "a").chunk(6, std::string(33985, 'x')).content(3, endWithFiles)),
               ElementsAre("the chunk has 33985 bytes; it may have up to 33984"));
 }
 
@@ -230,7 +235,7 @@ TEST(MessageFault, IsAReservedByte) {
       "a"
       "\0\0\0\0",
       13);
-  EXPECT_THAT(faultsOf(chart().put(307, message).content(6, "x").endRecord()),
+  EXPECT_THAT(faultsOf(chart().put(307, message).content(6, "x").content(3, endWithFiles)),
               ElementsAre("the reserved bytes are not 0"));
 }
 
@@ -334,6 +339,51 @@ TEST(ContentFault, IsAnEndRecordOfAnotherSize) {
   EXPECT_THAT(faultsOf(chart().content(3, "1234")), ElementsAre("the end record has 4 bytes, not 8 bytes"));
 }
 
+TEST(ContentFault, IsAnEndRecordThatForgetsAttachedFiles) {
+  EXPECT_THAT(faultsOf(chart().content(11, "a.csv").content(6, "x").endRecord()),
+              ElementsAre("the end record says editable 0, editor 1; with a CSV file it must be 0 and 2"));
+  EXPECT_THAT(
+      faultsOf(
+          chart().content(11, "a.csv").content(6, "x").content(3, std::string("\x01\0\0\0\x02\0\0\0", 8))),
+      ElementsAre("the end record says editable 1, editor 2; with a CSV file it must be 0 and 2"));
+}
+
+struct BadMapRecord {
+  std::string record;
+  char const* fault;
+};
+
+TEST(ContentFault, IsAMapRecordThatIsNotWhole) {
+  BadMapRecord const rows[] = {
+      {"\x01", "map information is cut"},
+      {std::string("\x02\0", 2) + mapRecord.substr(2), "map information has version 2, not 1"},
+      {mapRecord.substr(0, 5), "map information is cut before the length of the data map"},
+      {mapRecord.substr(0, 7), "map information is cut in the data map, which should have 2 bytes"},
+      {mapRecord.substr(0, 9), "map information is cut before the length of the data map's name"},
+      {mapRecord.substr(0, 10), "map information is cut in the data map's name, which should have 1 byte"},
+      {mapRecord.substr(0, 14), "map information is cut before the length of the reference map"},
+      {mapRecord.substr(0, 15), "map information is cut in the reference map, which should have 1 byte"},
+      {mapRecord.substr(0, 17), "map information is cut before the length of the reference map's name"},
+      {mapRecord.substr(0, 19),
+       "map information is cut in the reference map's name, which should have 2 bytes"},
+      {mapRecord + "xyz", "map information has 3 bytes too many"},
+      {std::string("\x01\0\xFF\xFF\xFF\xFF", 6),
+       "map information is cut in the data map, which should have 4294967295 bytes"},
+  };
+  for (BadMapRecord const& row : rows)
+    EXPECT_THAT(faultsOf(chart().content(10, row.record).endRecord()), ElementsAre(row.fault));
+}
+
+TEST(OrderFault, IsDataOfAServiceWithoutItsTemplate) {
+  std::string const data = dataStream(1);
+  std::string const size(data.size(), '\0');
+  EXPECT_THAT(faultsOf(described().content(20, "x", 4).content(5, size).content(8, data).endRecord()),
+              ElementsAre("data of a service comes without service template before it"));
+  EXPECT_THAT(
+      faultsOf(described().content(21, "<serviceTemplate/>").content(5, size).content(8, data).endRecord()),
+      IsEmpty());
+}
+
 TEST(OrderFault, IsAMissingDescription) {
   EXPECT_THAT(faultsOf(CaptureBuilder().chartText("<a/>").endRecord()),
               ElementsAre("description is missing before chart text size"));
@@ -360,12 +410,12 @@ TEST(OrderFault, IsAnAnnouncementWithoutData) {
 }
 
 TEST(OrderFault, IsAFileWithoutItsName) {
-  EXPECT_THAT(faultsOf(chart().content(6, "x").endRecord()),
+  EXPECT_THAT(faultsOf(chart().content(6, "x").content(3, endWithFiles)),
               ElementsAre("CSV content comes without CSV name before it"));
 }
 
 TEST(OrderFault, IsANameWithoutItsFile) {
-  EXPECT_THAT(faultsOf(chart().content(11, "a.csv").endRecord()),
+  EXPECT_THAT(faultsOf(chart().content(11, "a.csv").content(3, endWithFiles)),
               ElementsAre("CSV content is missing before done"));
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "chart_templates.h"
 #include "element_kind.h"
 
 #include <string>
@@ -38,7 +39,10 @@ struct ChartRequest {
   std::string description;
   std::string name;
   std::vector<std::string> attachments;
+  TemplateRequest templates;
+  /// The folder for the capture, and the address of a listener; one of them may be empty.
   std::string output;
+  std::string send;
 };
 
 }  // namespace kestrel::tool

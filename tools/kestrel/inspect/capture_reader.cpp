@@ -6,7 +6,6 @@ namespace kestrel::tool {
 
 namespace {
 
-constexpr std::string_view signature = "KCAP0001";
 constexpr std::size_t headSize = 16;  // identifier and length
 
 std::uint64_t littleEndian(std::string_view bytes, std::size_t width) {
@@ -19,18 +18,20 @@ Fault fault(std::size_t offset, std::string text) { return {offset, std::nullopt
 
 }  // namespace
 
+std::uint16_t shortWord(std::string_view bytes) { return static_cast<std::uint16_t>(littleEndian(bytes, 2)); }
+
 std::uint32_t word(std::string_view bytes) { return static_cast<std::uint32_t>(littleEndian(bytes, 4)); }
 
 std::int64_t longWord(std::string_view bytes) { return static_cast<std::int64_t>(littleEndian(bytes, 8)); }
 
 Capture readCapture(std::string_view bytes) {
   Capture capture;
-  if (!bytes.starts_with(signature)) {
-    capture.cut =
-        fault(0, "this is no capture, which starts with " + std::string(signature) + "; give another file");
+  if (!bytes.starts_with(captureSignature)) {
+    capture.cut = fault(
+        0, "this is no capture, which starts with " + std::string(captureSignature) + "; give another file");
     return capture;
   }
-  for (std::size_t at = signature.size(); at < bytes.size();) {
+  for (std::size_t at = captureSignature.size(); at < bytes.size();) {
     std::string const message = "message " + std::to_string(capture.messages.size() + 1);
     std::size_t const left = bytes.size() - at;
     if (left < headSize) {

@@ -9,6 +9,9 @@
 
 namespace kestrel::tool {
 
+/// What a capture starts with.
+inline constexpr std::string_view captureSignature = "KCAP0001";
+
 /// One message of a capture, as it was put on the channel.
 struct CapturedMessage {
   std::size_t number;  ///< from 1
@@ -36,6 +39,7 @@ struct Capture {
 Capture readCapture(std::string_view bytes);
 
 /// A little-endian number from the start of `bytes`, which must be long enough.
+std::uint16_t shortWord(std::string_view bytes);
 std::uint32_t word(std::string_view bytes);
 std::int64_t longWord(std::string_view bytes);
 

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <string_view>
 
 namespace kestrel::tool {
 
@@ -75,10 +76,61 @@ void checkStream(Send const&, Content const& content, std::vector<Fault>& faults
   }
 }
 
-void checkEndRecord(Send const&, Content const& content, std::vector<Fault>& faults) {
-  if (content.size() == endRecordSize) return;
-  report(content, "the end record has " + bytesText(content.size()) + ", not " + bytesText(endRecordSize),
+/// A file that the user attached is edited with it: the chart itself cannot be any more.
+constexpr std::uint32_t editableWithFiles = 0;
+constexpr std::uint32_t editorWithFiles = 2;
+
+void checkEndRecord(Send const& send, Content const& content, std::vector<Fault>& faults) {
+  if (content.size() != endRecordSize) {
+    report(content, "the end record has " + bytesText(content.size()) + ", not " + bytesText(endRecordSize),
+           faults);
+    return;
+  }
+  std::string const record = content.bytes();
+  std::uint32_t const editable = word(record);
+  std::uint32_t const editor = word(std::string_view(record).substr(4));
+  bool const hasFiles = send.find(CsvName) != nullptr;
+  if (!hasFiles || (editable == editableWithFiles && editor == editorWithFiles)) return;
+  report(content,
+         "the end record says editable " + std::to_string(editable) + ", editor " + std::to_string(editor) +
+             "; with a CSV file it must be " + std::to_string(editableWithFiles) + " and " +
+             std::to_string(editorWithFiles),
          faults);
+}
+
+constexpr std::uint32_t mapRecordVersion = 1;
+
+/// The lengths of the record, each of which stands before what it is the length of.
+struct MapPart {
+  char const* name;
+  std::size_t width;
+};
+
+constexpr MapPart mapParts[] = {
+    {"data map", 4}, {"data map's name", 2}, {"reference map", 4}, {"reference map's name", 2}};
+
+std::optional<std::string> mapRecordFault(std::string_view record) {
+  std::size_t at = 2;
+  if (record.size() < at) return "is cut";
+  if (shortWord(record) != mapRecordVersion)
+    return "has version " + std::to_string(shortWord(record)) + ", not 1";
+  for (MapPart const& part : mapParts) {
+    if (record.size() - at < part.width) return std::string("is cut before the length of the ") + part.name;
+    std::string_view const rest = record.substr(at);
+    std::size_t const length = part.width == 2 ? shortWord(rest) : word(rest);
+    at += part.width;
+    if (length > record.size() - at) {
+      return std::string("is cut in the ") + part.name + ", which should have " + bytesText(length);
+    }
+    at += length;
+  }
+  if (at < record.size()) return "has " + bytesText(record.size() - at) + " too many";
+  return std::nullopt;
+}
+
+void checkMapRecord(Send const&, Content const& content, std::vector<Fault>& faults) {
+  if (auto const wrong = mapRecordFault(content.bytes()))
+    report(content, nameOf(content) + " " + *wrong, faults);
 }
 
 void checkNothing(Send const&, Content const&, std::vector<Fault>&) {}
@@ -86,8 +138,8 @@ void checkNothing(Send const&, Content const&, std::vector<Fault>&) {}
 using Check = void (*)(Send const&, Content const&, std::vector<Fault>&);
 
 /// By form.
-constexpr std::array<Check, 6> checks = {checkText,         checkNothing, checkCompressed,
-                                         checkAnnouncement, checkStream,  checkEndRecord};
+constexpr std::array<Check, 7> checks = {checkText,   checkNothing,   checkCompressed, checkAnnouncement,
+                                         checkStream, checkEndRecord, checkMapRecord};
 
 /// A size that was announced ahead of a content, and the content that it is the size of.
 struct Announced {

@@ -18,7 +18,7 @@ constexpr std::array<ContentType, 22> contentTypes{{
     {Image, "image", Form::Compressed, "image"},
     {Data, "data", Form::Stream, "data.arrows"},
     {EnglishDescription, "English description", Form::Text, "description.eng.txt"},
-    {MapInfo, "map information", Form::Bytes, "map-information.bin"},
+    {MapInfo, "map information", Form::MapRecord, "map-information.bin"},
     {CsvName, "CSV name", Form::Bytes, nullptr},
     {EngineJson, "engine JSON", Form::Compressed, "engine.json"},
     {EngineTemplate, "engine template", Form::Compressed, "engine-template.json"},

@@ -12,6 +12,7 @@ enum class Form {
   Announcement,  ///< zeros: what counts is the number of bytes
   Stream,        ///< data of the chart
   EndRecord,     ///< two words of four bytes
+  MapRecord,     ///< two maps and their names, each behind its length
 };
 
 /// What is known of a content type. The numbers are the wire's; nothing here is shared with the sender.

@@ -184,12 +184,24 @@ class OrderWalk {
   std::size_t mNext = 0;
 };
 
+/// The data of a service goes with its template.
+void checkServiceData(Send const& send, Kind const& kind, std::vector<Fault>& faults) {
+  Content const* const data = send.find(Data);
+  bool const isAlone =
+      data != nullptr && &kind == &kinds[ServiceKind] && send.find(ServiceTemplate) == nullptr;
+  if (!isAlone) return;
+  faults.push_back({data->first().captured.offset, data->first().captured.number,
+                    "data of a service comes without service template before it"});
+}
+
 }  // namespace
 
 std::string kindOf(Send const& send) { return findKind(send).name; }
 
 void checkOrder(Send const& send, std::optional<std::size_t> end, std::vector<Fault>& faults) {
-  OrderWalk walk(findKind(send), faults);
+  Kind const& kind = findKind(send);
+  checkServiceData(send, kind, faults);
+  OrderWalk walk(kind, faults);
   for (Content const& content : send.contents) walk.take(content);
   if (end) walk.finish(*end);
 }

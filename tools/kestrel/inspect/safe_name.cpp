@@ -43,7 +43,9 @@ std::string NameList::take(std::string const& name) {
   std::size_t const dot = name.rfind('.');
   std::size_t const stem = dot == std::string::npos || dot == 0 ? name.size() : dot;
   std::string candidate = name;
-  for (int number = 2; !mTaken.insert(folded(candidate)).second; ++number) {
+  // Numbers go on where they stopped: somebody may have sent the same name very often.
+  for (std::size_t& number = mNumbers[folded(name)]; !mTaken.insert(folded(candidate)).second;) {
+    number = std::max<std::size_t>(number + 1, 2);
     candidate = name.substr(0, stem) + "-" + std::to_string(number) + name.substr(stem);
   }
   return candidate;

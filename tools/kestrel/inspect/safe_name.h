@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+#include <map>
 #include <set>
 #include <string>
 #include <string_view>
@@ -19,6 +21,7 @@ class NameList {
 
  private:
   std::set<std::string> mTaken;
+  std::map<std::string, std::size_t> mNumbers;
 };
 
 }  // namespace kestrel::tool

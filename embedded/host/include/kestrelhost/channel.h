@@ -73,15 +73,15 @@ class VEXA_API CaptureChannel : public Channel {
   bool mGood;
 };
 
-/// The channel of a process that chose none: a capture file, named by the environment variable
-/// KESTREL_CAPTURE or else `capture.kcap` in the current folder, that is opened at the first put and complete
-/// when the process exits.
+/// The channel of a process that chose none. The environment variable KESTREL_CAPTURE names a capture file,
+/// or as `unix:PATH` the unix domain socket of a listener, or as `-` standard output; without it the messages
+/// go to the file `capture.kcap` in the current folder. It is opened at the first put.
 class VEXA_API DefaultChannel : public Channel {
  public:
   int put(std::int64_t identifier, void const* bytes, std::size_t length) override;
 
  private:
-  std::shared_ptr<CaptureChannel> mCapture;
+  std::shared_ptr<Channel> mChosen;
 };
 
 }  // namespace kestrel::host

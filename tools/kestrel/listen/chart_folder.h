@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdio>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace kestrel::tool {
+
+/// The folder in which received charts are put, each under a number that was free.
+class ChartFolder {
+ public:
+  /// Makes the folder. Throws a Problem where that fails.
+  explicit ChartFolder(std::filesystem::path folder);
+
+  /// A chart as it comes in: the capture of its messages.
+  class Chart {
+   public:
+    /// Throws a Problem where it cannot be written.
+    void append(std::string_view bytes);
+    std::size_t size() const { return mSize; }
+
+   private:
+    friend class ChartFolder;
+    struct Closer {
+      void operator()(std::FILE* file) const { std::fclose(file); }
+    };
+
+    std::string mStem;
+    std::string mName;
+    std::unique_ptr<std::FILE, Closer> mFile;
+    std::size_t mSize = 0;
+  };
+
+  Chart begin();
+
+  /// Closes the capture, checks it, takes its contents out into the folder of the same number, and tells the
+  /// user. False where something is wrong with it.
+  bool finish(Chart chart) const;
+
+ private:
+  std::filesystem::path mFolder;
+  unsigned int mLast = 0;
+};
+
+}  // namespace kestrel::tool

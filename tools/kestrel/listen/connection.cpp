@@ -1,0 +1,75 @@
+#include "connection.h"
+
+#include "problem.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <utility>
+
+namespace kestrel::tool {
+
+Connection::Connection(OpenFile socket, std::size_t number, ChartFolder& folder, std::size_t longestChart)
+    : mSocket(std::move(socket)), mNumber(number), mFolder(&folder), mLongestChart(longestChart) {}
+
+bool Connection::read() {
+  std::array<char, 1 << 16> bytes;
+  ssize_t const got = ::read(mSocket.number(), bytes.data(), bytes.size());
+  if (got < 0) return errno == EINTR || errno == EAGAIN;
+  if (got == 0) return false;
+  take({bytes.data(), static_cast<std::size_t>(got)});
+  return !mIsRefused;
+}
+
+void Connection::take(std::string_view bytes) {
+  mStream.take(bytes);
+  while (!mIsRefused) {
+    auto const message = mStream.next();
+    if (!message) break;
+    takeMessage(*message);
+  }
+  if (mStream.fault() && !mIsRefused) {
+    mIsRefused = true;
+    tellFault(*mStream.fault());
+  }
+}
+
+void Connection::takeMessage(std::string const& message) {
+  if (!mChart) {
+    mChart = mFolder->begin();
+    ++mCharts;
+  }
+  if (message.size() > mLongestChart - std::min(mLongestChart, mChart->size())) {
+    mIsRefused = true;
+    tellFault("the chart is longer than " + counted(mLongestChart, "byte") + "; --limit allows more");
+    return;
+  }
+  mChart->append(message);
+  if (!endsChart(message)) return;
+  mGood = mFolder->finish(std::move(*mChart)) && mGood;
+  mChart.reset();
+}
+
+void Connection::end() {
+  std::string_view const rest = mStream.hasSignature() && !mIsRefused ? mStream.rest() : std::string_view();
+  if (!rest.empty() && !mChart) {
+    mChart = mFolder->begin();
+    ++mCharts;
+  }
+  if (mChart) {
+    mChart->append(rest);
+    mGood = mFolder->finish(std::move(*mChart)) && mGood;
+    mChart.reset();
+  }
+  if (mCharts == 0 && !mIsRefused) {
+    tellFault(mStream.hasSignature() ? "no chart was sent"
+                                     : "the sender has gone before it had sent the start of a capture");
+  }
+}
+
+void Connection::tellFault(std::string const& text) {
+  tell("connection " + std::to_string(mNumber) + ": " + text);
+  mGood = false;
+}
+
+}  // namespace kestrel::tool

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "chart_folder.h"
+#include "message_stream.h"
+#include "open_file.h"
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace kestrel::tool {
+
+/// A sender, from its connection to its end.
+class Connection {
+ public:
+  /// `number` is what the user is told of it, `longestChart` in bytes. The folder must live longer.
+  Connection(OpenFile socket, std::size_t number, ChartFolder& folder, std::size_t longestChart);
+
+  int descriptor() const { return mSocket.number(); }
+
+  /// Takes what has come. False where nothing will come any more: the sender has closed, or is not worth
+  /// listening to.
+  bool read();
+
+  /// Puts away what has come of a chart without end, and tells the user.
+  void end();
+
+  /// Whether all that came was sound.
+  bool good() const { return mGood; }
+
+ private:
+  void take(std::string_view bytes);
+  void takeMessage(std::string const& message);
+  void tellFault(std::string const& text);
+
+  OpenFile mSocket;
+  std::size_t mNumber;
+  ChartFolder* mFolder;
+  std::size_t mLongestChart;
+  MessageStream mStream;
+  std::optional<ChartFolder::Chart> mChart;
+  std::size_t mCharts = 0;
+  bool mIsRefused = false;
+  bool mGood = true;
+};
+
+}  // namespace kestrel::tool
