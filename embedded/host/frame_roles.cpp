@@ -14,20 +14,20 @@ namespace {
 
 struct KnownRole {
   FrameRole role;
-  LumoLabelFrame* (LumoExtensionVis::*recorded)() const;
   LumoLabel::ENUM_purpose purpose;
+  LumoLabelFrame* (LumoExtensionVis::*recorded)() const;
   char16_t const* id;
 };
 constexpr KnownRole knownRoles[] = {
-    {FrameRole::Title1, &LumoExtensionVis::getTitle1, LumoLabel::PurposeTitle1, ChartBase::_frame_title_1},
-    {FrameRole::Title2, &LumoExtensionVis::getTitle2, LumoLabel::PurposeTitle2, ChartBase::_frame_title_2},
-    {FrameRole::Subtitle, &LumoExtensionVis::getSubtitle, LumoLabel::PurposeSubtitle,
+    {FrameRole::Title1, LumoLabel::PurposeTitle1, &LumoExtensionVis::getTitle1, ChartBase::_frame_title_1},
+    {FrameRole::Title2, LumoLabel::PurposeTitle2, &LumoExtensionVis::getTitle2, ChartBase::_frame_title_2},
+    {FrameRole::Subtitle, LumoLabel::PurposeSubtitle, &LumoExtensionVis::getSubtitle,
      ChartBase::_frame_subtitle_1},
-    {FrameRole::Footnote1, &LumoExtensionVis::getFootnote1, LumoLabel::PurposeFootnote1,
+    {FrameRole::Footnote1, LumoLabel::PurposeFootnote1, &LumoExtensionVis::getFootnote1,
      ChartBase::_frame_footnote_1},
-    {FrameRole::Footnote2, &LumoExtensionVis::getFootnote2, LumoLabel::PurposeFootnote2,
+    {FrameRole::Footnote2, LumoLabel::PurposeFootnote2, &LumoExtensionVis::getFootnote2,
      ChartBase::_frame_footnote_2},
-    {FrameRole::Footnote3, &LumoExtensionVis::getFootnote3, LumoLabel::PurposeFootnote3,
+    {FrameRole::Footnote3, LumoLabel::PurposeFootnote3, &LumoExtensionVis::getFootnote3,
      ChartBase::_frame_footnote_3},
 };
 

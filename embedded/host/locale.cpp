@@ -109,7 +109,7 @@ Paths::~Paths() = default;
 
 std::string EnvironmentLocale::languageCode() {
   std::string const name = lowerCase(environmentLocale());
-  std::string const language = firstPartOf(name);
+  std::string language = firstPartOf(name);
   if (language != "zh") return language;
   return isTraditional(name) ? "zh-tw" : "zh-cn";
 }

@@ -6,13 +6,13 @@ namespace {
 
 /// Every byte of the text can be read as UTF-8 as far as its declaration goes.
 bool isReadable(std::string_view text) {
-  if (text.substr(0, 4).find('\0') != text.npos) return false;
+  if (text.substr(0, 4).find('\0') != std::string_view::npos) return false;
   if (!text.empty() && static_cast<unsigned char>(text[0]) >= 0xF0) return false;
   std::string_view const declaration = text.substr(0, text.find("?>"));
   std::size_t const encoding = declaration.substr(0, 200).find("encoding");
-  if (!text.starts_with("<?xml") || encoding == text.npos) return true;
+  if (!text.starts_with("<?xml") || encoding == std::string_view::npos) return true;
   std::size_t const value = declaration.find_first_of("\"'", encoding);
-  if (value == text.npos) return true;
+  if (value == std::string_view::npos) return true;
   std::string_view const name = declaration.substr(value + 1, 5);
   return name == "UTF-8" || name == "utf-8" || name == "US-AS" || name == "us-as";
 }

@@ -47,7 +47,8 @@ bool isShare(std::string_view text) {
   if (!isUnsignedNumber(text)) return false;
   std::size_t const point = std::min(text.find('.'), text.size());
   if (text.substr(0, point) == "1")
-    return text.find_first_not_of("10.") == text.npos && text.find('1', 1) == text.npos;
+    return text.find_first_not_of("10.") == std::string_view::npos &&
+           text.find('1', 1) == std::string_view::npos;
   return text.substr(0, point) == "0" || point == 0;
 }
 
@@ -63,7 +64,7 @@ bool isLength(std::string_view text) { return isNumber(withoutUnit(text)); }
 bool isDashLengths(std::string_view text) {
   if (text.empty()) return true;
   std::size_t const comma = text.find(',');
-  if (comma == text.npos) return isLength(text);
+  if (comma == std::string_view::npos) return isLength(text);
   return comma + 1 < text.size() && isLength(text.substr(0, comma)) && isDashLengths(text.substr(comma + 1));
 }
 

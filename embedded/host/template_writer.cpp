@@ -6,7 +6,6 @@
 
 #include <xercesc/dom/DOMNamedNodeMap.hpp>
 
-using xercesc::DOMElement;
 using xercesc::DOMNamedNodeMap;
 using xercesc::DOMNode;
 

@@ -102,6 +102,7 @@ std::vector<TemplateFile> read(std::vector<std::string> const& names) {
 
 std::vector<std::string> pathsOf(std::vector<TemplateFile> const& files) {
   std::vector<std::string> paths;
+  paths.reserve(files.size());
   for (TemplateFile const& file : files) paths.push_back(file.path);
   return paths;
 }

@@ -142,7 +142,7 @@ std::string pathOf(DOMElement const& element) {
   while (!at->hasAttribute(idName)) {
     at = dynamic_cast<DOMElement const*>(at->getParentNode());
     if (at == nullptr) break;
-    path = stepOf(*at) + "/" + path;
+    path.insert(0, stepOf(*at) + "/");
   }
   return path;
 }

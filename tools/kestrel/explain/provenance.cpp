@@ -56,7 +56,7 @@ std::vector<Provenance::Explained> Provenance::explain(LumoVisualization const& 
 }
 
 std::vector<GivenValue> Provenance::givenOf(LookValue const& look) const {
-  std::vector<GivenValue> const rest = {{{Origin::Kind::DefaultLooks, {}}, look.value}};
+  std::vector<GivenValue> rest = {{{Origin::Kind::DefaultLooks, {}}, look.value}};
   auto const values = mGiven.find(look.element);
   if (values == mGiven.end()) return rest;
   auto const given = values->second.find(look.name);
