@@ -2,8 +2,8 @@
 
 #include "operation_bench.h"
 #include "schema_validator.h"
-#include "xdocument.h"
 #include "source_texts.h"
+#include "xdocument.h"
 
 #include "host/data_store.h"
 #include "host/data_types.h"
