@@ -9,7 +9,9 @@
 namespace {
 
 LumoGraph& makeGraph() {
-  LumoVisualization& visualization = *(new LumoDocument)->getVisualization();
+  // Held here for ever.
+  static LumoDocument& document = *new LumoDocument;
+  LumoVisualization& visualization = *document.getVisualization();
   visualization.addStyle()->setId(ChartBase::_container);
   return *visualization.addGraph(u"graph");
 }
