@@ -6,6 +6,7 @@
 #include "template_frames.h"
 #include "template_parser.h"
 #include "template_parts.h"
+#include "template_shelf.h"
 #include "template_writer.h"
 
 #include "kestrelhost/host.h"
@@ -148,31 +149,35 @@ void report(std::vector<TemplateFault> const& faults) {
 
 class XmlTemplate : public TemplateApplication {
  public:
-  XmlTemplate(LumoVisualization& chart, std::shared_ptr<TemplateObserver> observer)
-      : mChart(chart), mObserver(std::move(observer)) {}
+  XmlTemplate(LumoVisualization& chart, std::shared_ptr<TemplateObserver> observer,
+              std::shared_ptr<TemplateShelf> shelf)
+      : mChart(chart), mObserver(std::move(observer)), mShelf(std::move(shelf)) {}
 
   bool set(std::string const& xml) override {
-    mInstructions.clear();
-    mText = xml;
-    ReadTemplate read = readTemplate(mText);
+    mTemplate = mShelf->find(xml);
+    if (mTemplate != nullptr) return true;
+    ReadTemplate read = readTemplate(xml);
     report(read.faults);
     if (!read.faults.empty()) return false;
-    mInstructions = std::move(read.instructions);
+    mTemplate = std::make_shared<SoundTemplate const>(SoundTemplate{xml, std::move(read.instructions)});
+    mShelf->keep(mTemplate);
     return true;
   }
 
   void apply() override {
-    if (mInstructions.empty()) return;
-    Work work{TemplatedChart(mChart), TemplateWriter(mChart, mText, mObserver.get())};
-    for (TemplateNode const& node : mInstructions) instructionOf(node).prepare(work, node);
-    for (TemplateNode const& node : mInstructions) instructionOf(node).apply(work, node);
+    if (mTemplate == nullptr || mTemplate->instructions.empty()) return;
+    // An observer that sets another template must not take this one away.
+    std::shared_ptr<SoundTemplate const> const applied = mTemplate;
+    Work work{TemplatedChart(mChart), TemplateWriter(mChart, applied->text, mObserver.get())};
+    for (TemplateNode const& node : applied->instructions) instructionOf(node).prepare(work, node);
+    for (TemplateNode const& node : applied->instructions) instructionOf(node).apply(work, node);
   }
 
  private:
   LumoVisualization& mChart;
   std::shared_ptr<TemplateObserver> mObserver;
-  std::string mText;
-  std::vector<TemplateNode> mInstructions;
+  std::shared_ptr<TemplateShelf> mShelf;
+  std::shared_ptr<SoundTemplate const> mTemplate;
 };
 
 }  // namespace
@@ -181,11 +186,11 @@ TemplateObserver::~TemplateObserver() = default;
 void TemplateObserver::copied(LumoStyle const&, LumoStyle const&) {}
 
 XmlTemplateEngine::XmlTemplateEngine(std::shared_ptr<TemplateObserver> observer)
-    : mObserver(std::move(observer)) {}
+    : mObserver(std::move(observer)), mShelf(std::make_shared<TemplateShelf>()) {}
 
 std::unique_ptr<TemplateApplication> XmlTemplateEngine::start(LumoVisualization& working,
                                                               LumoVisualization*) {
-  return std::make_unique<XmlTemplate>(working, mObserver);
+  return std::make_unique<XmlTemplate>(working, mObserver, mShelf);
 }
 
 }  // namespace kestrel::host

@@ -98,6 +98,21 @@ TEST_F(TemplateTest, AfterARefusalAnotherTextIsTaken) {
   EXPECT_EQ(valueOf("t1Text", "font_size"), "9pt");
 }
 
+TEST_F(TemplateTest, TheSameTextLooksTheSameOnFurtherCharts) {
+  EXPECT_TRUE(apply(R"(<setFont size="9pt"/>)"));
+  std::string const first = chart->text();
+  load(everyPart);
+  EXPECT_TRUE(apply(R"(<setFont size="9pt"/>)"));
+  EXPECT_EQ(chart->text(), first);
+}
+
+TEST_F(TemplateTest, TheSameFaultIsToldAgain) {
+  EXPECT_FALSE(apply(R"(<setFnt size="9pt"/>)"));
+  auto const once = log();
+  EXPECT_FALSE(apply(R"(<setFnt size="9pt"/>)"));
+  EXPECT_EQ(log().size(), 2 * once.size());
+}
+
 TEST_F(TemplateTest, TheBaselineStaysAsItIs) {
   ParsedChart baseline(chartOf(everyPart));
   std::string const before = baseline.text();

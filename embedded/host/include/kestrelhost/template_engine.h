@@ -10,6 +10,8 @@ class LumoStyle;
 
 namespace kestrel::host {
 
+class TemplateShelf;
+
 /// One value that a template has written into a chart.
 struct TemplateWrite {
   /// The element that has the value now: a style, or the ticks of an axis.
@@ -36,7 +38,8 @@ class VEXA_API TemplateObserver {
 };
 
 /// The template language of `docs/guide/templates.md` and `schema/template.xsd`. A text that breaks its rules
-/// is refused; the current host's log then gets one line for each fault.
+/// is refused; the current host's log then gets one line for each fault. Templates that were read last are
+/// kept as long as the engine, so that the same ones cost little for further charts.
 class VEXA_API XmlTemplateEngine : public TemplateEngine {
  public:
   explicit XmlTemplateEngine(std::shared_ptr<TemplateObserver> observer = nullptr);
@@ -46,6 +49,7 @@ class VEXA_API XmlTemplateEngine : public TemplateEngine {
 
  private:
   std::shared_ptr<TemplateObserver> mObserver;
+  std::shared_ptr<TemplateShelf> mShelf;
 };
 
 }  // namespace kestrel::host
