@@ -133,7 +133,7 @@ INSTANTIATE_TEST_SUITE_P(
                       CodePage{"FoldersBelow", "/base/", "/base/ru/charts/pl/", "CP1251"},
                       CodePage{"NoSlashAtTheEnd", "/base/", "/base/ru", "CP1251"},
                       CodePage{"BaseWithoutItsSlash", "/base", "/base/ru/", "CP1252"},
-                      CodePage{"OtherBaseOfTheSameLength", "/base/", "/home/ru/", "CP1251"},
+                      CodePage{"OtherBaseOfTheSameLength", "/base/", "/core/ru/", "CP1251"},
                       CodePage{"NoFolder", "/base/", "/base/", "CP1252"},
                       CodePage{"NoBase", "", "ru/", "CP1251"},
                       CodePage{"ShorterThanTheBase", "/long/base/", "/ru/", "CP1252"},
