@@ -1,21 +1,35 @@
-// The program of one example: sends its chart into a capture in the current folder, and shows the chart text.
+// The program of one example, the one that it is named after: sends its chart into a capture in the current
+// folder, and shows the chart text.
 #include "gallery.h"
 #include "xdocument.h"
 
 #include "kestrelhost/host.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <exception>
+#include <filesystem>
 #include <memory>
 #include <string>
-#include <string_view>
 
-int main() {
+namespace {
+
+/// example_dot_plot is the program of dot-plot.
+std::string exampleOf(std::string const& program) {
+  std::string name = std::filesystem::path(program).stem().string();
+  name.erase(0, name.find('_') + 1);
+  std::replace(name.begin(), name.end(), '_', '-');
+  return name;
+}
+
+}  // namespace
+
+int main(int, char** arguments) {
   try {
-    std::string_view const name = KESTREL_EXAMPLE;
+    std::string const name = exampleOf(arguments[0]);
     for (kestrel::gallery::Example const& example : kestrel::gallery::examples()) {
       if (example.name != name) continue;
-      std::string const file = std::string(name) + ".kcap";
+      std::string const file = name + ".kcap";
       kestrel::host::Host host;
       auto capture = std::make_shared<kestrel::host::CaptureChannel>(file);
       host.channel = capture;
@@ -27,7 +41,7 @@ int main() {
       std::printf("%s: %s\n", file.c_str(), sent ? "what a client gets" : "not sent");
       return sent ? 0 : 1;
     }
-    std::fprintf(stderr, "there is no example %s\n", KESTREL_EXAMPLE);
+    std::fprintf(stderr, "there is no example %s\n", name.c_str());
   } catch (std::exception const& failure) {
     std::fprintf(stderr, "%s\n", failure.what());
   }
