@@ -13,17 +13,14 @@
 #include "model/aesthetics.h"
 #include "model/labels.h"
 
-#include <xercesc/dom/DOMElement.hpp>
-#include <xercesc/dom/DOMNodeList.hpp>
 #include <xercesc/util/XMLString.hpp>
 
 #include <algorithm>
 #include <memory>
 #include <string>
 
-using kestrel::objectOf;
+using kestrel::objectsOf;
 using kestrel::present;
-using xercesc::DOMNodeList;
 using xercesc::XMLString;
 
 namespace {
@@ -162,11 +159,7 @@ void ChartUpdater::addExtensions() {
   std::string const codePage = codePageOf(languageOf(resourcePath));
   dictionary.SetProcedure("GRAPH");
 
-  xercesc::DOMElement const& chart = *visualization.getImplementation();
-  DOMNodeList const& frames = *chart.getElementsByTagName(LumoUni::_labelFrame);
-  for (XMLSize_t at = 0; at < frames.getLength(); ++at) {
-    auto const* const frame = objectOf<LumoLabelFrame>(*frames.item(at), LumoUni::_labelFrame);
-    if (frame == nullptr) continue;
+  for (LumoLabelFrame const* frame : objectsOf<LumoLabelFrame>(visualization, LumoUni::_labelFrame)) {
     if (LumoLabel* const label = frame->getLabel()) {
       updateTexts(*label, dictionary, codePage);
       recordByPurpose(*label, record, *frame);
@@ -176,17 +169,11 @@ void ChartUpdater::addExtensions() {
   for (BlankableSlot const& slot : blankables) {
     if (isBlank((record.*slot.get)())) (record.*slot.remove)();
   }
-  DOMNodeList const& legends = *chart.getElementsByTagName(LumoUni::_legend);
-  for (XMLSize_t at = 0; at < legends.getLength(); ++at) {
-    if (auto const* const legend = objectOf<LumoLegend>(*legends.item(at), LumoUni::_legend)) {
-      recordLegend(*legend, record);
-    }
+  for (LumoLegend const* legend : objectsOf<LumoLegend>(visualization, LumoUni::_legend)) {
+    recordLegend(*legend, record);
   }
-  DOMNodeList const& cycles = *chart.getElementsByTagName(LumoUni::_styleCycle);
-  for (XMLSize_t at = 0; at < cycles.getLength(); ++at) {
-    auto const* const cycle = objectOf<LumoStyleCycle>(*cycles.item(at), LumoUni::_styleCycle);
-    if (cycle != nullptr && XMLString::equals(cycle->getId(), ChartBase::_styleCycleRepository)) {
+  for (LumoStyleCycle const* cycle : objectsOf<LumoStyleCycle>(visualization, LumoUni::_styleCycle)) {
+    if (XMLString::equals(cycle->getId(), ChartBase::_styleCycleRepository))
       record.setStyleCycleRepository(*cycle);
-    }
   }
 }

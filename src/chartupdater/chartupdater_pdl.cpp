@@ -12,9 +12,6 @@
 #include "model/graph.h"
 #include "model/labels.h"
 
-#include <xercesc/dom/DOMElement.hpp>
-#include <xercesc/dom/DOMNodeList.hpp>
-
 #include <algorithm>
 
 using kestrel::joined;
@@ -96,10 +93,8 @@ void ChartUpdater::AddDefaultPDLLooks() {
     made.setId(joined({axis.getId(), suffix}).xc_str());
     return made;
   };
-  auto const& axes = *visualization.getImplementation()->getElementsByTagName(LumoUni::_axis);
-  for (XMLSize_t at = 0; at < axes.getLength(); ++at) {
-    auto const* const axis = kestrel::objectOf<LumoAxis>(*axes.item(at), LumoUni::_axis);
-    if (axis == nullptr || axis->getLabel() == nullptr || axis->getMajorTicks() == nullptr) continue;
+  for (LumoAxis const* axis : kestrel::objectsOf<LumoAxis>(visualization, LumoUni::_axis)) {
+    if (axis->getLabel() == nullptr || axis->getMajorTicks() == nullptr) continue;
     LumoStyle const* const labelStyle = axis->getLabel()->getStyle();
     if (labelStyle == nullptr) continue;
     LumoMajorTicks& ticks = *axis->getMajorTicks();

@@ -9,8 +9,12 @@
 #include "model/tokens.h"
 #include "model/variables.h"
 
+#include <xercesc/dom/DOMElement.hpp>
 #include <xercesc/dom/DOMNode.hpp>
+#include <xercesc/dom/DOMNodeList.hpp>
 #include <xercesc/util/XMLString.hpp>
+
+#include <vector>
 
 namespace kestrel {
 
@@ -18,6 +22,18 @@ namespace kestrel {
 template <typename T>
 T* objectOf(xercesc::DOMNode const& node, char16_t const* token) {
   return dynamic_cast<T*>(static_cast<LumoBaseElement*>(node.getUserData(token)));
+}
+
+/// The objects of all elements of one name, in document order. Taken at once: the DOM looks through the whole
+/// chart again for each step along such a list once the chart has changed.
+template <typename T>
+std::vector<T*> objectsOf(LumoBaseElement const& top, char16_t const* token) {
+  xercesc::DOMNodeList const& list = *top.getImplementation()->getElementsByTagName(token);
+  std::vector<T*> objects;
+  for (XMLSize_t at = 0; at < list.getLength(); ++at) {
+    if (T* const object = objectOf<T>(*list.item(at), token)) objects.push_back(object);
+  }
+  return objects;
 }
 
 /// The chart that an object of the model belongs to.

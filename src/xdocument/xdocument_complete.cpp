@@ -15,13 +15,9 @@
 #include "model/graph.h"
 #include "model/style.h"
 
-#include <xercesc/dom/DOMElement.hpp>
-#include <xercesc/dom/DOMNodeList.hpp>
-
 #include <string>
 #include <vector>
 
-using kestrel::objectOf;
 using kestrel::present;
 
 namespace {
@@ -60,10 +56,8 @@ std::string styleTemplate(std::string const& color) {
 
 /// The symbols of a cycle of shapes have the size of their element.
 void removeSizesOfShapes(LumoVisualization const& visualization) {
-  auto const& shapes = *visualization.getImplementation()->getElementsByTagName(LumoUni::_shape);
-  for (XMLSize_t at = 0; at < shapes.getLength(); ++at) {
-    auto const* const shape = objectOf<LumoShape>(*shapes.item(at), LumoUni::_shape);
-    LumoStyleCycle const* const styles = shape == nullptr ? nullptr : shape->getCycle();
+  for (LumoShape const* shape : kestrel::objectsOf<LumoShape>(visualization, LumoUni::_shape)) {
+    LumoStyleCycle const* const styles = shape->getCycle();
     if (styles == nullptr) continue;
     for (LumoCycle const* cycle : styles->getCycles()) {
       for (LumoStyle* style : cycle->getStyles()) style->removeSize();
