@@ -15,9 +15,6 @@
 #include "model/paneling.h"
 #include "model/style.h"
 
-#include <xercesc/dom/DOMElement.hpp>
-#include <xercesc/dom/DOMNodeList.hpp>
-
 #include <algorithm>
 
 using kestrel::joined;
@@ -73,11 +70,8 @@ bool explains(LumoLegend const& legend, ChartString const& id) {
 
 /// The first legend that explained what had the id explains the colour too.
 void addLegendTarget(LumoVisualization const& visualization, ChartString const& id, LumoColor const& color) {
-  auto const& legends =
-      *visualization.getImplementation()->getElementsByTagName(LumoLegend::getElementName());
-  for (XMLSize_t at = 0; at < legends.getLength(); ++at) {
-    auto* const legend = kestrel::objectOf<LumoLegend>(*legends.item(at), LumoLegend::getElementName());
-    if (legend == nullptr || !explains(*legend, id)) continue;
+  for (LumoLegend* legend : kestrel::objectsOf<LumoLegend>(visualization, LumoLegend::getElementName())) {
+    if (!explains(*legend, id)) continue;
     ChartString const targetId = numbered(LumoUni::_legendTarget, legend->getLegendTargets().size());
     legend->addLegendTarget(targetId.xc_str(), color);
     return;

@@ -116,14 +116,14 @@ struct PanelSide {
   double labelAngle;
   std::size_t next = 0;
 
-  bool isLeft() const { return next < variables.size(); }
+  bool hasMore() const { return next < variables.size(); }
 };
 
 /// The next place of a direction: its next variable, all of them where they are nested, or a filler where
 /// they have run out.
 void addTurn(XGraph& chart, LumoCross& panels, PanelSide& side, unsigned int& level) {
   kestrel::PanelLook const look{u"5%", side.labelAngle};
-  if (!side.isLeft()) {
+  if (!side.hasMore()) {
     panels.addUnity();
   } else if (side.nested) {
     nestPanels(chart, panels, side.variables, level, look);
@@ -159,7 +159,7 @@ void splitIntoPanels(XGraph& chart, PanelSide columns, PanelSide rows, bool cros
   // A cross also where the method is nest: relied upon.
   LumoCross& panels = *faceting.addCross();
   unsigned int level = 1;
-  while (columns.isLeft() || rows.isLeft()) {
+  while (columns.hasMore() || rows.hasMore()) {
     addTurn(chart, panels, columns, level);
     addTurn(chart, panels, rows, level);
   }

@@ -23,6 +23,7 @@
 using kestrel::guarded;
 using kestrel::isEmpty;
 using kestrel::objectOf;
+using kestrel::objectsOf;
 using kestrel::present;
 using xercesc::DOMElement;
 using xercesc::DOMNode;
@@ -149,17 +150,14 @@ void showPercentagesOf(CTVariableType const& variable, DOMElement const& element
 }
 
 /// @param graph may be null in a chart without percentages
-void showPercentages(CTVariableType const& variable, LumoGraph const* graph, DOMElement const& chart) {
-  DOMNodeList const& statistics = *chart.getElementsByTagName(LumoUni::_summaryStatistic);
-  XMLSize_t const count = statistics.getLength();
-  for (XMLSize_t at = 0; at < count; ++at) {
-    DOMNode const& node = *statistics.item(at);
-    auto const* const statistic = objectOf<LumoSummaryStatistic>(node, LumoUni::_summaryStatistic);
-    if (statistic == nullptr || !isPercentage(*statistic)) continue;
+void showPercentages(CTVariableType const& variable, LumoGraph const* graph, LumoVisualization const& chart) {
+  for (auto const* statistic : objectsOf<LumoSummaryStatistic>(chart, LumoUni::_summaryStatistic)) {
+    if (!isPercentage(*statistic)) continue;
     if (LumoMajorTicks* const ticks = valueTicks(present(graph, "graph"))) {
       showPercentages(*ticks);
     } else {
-      showPercentagesOf(variable, static_cast<DOMElement const&>(*node.getParentNode()), chart);
+      auto const& element = static_cast<DOMElement const&>(*statistic->getImplementation()->getParentNode());
+      showPercentagesOf(variable, element, *chart.getImplementation());
     }
   }
 }
@@ -172,7 +170,7 @@ int XGraph::copyVariableFormats() {
     for (LumoSourceVariable* variable : variables) {
       if (variable->getFormats().empty()) copyFormatOfATwin(*variable, variables);
       if (variable->getFormats().empty()) {
-        showPercentages(*variable, mGraph, *mVisualization->getImplementation());
+        showPercentages(*variable, mGraph, *mVisualization);
       }
     }
   });
