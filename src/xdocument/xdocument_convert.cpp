@@ -3,6 +3,7 @@
 #include "xdocument.h"
 
 #include "chart_parser.h"
+#include "chartupdater.h"
 #include "xdocument_data.h"
 #include "xutility.h"
 
@@ -208,6 +209,15 @@ std::unique_ptr<LumoDocument> parsedResult(Conversion const& conversion, xercesc
   return nullptr;
 }
 
+void addConvertedLooks(LumoDocument& document, XDocument::CONVERT_FROM from) {
+  ChartUpdater updater(document);
+  if (from == XDocument::ConvertFromPDL) {
+    updater.AddDefaultPDLLooks();
+  } else {
+    updater.AddDefaultLUMOMLLooks();
+  }
+}
+
 /// Runs `body` under the handlers of the conversion itself, where a failure may come from the Java side.
 template <typename Body>
 void underConversionHandlers(Conversion const& conversion, Body&& body) {
@@ -239,7 +249,13 @@ void XDocument::convertXML(std::string const& text, CONVERT_FROM from, bool repo
       bool const converted = from == ConvertFromPDL ? conversion.fromPDL(*converter, mData->mUseUTF8)
                                                     : conversion.fromLumoML14(*converter);
       ChartBase::printDebugInfo("After Calling Converter");
-      if (converted) mData->mDocument = parsedResult(conversion, mData->mParser.get()).release();
+      if (!converted) return;
+      std::unique_ptr<LumoDocument> parsed = parsedResult(conversion, mData->mParser.get());
+      if (parsed == nullptr) return;
+      mData->mDocument = parsed.release();
+      if (mData->mDoNotModify) return;
+      addConvertedLooks(*mData->mDocument, from);
+      mData->mAddDefaultLooks = false;
     });
     ++filenumber;
   } catch (VexaGoToCaller const&) {

@@ -21,6 +21,13 @@ std::vector<std::string> afterStart(std::vector<std::string> const& rest) {
   return story;
 }
 
+std::vector<std::string> convertedBy(std::string const& converter) {
+  return afterStart({"trace: Before Calling Converter", converter, "trace: After Calling Converter",
+                     "trace: Parsed XML", "PathInstance::getDictionaryPath",
+                     "FacSTDictionary::FacSTDictionary", "PathInstance::getBasePath",
+                     "FacSTDictionary::SetProcedure"});
+}
+
 ConversionTest::ConversionTest() { takes(current); }
 
 void ConversionTest::takes(std::string const& result) {

@@ -22,6 +22,9 @@ inline constexpr char unknownError[] = "user: Unknown Error occurred while conve
 /// that.
 std::vector<std::string> afterStart(std::vector<std::string> const& rest);
 
+/// The same for one that was converted, from the call of the converter with that name up to the looks.
+std::vector<std::string> convertedBy(std::string const& converter);
+
 /// Documents whose text goes through a converter that gives `current` for every text.
 class ConversionTest : public ChartTest {
  protected:

@@ -99,9 +99,7 @@ TEST_F(OldMarkup, IsKnownByItsRootAlsoWithANamespace) {
 
 TEST_F(OldMarkup, IsConvertedBehindItsFirstParse) {
   XDocument const document("<graph/>");
-  std::vector<std::string> expected =
-      afterStart({"trace: Before Calling Converter", "LumoConverter::UpgradeXML",
-                  "trace: After Calling Converter", "trace: Parsed XML"});
+  std::vector<std::string> expected = convertedBy("LumoConverter::UpgradeXML");
   expected.insert(expected.begin() + 1, "trace: Parsed lumoml");
   EXPECT_EQ(storyOf(recorder), expected);
 }
@@ -140,8 +138,7 @@ TEST_F(OldMarkup, HoldsAFailureOfTheReportWithinTheConversion) {
 
 TEST_F(Conversion, StartsJavaAndTheConverterOnFirstUse) {
   XDocument const document = fromPDL("GRAPH");
-  EXPECT_EQ(storyOf(recorder), afterStart({"trace: Before Calling Converter", "LumoConverter::PDLtoXML",
-                                           "trace: After Calling Converter", "trace: Parsed XML"}));
+  EXPECT_EQ(storyOf(recorder), convertedBy("LumoConverter::PDLtoXML"));
   EXPECT_EQ(attribute(document.getVisualization(), u"id"), "converted");
 }
 
