@@ -1,0 +1,33 @@
+package kestrel.converter;
+
+import kestrel.stylesheet.StyleSheets;
+
+/**
+ * The only class that the library calls. XML documents cross as bytes, because their declaration names the encoding; what
+ * comes back is UTF-8. All operations may be called from several threads at once. A text that is refused is a
+ * ConversionException; anything else that is thrown is a fault of the converter.
+ */
+public final class Converter {
+  private Converter() {}
+
+  /** The chart as the style sheet reworks it; empty where the sheet gives nothing. */
+  public static byte[] applyStyleSheet(byte[] styleSheet, byte[] chart) throws ConversionException {
+    return bounded("style sheet", () -> StyleSheets.apply(styleSheet, chart));
+  }
+
+  private interface Conversion<T> {
+    T run() throws ConversionException;
+  }
+
+  /** A text that asks for more than this Java VM has is refused as any other; the VM itself is unharmed. */
+  private static <T> T bounded(String what, Conversion<T> conversion) throws ConversionException {
+    try {
+      return conversion.run();
+    } catch (OutOfMemoryError exhausted) {
+      throw new ConversionException("the " + what + " needs more memory than the Java VM was given ("
+          + (Runtime.getRuntime().maxMemory() >> 20) + " MB)", exhausted);
+    } catch (StackOverflowError exhausted) {
+      throw new ConversionException("the " + what + " nests or recurses too deeply", exhausted);
+    }
+  }
+}

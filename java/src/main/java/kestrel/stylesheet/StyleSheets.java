@@ -1,0 +1,151 @@
+package kestrel.stylesheet;
+
+import java.io.ByteArrayOutputStream;
+import java.nio.charset.StandardCharsets;
+import java.security.MessageDigest;
+import java.security.NoSuchAlgorithmException;
+import java.util.HexFormat;
+import java.util.LinkedHashMap;
+import java.util.Map;
+import javax.xml.transform.ErrorListener;
+import javax.xml.transform.OutputKeys;
+import javax.xml.transform.SourceLocator;
+import javax.xml.transform.Templates;
+import javax.xml.transform.Transformer;
+import javax.xml.transform.TransformerConfigurationException;
+import javax.xml.transform.TransformerException;
+import javax.xml.transform.TransformerFactory;
+import javax.xml.transform.sax.SAXSource;
+import javax.xml.transform.stream.StreamResult;
+import kestrel.converter.ConversionException;
+import kestrel.converter.SafeXml;
+import org.xml.sax.SAXParseException;
+
+/** Applies style sheets (XSLT 1.0) to charts. A sheet is compiled once for as long as it is among the last used ones. */
+public final class StyleSheets {
+  private static final int CACHED = 16;
+  private static final String DECLARATION = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>";
+
+  private static final Map<String, Templates> compiled = new LinkedHashMap<>(CACHED, 0.75F, true) {
+    private static final long serialVersionUID = 1L;
+
+    @Override
+    protected boolean removeEldestEntry(Map.Entry<String, Templates> eldest) {
+      return size() > CACHED;
+    }
+  };
+
+  private StyleSheets() {}
+
+  /** The chart as the sheet reworks it, in UTF-8; empty where the sheet gives nothing. */
+  public static byte[] apply(byte[] styleSheet, byte[] chart) throws ConversionException {
+    SafeXml.checkSize(styleSheet, "style sheet");
+    SafeXml.checkSize(chart, "chart");
+    Templates sheet = sheetOf(styleSheet);
+    FirstFailure failures = new FirstFailure();
+    try {
+      Transformer transformer = sheet.newTransformer();
+      transformer.setErrorListener(failures);
+      transformer.setURIResolver(SafeXml::refuseAddress);
+      boolean declared = declares(transformer);
+      // Whether anything came out can be told only without the declaration.
+      transformer.setOutputProperty(OutputKeys.OMIT_XML_DECLARATION, "yes");
+      transformer.setOutputProperty(OutputKeys.ENCODING, StandardCharsets.UTF_8.name());
+      ByteArrayOutputStream result = new ByteArrayOutputStream(chart.length);
+      transformer.transform(new SAXSource(SafeXml.newReader(), SafeXml.sourceOf(chart)), new StreamResult(result));
+      return finished(result.toByteArray(), declared);
+    } catch (TransformerException failure) {
+      throw refusal("the style sheet could not be applied: ", failures.firstOr(failure));
+    }
+  }
+
+  /** How many compiled sheets are kept at the moment. */
+  static int cached() {
+    synchronized (compiled) {
+      return compiled.size();
+    }
+  }
+
+  static Templates sheetOf(byte[] styleSheet) throws ConversionException {
+    String key = digest(styleSheet);
+    synchronized (compiled) {
+      Templates known = compiled.get(key);
+      if (known != null) return known;
+    }
+    Templates sheet = compile(styleSheet);
+    synchronized (compiled) {
+      compiled.put(key, sheet);
+    }
+    return sheet;
+  }
+
+  private static Templates compile(byte[] styleSheet) throws ConversionException {
+    FirstFailure failures = new FirstFailure();
+    TransformerFactory factory = SafeXml.newTransformerFactory();
+    factory.setErrorListener(failures);
+    try {
+      Templates sheet = factory.newTemplates(new SAXSource(SafeXml.newReader(), SafeXml.sourceOf(styleSheet)));
+      if (sheet == null) throw new TransformerConfigurationException("it cannot be compiled");
+      return sheet;
+    } catch (TransformerConfigurationException failure) {
+      throw refusal("the style sheet is refused: ", failures.firstOr(failure));
+    }
+  }
+
+  private static boolean declares(Transformer transformer) {
+    return "xml".equals(transformer.getOutputProperty(OutputKeys.METHOD))
+        && !"yes".equals(transformer.getOutputProperty(OutputKeys.OMIT_XML_DECLARATION));
+  }
+
+  private static byte[] finished(byte[] result, boolean declared) {
+    String text = new String(result, StandardCharsets.UTF_8);
+    if (text.isBlank()) return new byte[0];
+    return declared ? (DECLARATION + text).getBytes(StandardCharsets.UTF_8) : result;
+  }
+
+  private static ConversionException refusal(String context, TransformerException failure) {
+    SourceLocator place = failure.getLocator();
+    Throwable cause = failure;
+    for (int depth = 0; cause.getCause() != null && depth < 10; ++depth) {
+      cause = cause.getCause();
+      if (cause instanceof SAXParseException parse && parse.getLineNumber() > 0) {
+        return ConversionException.at(parse.getLineNumber(), parse.getColumnNumber(), context + parse.getMessage());
+      }
+    }
+    String message = context + cause.getMessage();
+    return place == null || place.getLineNumber() < 1
+        ? new ConversionException(message, failure)
+        : new ConversionException(
+            ConversionException.where(place.getLineNumber(), Math.max(1, place.getColumnNumber())) + message, failure);
+  }
+
+  private static String digest(byte[] styleSheet) {
+    try {
+      return HexFormat.of().formatHex(MessageDigest.getInstance("SHA-256").digest(styleSheet));
+    } catch (NoSuchAlgorithmException missing) {
+      throw new IllegalStateException("Every Java platform has SHA-256.", missing);
+    }
+  }
+
+  /** The engine tells a listener what went wrong, and throws something that says less. */
+  private static final class FirstFailure implements ErrorListener {
+    private TransformerException first;
+
+    @Override
+    public void warning(TransformerException warning) {}
+
+    @Override
+    public void error(TransformerException failure) {
+      if (first == null) first = failure;
+    }
+
+    @Override
+    public void fatalError(TransformerException failure) {
+      if (first == null) first = failure;
+    }
+
+    TransformerException firstOr(TransformerException thrown) {
+      return first != null ? first : thrown;
+    }
+  }
+}
