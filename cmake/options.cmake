@@ -9,6 +9,8 @@ option(KESTREL_CLANG_TIDY "Run clang-tidy beside the compiler" OFF)
 option(KESTREL_LTO "Optimise across translation units" OFF)
 option(KESTREL_CCACHE "Compile through ccache where it is installed" ${PROJECT_IS_TOP_LEVEL})
 option(KESTREL_FAST_LINKER "Link with mold or lld where one is installed" OFF)
+# Where the build leaves what the Java VM loads.
+set(KESTREL_JAVA_DIR "${PROJECT_BINARY_DIR}/java/archives")
 set(KESTREL_SANITIZERS "" CACHE STRING "Sanitizers for all our targets, as -fsanitize= takes them")
 
 # The providers behind interfaces/. A product names targets of its own and, where they are not yet known to the

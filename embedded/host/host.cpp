@@ -73,7 +73,7 @@ Host::Host()
       templateEngine(std::make_shared<XmlTemplateEngine>()),
       frameLayout(std::make_shared<StackedFrames>()),
       dataDump(std::make_shared<EmbeddedDataDump>()),
-      java(std::make_shared<NoJava>()),
+      java(makeJava()),
       compression(std::make_shared<ZlibCompression>()) {}
 
 Host const& Host::current() { return inForce != nullptr ? *inForce : plainHost(); }

@@ -6,6 +6,8 @@ namespace kestrel::host {
 
 JavaSide::~JavaSide() = default;
 
+std::string JavaSide::upgradeReport() { return {}; }
+
 bool NoJava::hasMachine() { return true; }
 bool NoJava::machineStarted() { return false; }
 
@@ -73,6 +75,10 @@ std::string ScriptedJava::applyStyleSheet(std::string const& styleSheet, std::st
 std::string ScriptedJava::convertTemplate(std::string const& request) {
   return templates ? templates(request) : std::string();
 }
+
+#ifndef KESTREL_JAVA
+std::shared_ptr<JavaSide> makeJava(JavaSettings) { return std::make_shared<NoJava>(); }
+#endif
 
 namespace {
 

@@ -52,13 +52,6 @@ TEST_F(NoJavaTest, ConvertsNoTemplate) {
   EXPECT_EQ(recorder.count(Operation::Note), 1u);
 }
 
-TEST(PlainHostTest, HasNoJava) {
-  ScopedHost const scope{Host()};
-  EXPECT_NE(VexaJVM::GetInstance(), nullptr);
-  EXPECT_FALSE(VexaJVM::GetInstance()->IsStarted());
-  EXPECT_EQ(LumoConverter::GetInstance(), nullptr);
-}
-
 class ScriptedJavaTest : public testing::Test {
  protected:
   ScriptedJavaTest() : java(*recorder.services().java), scope(recorder.host()) {}

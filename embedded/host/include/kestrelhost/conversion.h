@@ -3,6 +3,7 @@
 #include "host/export.h"
 
 #include <functional>
+#include <memory>
 #include <string>
 
 struct JNIEnv_;
@@ -30,6 +31,8 @@ class VEXA_API JavaSide {
   virtual bool convertPdl(std::string const& in, std::string& out) = 0;
   virtual bool upgrade(std::string const& in, std::string& out) = 0;
   virtual std::string errorMessage() = 0;
+  /// What of the chart the thread's last upgrade could not carry over, a line for each thing; here nothing.
+  virtual std::string upgradeReport();
 
   virtual std::string applyStyleSheet(std::string const& styleSheet, std::string const& chart) = 0;
   virtual std::string convertTemplate(std::string const& request) = 0;
@@ -58,6 +61,30 @@ class VEXA_API NoJava : public JavaSide {
 
   void note(std::string const& consequence);
 };
+
+/// Where the Java side lies and what it may take.
+struct VEXA_API JavaSettings {
+  /// The folder of a Java runtime. Empty: the one of JAVA_HOME, that of the command `java`, then the
+  /// platform's usual places, the newest first.
+  std::string home;
+  /// The folder of our archives, "kestrel-java.jar" and what it needs. Empty: "java" in the share folder,
+  /// then the one that this library was built with.
+  std::string archives;
+  /// The greatest size of the Java heap, in MiB; at least 16.
+  unsigned int heap = 512;
+};
+
+/// Java in this process, started on first use and never stopped. A process has one virtual machine for ever:
+/// the first side that starts it decides on its heap, and one that somebody else has started is joined.
+///
+/// What is missing is told to callers as they expect it, with one line in the log that says what was looked
+/// for where: without a runtime there is no machine, without the archives no converter. Messages of a refused
+/// conversion are each thread's own. Failures on the Java side that are no refusals are thrown as JException,
+/// by the converter as a pointer whose object lives until the thread's next failure. A style sheet that
+/// cannot be applied throws JException by value, after a note in the log.
+///
+/// In a build without Java it is NoJava.
+VEXA_API std::shared_ptr<JavaSide> makeJava(JavaSettings settings = {});
 
 /// A Java side that answers as it is told. As it comes, everything is there, nothing is started yet, and
 /// conversions fail with an empty message.

@@ -1,0 +1,255 @@
+// Java in this process. Each case has a process of its own, for a process has one virtual machine for ever.
+
+#include "java_machine.h"
+#include "temporary_folder.h"
+
+#include "host/java.h"
+#include "kestrelhost/recorder.h"
+
+#include <gmock/gmock.h>
+#include <unistd.h>
+
+#include <cfenv>
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <thread>
+
+using namespace kestrel::host;
+using ::testing::AllOf;
+using ::testing::AnyOf;
+using ::testing::HasSubstr;
+
+namespace {
+
+class EmbeddedJavaTest : public testing::Test {
+ protected:
+  static JavaSettings homeAt(std::string const& home) {
+    JavaSettings settings;
+    settings.home = home;
+    return settings;
+  }
+
+  static JavaSettings archivesIn(std::string const& archives) {
+    JavaSettings settings;
+    settings.archives = archives;
+    return settings;
+  }
+
+  static JavaSettings heapOf(unsigned int mebibytes) {
+    JavaSettings settings;
+    settings.heap = mebibytes;
+    return settings;
+  }
+
+  /// Puts a host in force whose Java side has those settings.
+  void use(JavaSettings const& settings = {}) {
+    scope.reset();
+    recorder.reset();
+    Host host = services.host();
+    host.java = makeJava(settings);
+    recorder.emplace(host);
+    scope.emplace(recorder->host());
+  }
+
+  /// Starts all there is to start.
+  void start() {
+    ASSERT_TRUE(VexaJVM::GetInstance()->StartJVM());
+    JNIEnv_* environment = nullptr;
+    ASSERT_EQ(VexaJVM::GetInstance()->AttachCurrentThread(&environment), 0);
+    ASSERT_NE(LumoConverter::GetInstance(), nullptr);
+    ASSERT_TRUE(LumoConverter::GetInstance()->StartConverter(environment));
+  }
+
+  /// The only line in the log.
+  std::string line() {
+    auto const notes = recorder->entries(Operation::Note);
+    return notes.size() == 1 ? notes.front().text("message") : std::to_string(notes.size()) + " lines";
+  }
+
+  TemporaryFolder folder;
+  MemoryServices services;
+  std::optional<Recorder> recorder;
+  std::optional<ScopedHost> scope;
+};
+
+TEST_F(EmbeddedJavaTest, WithoutARuntimeHasNoMachineAndSaysWhereItLooked) {
+  use(homeAt(folder.path()));
+  EXPECT_EQ(VexaJVM::GetInstance(), nullptr);
+  EXPECT_THAT(line(),
+              AllOf(HasSubstr("there is no virtual machine in " + folder.path() + "/lib/server/libjvm."),
+                    HasSubstr("set JAVA_HOME")));
+}
+
+TEST_F(EmbeddedJavaTest, LooksInTheHomeOfTheEnvironmentFirst) {
+  ::setenv("JAVA_HOME", folder.path().c_str(), 1);
+  EXPECT_THAT(machineLibraries("").front(), HasSubstr(folder.path()));
+  EXPECT_GT(machineLibraries("").size(), 1u);
+}
+
+TEST_F(EmbeddedJavaTest, LooksWhereTheCommandLeads) {
+  ::unsetenv("JAVA_HOME");
+  std::filesystem::create_directories(folder / "runtime/bin");
+  folder.write("runtime/bin/java", "");
+  std::filesystem::create_directory(folder / "commands");
+  std::filesystem::create_symlink(folder / "runtime/bin/java", folder / "commands/java");
+  ::setenv("PATH", ("/nowhere:" + (folder / "commands")).c_str(), 1);
+  std::string const home = std::filesystem::canonical(folder / "runtime").string();
+  EXPECT_THAT(machineLibraries("").front(), HasSubstr(home + "/lib/server/libjvm."));
+}
+
+#ifndef __APPLE__
+TEST_F(EmbeddedJavaTest, SaysWhyAMachineCannotBeLoaded) {
+  folder.write("lib/server/libjvm.so", "no library");
+  use(homeAt(folder.path()));
+  ASSERT_NE(VexaJVM::GetInstance(), nullptr);
+  EXPECT_FALSE(VexaJVM::GetInstance()->StartJVM());
+  EXPECT_FALSE(VexaJVM::GetInstance()->IsStarted());
+  EXPECT_THAT(line(), AllOf(HasSubstr(folder / "lib/server/libjvm.so: "), HasSubstr("set JAVA_HOME")));
+}
+#endif
+
+TEST_F(EmbeddedJavaTest, DoesNotLetTheMachineEndAProcessThatHasNoRoomForIt) {
+  use(heapOf(1U << 30));
+  EXPECT_FALSE(VexaJVM::GetInstance()->StartJVM());
+  EXPECT_FALSE(VexaJVM::GetInstance()->IsStarted());
+  EXPECT_THAT(line(), HasSubstr("MiB of address space"));
+}
+
+TEST_F(EmbeddedJavaTest, WithoutArchivesHasNoConverterAndSaysWhereItLooked) {
+  use(archivesIn(folder.path()));
+  ASSERT_TRUE(VexaJVM::GetInstance()->StartJVM());
+  EXPECT_EQ(LumoConverter::GetInstance(), nullptr);
+  EXPECT_THAT(line(), HasSubstr("there is no kestrel-java.jar in " + folder.path()));
+}
+
+TEST_F(EmbeddedJavaTest, LooksForArchivesInTheShareFolderFirst) {
+  use();
+  EXPECT_NE(LumoConverter::GetInstance(), nullptr);
+  services.paths->base = folder.path() + "/";
+  folder.write("java/kestrel-java.jar", "no archive");
+  ASSERT_TRUE(VexaJVM::GetInstance()->StartJVM());
+  JNIEnv_* environment = nullptr;
+  ASSERT_EQ(VexaJVM::GetInstance()->AttachCurrentThread(&environment), 0);
+  EXPECT_FALSE(LumoConverter::GetInstance()->StartConverter(environment));
+}
+
+TEST_F(EmbeddedJavaTest, WithABrokenArchiveRefusesEveryConversion) {
+  folder.write("kestrel-java.jar", "no archive");
+  use(archivesIn(folder.path()));
+  ASSERT_TRUE(VexaJVM::GetInstance()->StartJVM());
+  JNIEnv_* environment = nullptr;
+  ASSERT_EQ(VexaJVM::GetInstance()->AttachCurrentThread(&environment), 0);
+  LumoConverter* const converter = LumoConverter::GetInstance();
+  ASSERT_NE(converter, nullptr);
+  EXPECT_FALSE(converter->StartConverter(environment));
+  EXPECT_FALSE(converter->IsStarted());
+  EXPECT_THAT(line(),
+              AllOf(HasSubstr(folder / "kestrel-java.jar"), HasSubstr("kestrel.converter.Converter")));
+  std::string out = "untouched";
+  EXPECT_FALSE(converter->PDLtoXML("chart", out));
+  EXPECT_EQ(converter->GetErrorMessage(), "the Java converter does not run: the log says why");
+  EXPECT_FALSE(converter->UpgradeXML("<graph/>", out));
+  EXPECT_EQ(out, "untouched");
+}
+
+TEST_F(EmbeddedJavaTest, StartsOnceForEverySide) {
+  use();
+  EXPECT_FALSE(VexaJVM::GetInstance()->IsStarted());
+  start();
+  EXPECT_TRUE(VexaJVM::GetInstance()->IsStarted());
+  EXPECT_TRUE(LumoConverter::GetInstance()->IsStarted());
+  use();
+  EXPECT_TRUE(VexaJVM::GetInstance()->IsStarted());
+  EXPECT_FALSE(LumoConverter::GetInstance()->IsStarted());
+  start();
+  EXPECT_EQ(recorder->count(Operation::Note), 0u);
+}
+
+TEST_F(EmbeddedJavaTest, GivesAThreadThatIsNotAttachedNoEnvironment) {
+  use();
+  EXPECT_EQ(VexaJVM::GetInstance()->GetEnv(), nullptr);
+  start();
+  EXPECT_NE(VexaJVM::GetInstance()->GetEnv(), nullptr);
+  std::thread([] {
+    EXPECT_EQ(VexaJVM::GetInstance()->GetEnv(), nullptr);
+    JNIEnv_* first = nullptr;
+    JNIEnv_* second = nullptr;
+    EXPECT_EQ(VexaJVM::GetInstance()->AttachCurrentThread(&first), 0);
+    EXPECT_EQ(VexaJVM::GetInstance()->AttachCurrentThread(&second), 0);
+    EXPECT_NE(first, nullptr);
+    EXPECT_EQ(first, second);
+    EXPECT_EQ(VexaJVM::GetInstance()->GetEnv(), first);
+  }).join();
+}
+
+TEST_F(EmbeddedJavaTest, AttachesNobodyBeforeTheMachineRuns) {
+  use();
+  char mark = 0;
+  auto* environment = reinterpret_cast<JNIEnv_*>(&mark);
+  EXPECT_NE(VexaJVM::GetInstance()->AttachCurrentThread(&environment), 0);
+  EXPECT_EQ(environment, nullptr);
+}
+
+TEST_F(EmbeddedJavaTest, LeavesTheFloatingPointEnvironmentAlone) {
+  use();
+  std::fesetround(FE_UPWARD);
+  start();
+  EXPECT_EQ(std::fegetround(), FE_UPWARD);
+}
+
+TEST_F(EmbeddedJavaTest, LeavesTheSignalsToTheProcess) {
+  use();
+  std::signal(SIGINT, SIG_IGN);
+  std::signal(SIGTERM, SIG_DFL);
+  start();
+  EXPECT_EQ(std::signal(SIGINT, SIG_DFL), SIG_IGN);
+  EXPECT_EQ(std::signal(SIGTERM, SIG_DFL), SIG_DFL);
+}
+
+constexpr char chart[] = "<visualization xmlns='http://xml.vexa.example/visualization' name='Größe 😀'/>";
+
+std::string sheet(std::string const& body, std::string const& head = {}) {
+  return "<xsl:stylesheet version='1.0' xmlns:xsl='http://www.w3.org/1999/XSL/Transform'>" + head +
+         "<xsl:template match='/'>" + body + "</xsl:template></xsl:stylesheet>";
+}
+
+TEST_F(EmbeddedJavaTest, StartsItselfForAStyleSheet) {
+  use();
+  std::string const result = plotDeskConverter::GetInstance()->applyStyleSheet(
+      sheet("<v><xsl:value-of select='/*/@name'/></v>", "<xsl:output encoding='UTF-16'/>"), chart);
+  // Beyond the basic plane the serializer writes references, which are the same text.
+  EXPECT_THAT(result, AnyOf(HasSubstr("<v>Größe 😀</v>"), HasSubstr("<v>Größe &#128512;</v>")));
+}
+
+TEST_F(EmbeddedJavaTest, GivesAnEmptyTextForAStyleSheetThatMakesNothing) {
+  use();
+  EXPECT_EQ(plotDeskConverter::GetInstance()->applyStyleSheet(sheet(""), chart), "");
+}
+
+TEST_F(EmbeddedJavaTest, ReadsAStyleSheetInTheEncodingThatItDeclares) {
+  use();
+  std::string const latin = "<?xml version='1.0' encoding='ISO-8859-1'?>" + sheet("<v>M\xE4rz</v>");
+  EXPECT_THAT(plotDeskConverter::GetInstance()->applyStyleSheet(latin, chart), HasSubstr("<v>März</v>"));
+}
+
+TEST_F(EmbeddedJavaTest, SaysWhyAStyleSheetIsRefused) {
+  use();
+  try {
+    plotDeskConverter::GetInstance()->applyStyleSheet(sheet("<v>"), chart);
+    FAIL() << "it was taken";
+  } catch (JException const& failure) {
+    EXPECT_THAT(failure.getMessage(), HasSubstr("line 1, column"));
+    EXPECT_EQ(line(), "A style sheet is not applied: " + failure.getMessage());
+  }
+}
+
+TEST_F(EmbeddedJavaTest, WithoutARuntimeAppliesNoStyleSheetSilently) {
+  use(homeAt(folder.path()));
+  EXPECT_THROW(plotDeskConverter::GetInstance()->applyStyleSheet(sheet(""), chart), JException);
+  EXPECT_THAT(line(), HasSubstr(folder.path()));
+}
+
+}  // namespace
