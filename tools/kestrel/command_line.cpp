@@ -7,11 +7,15 @@
 #include "inspect/inspect_command.h"
 #include "listen/listen_command.h"
 #include "problem.h"
+#include "received_chart.h"
+#include "send/send_command.h"
+#include "upgrade/upgrade_command.h"
 #include "utf8.h"
 
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <array>
 #include <csignal>
 #include <exception>
 #include <string>
@@ -29,7 +33,10 @@ constexpr char const* exitCodes = R"(Exit codes:
 )";
 
 constexpr char const* chartNotes =
-    R"(DATA.csv is UTF-8, with the names of the columns in its first row. A column of
+    R"(Instead of a table a chart can be given whose name ends with .pdl: a description in
+PDL, which says itself what it shows. Its data comes by --data, as with send.
+
+DATA.csv is UTF-8, with the names of the columns in its first row. A column of
 numbers, or of dates (yyyy-MM-dd, with or without a time), is taken as such; every
 other column is text, and its texts are categories in the order in which they
 first appear. A number with leading zeros, such as 01234, is text. An empty cell
@@ -51,6 +58,16 @@ column of two categories: one for each side. Panels, clusters and stacks need
 categories, and so do --sort and --exclude: text, or what --categorical names.
 Texts are sorted in the order of their characters. A reference line stands at a
 number or, where the axis shows dates, at a date.
+
+)";
+
+constexpr char const* sendNotes =
+    R"(CHART is a chart in LumoML, the current one or 1.4, or a description in PDL where its
+name ends with .pdl. The last two need a Java runtime of version 17 or later.
+
+A data FILE is a table as for kestrel chart. It has a column for each variable of the
+source, by the variable's source name; the texts of a column of categories become
+relabels of its variable. With one source, --data FILE is enough.
 
 )";
 
@@ -167,17 +184,40 @@ void addElement(CLI::App& chart, ChartRequest& request) {
   auto const take = [&request](std::string const& word) { request.element = elementKind(word); };
   std::vector<std::string> const words(elementNames.begin(), elementNames.end());
   chart.add_option_function<std::string>("--element", take, "how the data is drawn")
-      ->required()
       ->type_name("KIND")
       ->check(CLI::IsMember(words));
+}
+
+/// What a description in PDL does not say itself.
+constexpr std::array besideDescription = {"DATA.csv", "--data",      "--template", "--style", "--options",
+                                          "--csv",    "-o,--output", "--output",   "--send",  "--help"};
+
+/// A table needs to be told what to show of it; a description says so itself.
+void requireChartOptions(CLI::App const& chart, std::string const& file) {
+  if (!isDescription(file)) {
+    for (char const* const name : {"--element", "--x"})
+      if (chart.get_option(name)->empty()) throw CLI::RequiredError(name);
+    if (!chart.get_option("--data")->empty())
+      throw Problem("--data goes with a description in PDL; " + inQuotes(file) + " is itself the data",
+                    Exit::BadInput);
+    return;
+  }
+  for (CLI::Option const* const option : chart.get_options()) {
+    std::string const name = option->get_name();
+    bool const goes =
+        std::find(besideDescription.begin(), besideDescription.end(), name) != besideDescription.end();
+    if (!option->empty() && !goes)
+      throw Problem(name + " goes with a table; " + inQuotes(file) + " says itself what it shows",
+                    Exit::BadInput);
+  }
 }
 
 CLI::App* addChart(CLI::App& program, ChartRequest& request) {
   CLI::App* const chart =
       program.add_subcommand("chart", "Makes a chart of a CSV file and writes what a client gets");
-  addOption(*chart, "DATA.csv", request.data, fileValue, "the table")->required();
+  addOption(*chart, "DATA.csv", request.data, fileValue, "the table, or a description CHART.pdl")->required();
   addElement(*chart, request);
-  addOption(*chart, "--x", request.x, columnValue, "column of the X axis")->required();
+  addOption(*chart, "--x", request.x, columnValue, "column of the X axis");
   for (TextOption const& row : chartTexts) {
     addOption(*chart, row.name, request.*row.target, row.value, row.meaning);
   }
@@ -191,8 +231,62 @@ CLI::App* addChart(CLI::App& program, ChartRequest& request) {
   addOption(*chart, "-o,--output", request.output, folderValue, "where to write capture.kcap");
   addOption(*chart, "--send", request.send, "unix:PATH",
             "socket to send the chart to, such as that of kestrel listen PATH; beside or instead of -o");
+  addOption(*chart, "--data", request.sourceFiles, fileValue,
+            "table of a description's source, FILE or SOURCE=FILE; may be repeated");
   chart->footer(chartNotes + templateNotes() + exitCodes);
+  chart->callback([chart, &request] { requireChartOptions(*chart, request.data); });
   return chart;
+}
+
+struct SendOption {
+  char const* name;
+  std::string SendRequest::*target;
+  char const* value;
+  char const* meaning;
+};
+
+constexpr SendOption sendTexts[] = {
+    {"--stylesheet", &SendRequest::styleSheet, fileValue, "XSLT style sheet for the finished chart"},
+    {"--map", &SendRequest::map, fileValue, "map of the data"},
+    {"--ref-map", &SendRequest::referenceMap, fileValue, "reference map"},
+    {"-o,--output", &SendRequest::output, folderValue, "where to write capture.kcap"},
+    {"--send", &SendRequest::send, "unix:PATH", "socket to send the chart to; beside or instead of -o"},
+};
+
+void addSend(CLI::App& program, SendRequest& request) {
+  CLI::App* const send =
+      program.add_subcommand("send", "Completes a chart that is there as text and sends it");
+  addOption(*send, "CHART", request.chart, fileValue, "the chart")->required();
+  addOption(*send, "--data", request.data, fileValue,
+            "table of one of the chart's sources, FILE or SOURCE=FILE; may be repeated");
+  send->add_flag("--protect", request.isProtected,
+                 "leaves the chart as it is, but for the templates named here");
+  addOption(*send, "--csv", request.attachments, fileValue, "file to attach to the chart; may be repeated");
+  for (SendOption const& row : sendTexts)
+    addOption(*send, row.name, request.*row.target, row.value, row.meaning);
+  addTemplates(*send, request.templates);
+  send->footer(sendNotes + templateNotes() + exitCodes);
+}
+
+void addUpgrade(CLI::App& program, UpgradeRequest& request) {
+  CLI::App* const upgrade =
+      program.add_subcommand("upgrade", "Brings a chart in LumoML 1.4 into the current markup; needs Java");
+  addOption(*upgrade, "OLD.xml", request.chart, fileValue, "the chart in LumoML 1.4")->required();
+  addOption(*upgrade, "-o,--output", request.output, fileValue, "where to write the chart")->required();
+  upgrade->add_flag("--report", request.report, "says what could not be carried over, a line for each thing");
+  upgrade->footer(exitCodes);
+}
+
+/// A description says what the options of a table would.
+SendRequest sendRequest(ChartRequest const& request) {
+  SendRequest send;
+  send.chart = request.data;
+  send.data = request.sourceFiles;
+  send.attachments = request.attachments;
+  send.templates = request.templates;
+  send.output = request.output;
+  send.send = request.send;
+  return send;
 }
 
 void addInspect(CLI::App& program, InspectRequest& request) {
@@ -268,11 +362,15 @@ int run(int count, char const* const* arguments) {
   ExplainRequest explainRequest;
   InspectRequest inspectRequest;
   ListenRequest listenRequest;
+  SendRequest sendingRequest;
+  UpgradeRequest upgradeRequest;
   CLI::App const* const chart = addChart(program, chartRequest);
   addGallery(program, galleryRequest);
   addExplain(program, explainRequest);
   addInspect(program, inspectRequest);
   CLI::App const* const listen = addListen(program, listenRequest);
+  addSend(program, sendingRequest);
+  addUpgrade(program, upgradeRequest);
   try {
     program.parse(count, arguments);
   } catch (CLI::ParseError const& end) {
@@ -284,6 +382,18 @@ int run(int count, char const* const* arguments) {
   }
   if (program.got_subcommand("explain")) {
     runExplain(explainRequest);
+    return code(Exit::Success);
+  }
+  if (program.got_subcommand("send")) {
+    runSend(sendingRequest);
+    return code(Exit::Success);
+  }
+  if (program.got_subcommand("upgrade")) {
+    runUpgrade(upgradeRequest);
+    return code(Exit::Success);
+  }
+  if (chart->parsed() && isDescription(chartRequest.data)) {
+    runSend(sendRequest(chartRequest));
     return code(Exit::Success);
   }
   if (listen->parsed()) return code(runListen(listenRequest) ? Exit::Success : Exit::BadCapture);

@@ -40,6 +40,8 @@ struct ChartRequest {
   std::string name;
   std::vector<std::string> attachments;
   TemplateRequest templates;
+  /// Tables of a description, which then stands in `data`.
+  std::vector<std::string> sourceFiles;
   /// The folder for the capture, and the address of a listener; one of them may be empty.
   std::string output;
   std::string send;

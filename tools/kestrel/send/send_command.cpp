@@ -1,0 +1,66 @@
+#include "send_command.h"
+
+#include "chart/chart_delivery.h"
+#include "files.h"
+#include "problem.h"
+#include "received_chart.h"
+#include "source_data.h"
+#include "xdocument.h"
+
+#include "host/data_store.h"
+#include "kestrelhost/host.h"
+
+#include <filesystem>
+#include <memory>
+
+namespace kestrel::tool {
+
+namespace {
+
+std::string contentOf(std::string const& file, char const* what) {
+  std::string content = readFile(file);
+  if (content.empty()) throw badInput(file, std::string("is empty; ") + what + " has content");
+  return content;
+}
+
+/// In the chart, files go by their names alone: whose machine they lay on is nobody's business.
+std::string nameOf(std::string const& file) { return std::filesystem::path(file).filename().string(); }
+
+void addSideContents(XDocument& document, SendRequest const& request) {
+  if (!request.styleSheet.empty())
+    document.setStyleSheet(nameOf(request.styleSheet), contentOf(request.styleSheet, "a style sheet"));
+  if (!request.map.empty()) document.setLUMOMap(nameOf(request.map), contentOf(request.map, "a map"));
+  if (!request.referenceMap.empty())
+    document.setLUMORefMap(nameOf(request.referenceMap), contentOf(request.referenceMap, "a map"));
+  for (std::string const& name : request.attachments) {
+    // The library leaves out an attachment that it cannot read and goes on: here that is a fault of the
+    // command line.
+    contentOf(name, "an attachment");
+    document.AddCSVFile(name);
+  }
+}
+
+}  // namespace
+
+void runSend(SendRequest const& request) {
+  if (request.output.empty() && request.send.empty())
+    throw Problem("give -o FOLDER, --send unix:PATH, or both", Exit::BadInput);
+  ChartTemplates const templates(request.templates);
+  VarDataProcessor store;
+  std::unique_ptr<XDocument> const document = readChart(request.chart);
+  if (request.isProtected) document->doNotModify(true);
+  readSourceData(*document->getVisualization(), request.data, store);
+  if (!request.data.empty()) document->SetChartData(&store);
+  addSideContents(*document, request);
+  ChartDelivery delivery(request.output, request.send);
+  host::Host host;
+  templates.install(host);
+  host.channel = delivery.channel();
+  host::ScopedHost const scope(host);
+  templates.addTo(*document);
+  delivery.finish(document->SendChart(false, false, false));
+  print(printable(delivery.name()) + ": " + counted(delivery.messages(), "message") + ", " +
+        counted(delivery.bytes(), "byte") + "\n");
+}
+
+}  // namespace kestrel::tool
