@@ -1,5 +1,6 @@
 #include "template_run.h"
 
+#include "chart_parser.h"
 #include "xdocument.h"
 
 #include "support/failure.h"
@@ -9,7 +10,7 @@
 
 namespace kestrel {
 
-BaselineChart::BaselineChart(XDocument const& chart) : mParser(std::make_unique<xercesc::XercesDOMParser>()) {
+BaselineChart::BaselineChart(XDocument const& chart) : mParser(makeChartParser()) {
   std::string errorText;
   xercesc::DOMDocument* const parsed = XDocument::parseDocument(chart.AsUTF8(), errorText, mParser.get());
   if (parsed == nullptr) return;

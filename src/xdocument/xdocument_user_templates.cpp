@@ -2,6 +2,7 @@
 
 #include "xdocument.h"
 
+#include "chart_parser.h"
 #include "template_run.h"
 #include "xdocument_data.h"
 
@@ -140,9 +141,9 @@ std::vector<ChartString> XDocument::getColors() {
   for (std::string const& name : OTemplate().Get()) {
     std::string const content = fetch(name);
     if (content.empty()) continue;
-    xercesc::XercesDOMParser parser;
+    std::unique_ptr<xercesc::XercesDOMParser> const parser = kestrel::makeChartParser();
     std::string errorText;
-    if (xercesc::DOMDocument const* const document = parseDocument(content, errorText, &parser)) {
+    if (xercesc::DOMDocument const* const document = parseDocument(content, errorText, parser.get())) {
       ChartBase::printDebugInfo("Parsed template");
       appendColors(*document, colors);
     }
