@@ -76,11 +76,12 @@ TEST_F(ConversionDumps, StandAroundTheConverter) {
   auto const story = storyOf(recorder);
   auto const before = std::find(story.begin(), story.end(), "trace: Before Calling Converter");
   ASSERT_NE(before, story.end());
-  EXPECT_THAT(std::vector(before, story.end()),
+  auto const parsed = std::find(before, story.end(), "trace: Parsed XML");
+  ASSERT_NE(parsed, story.end());
+  EXPECT_THAT(std::vector(before, parsed),
               ElementsAre("trace: Before Calling Converter", "dump xml_backend_1.4_1.xml type 1",
                           "LumoConverter::UpgradeXML", "trace: After Calling Converter",
-                          "dump xml_backend_2.0_1.xml type 1", "trace: Parsed XML",
-                          "trace: XDocument destructor finished."));
+                          "dump xml_backend_2.0_1.xml type 1"));
 }
 
 TEST_F(ConversionDumps, OfADescriptionHoldItWhereThatIsWanted) {
