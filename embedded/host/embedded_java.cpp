@@ -59,7 +59,7 @@ std::string& lastReport() {
 }
 
 jclass loaded(JNIEnv& java, jobject loader, char const* name) {
-  jmethodID const load =
+  jmethodID load =
       java.GetMethodID(java.GetObjectClass(loader), "loadClass", "(Ljava/lang/String;)Ljava/lang/Class;");
   expectNoFailure(java);
   auto* const found = static_cast<jclass>(java.CallObjectMethod(loader, load, toJava(java, name)));
@@ -68,42 +68,41 @@ jclass loaded(JNIEnv& java, jobject loader, char const* name) {
 }
 
 jclass systemClass(JNIEnv& java, char const* name) {
-  jclass const found = java.FindClass(name);
+  jclass found = java.FindClass(name);
   expectNoFailure(java);
   return found;
 }
 
 jobject made(JNIEnv& java, jclass type, char const* signature, jobject argument) {
-  jmethodID const constructor = java.GetMethodID(type, "<init>", signature);
+  jmethodID constructor = java.GetMethodID(type, "<init>", signature);
   expectNoFailure(java);
-  jobject const object = java.NewObject(type, constructor, argument);
+  jobject object = java.NewObject(type, constructor, argument);
   expectNoFailure(java);
   return object;
 }
 
 jobject called(JNIEnv& java, jobject object, char const* method, char const* signature) {
-  jmethodID const operation = java.GetMethodID(java.GetObjectClass(object), method, signature);
+  jmethodID operation = java.GetMethodID(java.GetObjectClass(object), method, signature);
   expectNoFailure(java);
-  jobject const result = java.CallObjectMethod(object, operation);
+  jobject result = java.CallObjectMethod(object, operation);
   expectNoFailure(java);
   return result;
 }
 
 jobject urlOf(JNIEnv& java, std::string const& path) {
   JavaFrame const frame(java);
-  jobject const file =
-      made(java, systemClass(java, "java/io/File"), "(Ljava/lang/String;)V", toJava(java, path));
-  jobject const uri = called(java, file, "toURI", "()Ljava/net/URI;");
+  jobject file = made(java, systemClass(java, "java/io/File"), "(Ljava/lang/String;)V", toJava(java, path));
+  jobject uri = called(java, file, "toURI", "()Ljava/net/URI;");
   return java.NewGlobalRef(called(java, uri, "toURL", "()Ljava/net/URL;"));
 }
 
 /// A loader of the classes in those archives, whoever started the machine and with whatever class path.
 jobject loaderOf(JNIEnv& java, std::vector<std::string> const& archives) {
-  jobjectArray const urls =
+  jobjectArray urls =
       java.NewObjectArray(static_cast<jsize>(archives.size()), systemClass(java, "java/net/URL"), nullptr);
   expectNoFailure(java);
   for (std::size_t i = 0; i < archives.size(); ++i) {
-    jobject const url = urlOf(java, archives[i]);
+    jobject url = urlOf(java, archives[i]);
     java.SetObjectArrayElement(urls, static_cast<jsize>(i), url);
     java.DeleteGlobalRef(url);
   }
@@ -118,7 +117,7 @@ class JavaClasses {
   /// Throws JavaFailure where they are not as expected.
   JavaClasses(JNIEnv& java, std::vector<std::string> const& archives) {
     JavaFrame const frame(java);
-    jobject const loader = loaderOf(java, archives);
+    jobject loader = loaderOf(java, archives);
     mConverter = static_cast<jclass>(java.NewGlobalRef(loaded(java, loader, converterClass)));
     mRefusal = static_cast<jclass>(java.NewGlobalRef(loaded(java, loader, refusalClass)));
   }
@@ -138,10 +137,10 @@ class JavaClasses {
   template <typename... Arguments>
   jobject call(JNIEnv& java, std::string& message, char const* method, char const* signature,
                Arguments... arguments) const {
-    jmethodID const operation = java.GetStaticMethodID(mConverter, method, signature);
+    jmethodID operation = java.GetStaticMethodID(mConverter, method, signature);
     expectNoFailure(java);
-    jobject const result = java.CallStaticObjectMethod(mConverter, operation, arguments...);
-    jthrowable const failure = takeFailure(java);
+    jobject result = java.CallStaticObjectMethod(mConverter, operation, arguments...);
+    jthrowable failure = takeFailure(java);
     if (failure == nullptr) return result;
     bool const refused = java.IsInstanceOf(failure, mRefusal) == JNI_TRUE;
     std::string const text = messageOf(java, failure, !refused);

@@ -29,7 +29,7 @@ Reference present(JNIEnv& environment, Reference reference) {
 
 /// The text that a method without parameters gives; empty where it fails.
 std::string textFrom(JNIEnv& environment, jthrowable failure, char const* method) {
-  jmethodID const operation =
+  jmethodID operation =
       environment.GetMethodID(environment.GetObjectClass(failure), method, "()Ljava/lang/String;");
   if (operation == nullptr) {
     environment.ExceptionClear();
@@ -60,7 +60,7 @@ jstring toJava(JNIEnv& environment, std::string const& utf8) {
 
 jbyteArray toJavaBytes(JNIEnv& environment, std::string const& bytes) {
   jsize const size = sizeInJava(bytes.size());
-  jbyteArray const array = present(environment, environment.NewByteArray(size));
+  jbyteArray array = present(environment, environment.NewByteArray(size));
   environment.SetByteArrayRegion(array, 0, size, reinterpret_cast<jbyte const*>(bytes.data()));
   return array;
 }
@@ -84,7 +84,7 @@ std::string fromJavaBytes(JNIEnv& environment, jbyteArray bytes) {
 }
 
 jthrowable takeFailure(JNIEnv& environment) {
-  jthrowable const failure = environment.ExceptionOccurred();
+  jthrowable failure = environment.ExceptionOccurred();
   if (failure != nullptr) environment.ExceptionClear();
   return failure;
 }
@@ -95,8 +95,7 @@ std::string messageOf(JNIEnv& environment, jthrowable failure, bool named) {
 }
 
 void expectNoFailure(JNIEnv& environment) {
-  if (jthrowable const failure = takeFailure(environment))
-    throw JavaFailure(messageOf(environment, failure, true));
+  if (jthrowable failure = takeFailure(environment)) throw JavaFailure(messageOf(environment, failure, true));
 }
 
 }  // namespace kestrel::host

@@ -129,7 +129,8 @@ void addHomesIn(std::string const& folder, std::string const& below, std::vector
   for (auto const& entry : std::filesystem::directory_iterator(folder, error))
     names.push_back(entry.path().filename().string());
   std::sort(names.begin(), names.end(), isNewer);
-  for (std::string const& name : names) homes.push_back(folder + "/" + name + below);
+  for (std::string const& name : names)
+    homes.push_back((std::filesystem::path(folder) / name).string() + below);
 }
 
 /// The home of the command `java`, which is often a link into it.
