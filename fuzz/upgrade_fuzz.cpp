@@ -1,0 +1,11 @@
+// A chart in LumoML 1.4 from outside.
+#include "java_converter.h"
+
+#include <cstddef>
+#include <cstdint>
+
+extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size) {
+  std::string const text(reinterpret_cast<char const*>(data), size);
+  kestrel::fuzzing::convert(&LumoConverter::UpgradeXML, text);
+  return 0;
+}

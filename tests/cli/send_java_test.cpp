@@ -1,0 +1,101 @@
+// What the command line does by way of Java: descriptions, older charts, style sheets.
+
+#include "cli_fixture.h"
+
+#include <gmock/gmock.h>
+
+#include <string>
+#include <vector>
+
+using namespace kestrel::test;
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::Not;
+using testing::StartsWith;
+
+namespace {
+
+std::string described(std::string const& name) { return KESTREL_SOURCE_DIR "/examples/pdl/" + name + ".pdl"; }
+std::string oldChart(std::string const& name) {
+  return KESTREL_SOURCE_DIR "/tests/golden/lumoml14/" + name + ".xml";
+}
+
+class Description : public CliTest {};
+
+TEST_F(Description, BecomesAChartWithItsData) {
+  Outcome const outcome =
+      kestrel({"chart", described("scatter"), "--data", exampleData("penguins.csv"), "-o", "out"});
+  ASSERT_EQ(outcome.exit, 0) << outcome.err;
+  EXPECT_THAT(chartText(),
+              AllOf(HasSubstr("Heavier penguins have longer flippers"), HasSubstr("to=\"Gentoo\"")));
+  std::vector<double> const flippers = column(0, 3, 344);
+  EXPECT_EQ(flippers.front(), 181);
+}
+
+TEST_F(Description, SaysItselfWhatItShows) {
+  Outcome const outcome = kestrel({"chart", described("scatter"), "--x", "mass", "-o", "out"});
+  EXPECT_EQ(outcome.exit, 1);
+  EXPECT_EQ(outcome.err,
+            "kestrel: --x goes with a table; '" + described("scatter") + "' says itself what it shows\n");
+}
+
+TEST_F(Description, ThatIsRefusedIsNotShownAgain) {
+  write("wrong.pdl", "chart \"x\" {\n  point { x nobody }\n}\n");
+  Outcome const outcome = kestrel({"send", "wrong.pdl", "-o", "out"});
+  EXPECT_EQ(outcome.exit, 1);
+  EXPECT_THAT(outcome.err,
+              AllOf(StartsWith("kestrel: wrong.pdl: cannot be read as a chart: PDL error line 2, column "),
+                    HasSubstr("nobody"), Not(HasSubstr("PDL:"))));
+  EXPECT_EQ(outcome.err.find('\n'), outcome.err.size() - 1);
+}
+
+TEST_F(Description, WithoutJavaSaysWhatWasLookedForWhere) {
+  Outcome const outcome = shell("PATH=/nowhere JAVA_HOME=/nowhere KESTREL_SHARE=" + folder.string() +
+                                " $KESTREL send " + described("scatter") + " -o out");
+  // Where Java stands in a usual place it is found all the same.
+  if (outcome.exit != 0) EXPECT_THAT(outcome.err, HasSubstr("/nowhere/lib/server"));
+}
+
+TEST_F(Description, OptionDataGoesWithNoTable) {
+  write("t.csv", "a,b\n1,2\n");
+  Outcome const outcome = chart("t.csv", {"--data", "t.csv"});
+  EXPECT_EQ(outcome.exit, 1);
+  EXPECT_EQ(outcome.err, "kestrel: --data goes with a description in PDL; 't.csv' is itself the data\n");
+}
+
+class OldChart : public CliTest {};
+
+constexpr char sheet[] =
+    "<xsl:stylesheet version='1.0' xmlns:xsl='http://www.w3.org/1999/XSL/Transform'>"
+    "<xsl:template match='@*|node()'><xsl:copy><xsl:apply-templates "
+    "select='@*|node()'/></xsl:copy></xsl:template>"
+    "<xsl:template match='/*/@description'><xsl:attribute name='description'>reworked</xsl:attribute>"
+    "</xsl:template></xsl:stylesheet>";
+
+class StyleSheet : public CliTest {
+ protected:
+  StyleSheet() {
+    write("chart.xml",
+          "<visualization xmlns='http://xml.vexa.example/visualization' description='as it came'>"
+          "<graph id='g'/></visualization>");
+  }
+};
+
+TEST_F(StyleSheet, ReworksTheFinishedChart) {
+  write("looks.xsl", sheet);
+  Outcome const outcome = kestrel({"send", "chart.xml", "--stylesheet", "looks.xsl", "-o", "out"});
+  ASSERT_EQ(outcome.exit, 0) << outcome.err;
+  EXPECT_THAT(chartText(), HasSubstr("description=\"reworked\""));
+}
+
+TEST_F(StyleSheet, ThatIsWrongIsToldAndLeavesTheChartAsItIs) {
+  write("looks.xsl", "<xsl:stylesheet");
+  Outcome const outcome =
+      kestrel({"send", "chart.xml", "--protect", "--stylesheet", "looks.xsl", "-o", "out"});
+  EXPECT_EQ(outcome.exit, 0);
+  EXPECT_THAT(outcome.err,
+              AllOf(HasSubstr("Error occurred while applying a stylesheet looks.xsl."), HasSubstr("line 1")));
+  EXPECT_THAT(chartText(), HasSubstr("as it came"));
+}
+
+}  // namespace
