@@ -39,3 +39,5 @@ function(kestrel_java_tests name package)
 endfunction()
 
 kestrel_java_tests(java_converter kestrel.converter)
+kestrel_java_tests(java_lumoml14 kestrel.lumoml14)
+kestrel_java_tests(golden_lumoml14 kestrel.golden)

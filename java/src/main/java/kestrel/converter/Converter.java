@@ -1,5 +1,6 @@
 package kestrel.converter;
 
+import kestrel.lumoml14.Upgrade;
 import kestrel.stylesheet.StyleSheets;
 
 /**
@@ -9,6 +10,16 @@ import kestrel.stylesheet.StyleSheets;
  */
 public final class Converter {
   private Converter() {}
+
+  /** The chart in the current markup. `chart` is in LumoML 1.4. */
+  public static byte[] upgrade(byte[] chart) throws ConversionException {
+    return upgradeWithReport(chart)[0];
+  }
+
+  /** The chart in the current markup, and a report with a line for each thing that could not be carried over. */
+  public static byte[][] upgradeWithReport(byte[] chart) throws ConversionException {
+    return bounded("chart", () -> Upgrade.upgrade(chart));
+  }
 
   /** The chart as the style sheet reworks it; empty where the sheet gives nothing. */
   public static byte[] applyStyleSheet(byte[] styleSheet, byte[] chart) throws ConversionException {
