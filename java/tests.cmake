@@ -30,7 +30,7 @@ function(kestrel_java_tests name package)
   get_target_property(tested kestrel_java JAR_FILE)
   get_target_property(tests kestrel_java_tests JAR_FILE)
   list(JOIN junit ":" path)
-  add_test(NAME ${name} COMMAND ${Java_JAVA_EXECUTABLE} -XX:+UseSerialGC -XX:TieredStopAtLevel=1 -Xmx768m
+  add_test(NAME ${name} COMMAND ${Java_JAVA_EXECUTABLE} -XX:+UseSerialGC -XX:TieredStopAtLevel=1 -Xmx512m
     -Dkestrel.source.dir=${PROJECT_SOURCE_DIR} -cp "${tested}:${tests}:${path}"
     org.junit.platform.console.ConsoleLauncher --scan-classpath=${tests}
     --include-package=${package} --fail-if-no-tests --disable-banner
@@ -41,3 +41,5 @@ endfunction()
 kestrel_java_tests(java_converter kestrel.converter)
 kestrel_java_tests(java_lumoml14 kestrel.lumoml14)
 kestrel_java_tests(golden_lumoml14 kestrel.golden)
+kestrel_java_tests(java_markup kestrel.markup)
+kestrel_java_tests(java_stylesheet kestrel.stylesheet)

@@ -27,13 +27,6 @@ public abstract class PositionedHandler extends DefaultHandler2 {
   /** A comment or a processing instruction, which `what` says. */
   protected abstract void aside(String what, int atLine, int atColumn) throws SAXException;
 
-  /** "line L, column C: " of where the parser is. */
-  public final String where() {
-    return locator == null || locator.getLineNumber() < 1
-        ? ConversionException.where(line, column)
-        : ConversionException.where(locator.getLineNumber(), Math.max(1, locator.getColumnNumber()));
-  }
-
   @Override
   public final void setDocumentLocator(Locator documentLocator) {
     locator = documentLocator;

@@ -1,9 +1,7 @@
 package kestrel.converter;
 
 import java.io.ByteArrayInputStream;
-import java.io.CharConversionException;
 import java.io.IOException;
-import java.io.UnsupportedEncodingException;
 import javax.xml.XMLConstants;
 import javax.xml.parsers.ParserConfigurationException;
 import javax.xml.parsers.SAXParserFactory;
@@ -13,8 +11,6 @@ import javax.xml.transform.TransformerException;
 import javax.xml.transform.TransformerFactory;
 import org.xml.sax.InputSource;
 import org.xml.sax.SAXException;
-import org.xml.sax.SAXParseException;
-import org.xml.sax.XMLReader;
 
 /**
  * The one place that makes parsers of XML and engines of style sheets. None of them loads anything from outside the text
@@ -32,7 +28,7 @@ public final class SafeXml {
   private SafeXml() {}
 
   /** A reader that is aware of namespaces. Each text needs its own. */
-  public static XMLReader newReader() {
+  public static SafeReader newReader() {
     try {
       SAXParserFactory factory = SAXParserFactory.newDefaultInstance();
       factory.setNamespaceAware(true);
@@ -44,7 +40,7 @@ public final class SafeXml {
       var parser = factory.newSAXParser();
       parser.setProperty(XMLConstants.ACCESS_EXTERNAL_DTD, "");
       parser.setProperty(XMLConstants.ACCESS_EXTERNAL_SCHEMA, "");
-      XMLReader reader = new DepthLimit(parser.getXMLReader());
+      SafeReader reader = new SafeReader(parser.getXMLReader());
       reader.setEntityResolver(SafeXml::refuseEntity);
       return reader;
     } catch (ParserConfigurationException | SAXException failure) {
@@ -69,16 +65,14 @@ public final class SafeXml {
   /** Reads a text through `handler`. `what` names the text in messages: "chart", "style sheet". */
   public static void read(byte[] text, String what, PositionedHandler handler) throws ConversionException {
     checkSize(text, what);
-    XMLReader reader = newReader();
+    SafeReader reader = newReader();
     reader.setContentHandler(handler);
     reader.setErrorHandler(handler);
     try {
       reader.setProperty(LEXICAL_HANDLER, handler);
       reader.parse(sourceOf(text));
-    } catch (SAXException failure) {
-      throw refusal(failure, what, handler);
-    } catch (IOException failure) {
-      throw refusal(failure, what, handler);
+    } catch (SAXException | IOException failure) {
+      throw reader.refusal(what, "");
     }
   }
 
@@ -92,26 +86,6 @@ public final class SafeXml {
       throw new ConversionException(
           "the " + what + " has " + text.length + " bytes; no more than " + MAXIMUM_SIZE + " are read");
     }
-  }
-
-  private static ConversionException refusal(SAXException failure, String what, PositionedHandler handler) {
-    if (failure.getCause() instanceof ConversionException refusal) return refusal;
-    if (failure.getCause() instanceof IOException io) return refusal(io, what, handler);
-    if (failure instanceof SAXParseException parse && parse.getLineNumber() > 0) {
-      return new ConversionException(
-          ConversionException.where(parse.getLineNumber(), parse.getColumnNumber()) + parse.getMessage(), failure);
-    }
-    return new ConversionException(handler.where() + failure.getMessage(), failure);
-  }
-
-  private static ConversionException refusal(IOException failure, String what, PositionedHandler handler) {
-    String message = failure.getMessage();
-    if (failure instanceof UnsupportedEncodingException) {
-      message = "the " + what + " declares an encoding that is not known here, " + message + "; write it in UTF-8";
-    } else if (failure instanceof CharConversionException) {
-      message = "the " + what + " is not in the encoding that it declares (without a declaration: UTF-8); " + message;
-    }
-    return new ConversionException(handler.where() + message, failure);
   }
 
   private static InputSource refuseEntity(String publicId, String systemId) throws SAXException {

@@ -7,7 +7,6 @@ import java.util.Map;
 import java.util.function.UnaryOperator;
 import kestrel.converter.ConversionException;
 import kestrel.markup.MarkupElement;
-import kestrel.markup.Numbers;
 
 /**
  * The rows of an embedded source. Old ones hold numbers, dates and texts; new ones hold numbers alone, so that dates become
@@ -41,7 +40,7 @@ final class EmbeddedRows {
     }
   }
 
-  private static final Column NUMBERS = new Parsed(EmbeddedRows::numberOf, "numbers");
+  private static final Column NUMBERS = new Parsed(Values::numberText, "numbers");
   private static final Column DATES = new Parsed(Values::seconds, "dates such as 2012-01-31");
 
   private static Column columnOf(Variable variable) {
@@ -92,11 +91,6 @@ final class EmbeddedRows {
       rows.append(number);
     }
     rows.append('\n');
-  }
-
-  private static String numberOf(String value) {
-    Double number = Values.number(value);
-    return number == null ? null : Numbers.text(number);
   }
 
   /** Numbers texts from 1 in the order of their appearance. */

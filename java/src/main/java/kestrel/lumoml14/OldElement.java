@@ -8,7 +8,6 @@ import java.util.Map;
 import java.util.Set;
 import java.util.function.Function;
 import kestrel.converter.ConversionException;
-import kestrel.markup.Numbers;
 
 /**
  * An element of an old chart. It remembers which of its attributes were asked for, so that the others can be reported.
@@ -93,8 +92,7 @@ final class OldElement {
 
   /** A number in the form of the markup. */
   String number(String attribute) throws ConversionException {
-    Double number = read(attribute, Values::number, "a number such as 2.5");
-    return number == null ? null : Numbers.text(number);
+    return read(attribute, Values::numberText, "a number such as 2.5");
   }
 
   Integer count(String attribute) throws ConversionException {

@@ -5,6 +5,7 @@ import java.time.LocalDate;
 import java.time.LocalDateTime;
 import java.time.ZoneOffset;
 import java.util.ArrayList;
+import java.util.HexFormat;
 import java.util.LinkedHashMap;
 import java.util.List;
 import java.util.Map;
@@ -17,6 +18,10 @@ final class Values {
   private static final Pattern COUNT = Pattern.compile("\\d{1,9}");
   private static final Pattern PART = Pattern.compile("\\d{1,3}");
   private static final double LONGEST = 100_000;
+  private static final HexFormat HEX = HexFormat.of().withUpperCase();
+
+  /** At most 15 digits, from 0.00001 on: what is written so is its own shortest form. */
+  private static final Pattern SHORTEST = Pattern.compile("-?(0|[1-9]\\d{0,7})(\\.(?!00000)\\d{0,6}[1-9])?");
 
   private static final Map<String, String> NAMED_COLORS = Map.ofEntries(
       Map.entry("none", "transparent"), Map.entry("black", "#000000"), Map.entry("white", "#FFFFFF"),
@@ -31,6 +36,13 @@ final class Values {
     if (!NUMBER.matcher(text).matches()) return null;
     double number = Double.parseDouble(text);
     return Double.isFinite(number) ? number : null;
+  }
+
+  /** A number in the form of the current markup. */
+  static String numberText(String text) {
+    if (SHORTEST.matcher(text).matches()) return text;
+    Double number = number(text);
+    return number == null ? null : Numbers.text(number);
   }
 
   static Integer count(String text) {
@@ -64,7 +76,8 @@ final class Values {
     StringBuilder color = new StringBuilder("#");
     for (String part : parts) {
       if (!PART.matcher(part.strip()).matches() || Integer.parseInt(part.strip()) > 255) return null;
-      color.append(String.format("%02X", Integer.parseInt(part.strip())));
+      int value = Integer.parseInt(part.strip());
+      color.append(HEX.toHighHexDigit((byte) value)).append(HEX.toLowHexDigit((byte) value));
     }
     return color.toString();
   }

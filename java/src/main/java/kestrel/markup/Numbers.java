@@ -2,11 +2,14 @@ package kestrel.markup;
 
 import java.math.BigDecimal;
 import java.math.MathContext;
+import java.math.RoundingMode;
 
 /** Numbers as the chart markup writes them, whatever the locale. */
 public final class Numbers {
   private static final double PLAIN_FROM = 1e-5;
   private static final double PLAIN_TO = 1e16;
+
+  private static final RoundingMode[] MODES = {RoundingMode.HALF_EVEN, RoundingMode.UP, RoundingMode.DOWN};
 
   private Numbers() {}
 
@@ -22,13 +25,25 @@ public final class Numbers {
     return shortest.movePointLeft(exponent).toPlainString() + "e" + exponent;
   }
 
-  // Not Double.toString, which before Java 19 gives a digit too many for some numbers.
+  // Double.toString gives a digit too many for some numbers before Java 19, so it only says where to begin.
   private static BigDecimal shortest(double number) {
     BigDecimal exact = new BigDecimal(number);
-    for (int digits = 1; digits < 17; ++digits) {
-      BigDecimal rounded = exact.round(new MathContext(digits));
+    BigDecimal found = new BigDecimal(Double.toString(number)).stripTrailingZeros();
+    for (int digits = found.precision(); digits > 0; --digits) {
+      BigDecimal shorter = rounded(exact, number, digits);
+      if (shorter == null) return found;
+      found = shorter;
+    }
+    return found;
+  }
+
+  /** With so many digits the number that reads back the same; null where there is none. */
+  private static BigDecimal rounded(BigDecimal exact, double number, int digits) {
+    // At a power of two the nearest text may miss the number where its neighbour does not.
+    for (RoundingMode mode : MODES) {
+      BigDecimal rounded = exact.round(new MathContext(digits, mode));
       if (rounded.doubleValue() == number) return rounded;
     }
-    return exact.round(new MathContext(17));
+    return null;
   }
 }

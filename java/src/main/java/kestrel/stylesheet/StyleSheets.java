@@ -7,9 +7,10 @@ import java.security.NoSuchAlgorithmException;
 import java.util.HexFormat;
 import java.util.LinkedHashMap;
 import java.util.Map;
+import java.util.regex.Matcher;
+import java.util.regex.Pattern;
 import javax.xml.transform.ErrorListener;
 import javax.xml.transform.OutputKeys;
-import javax.xml.transform.SourceLocator;
 import javax.xml.transform.Templates;
 import javax.xml.transform.Transformer;
 import javax.xml.transform.TransformerConfigurationException;
@@ -18,13 +19,19 @@ import javax.xml.transform.TransformerFactory;
 import javax.xml.transform.sax.SAXSource;
 import javax.xml.transform.stream.StreamResult;
 import kestrel.converter.ConversionException;
+import kestrel.converter.SafeReader;
 import kestrel.converter.SafeXml;
-import org.xml.sax.SAXParseException;
 
 /** Applies style sheets (XSLT 1.0) to charts. A sheet is compiled once for as long as it is among the last used ones. */
 public final class StyleSheets {
   private static final int CACHED = 16;
   private static final String DECLARATION = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>";
+
+  private static final String NOT_APPLIED = "the style sheet could not be applied: ";
+  private static final String REFUSED = "the style sheet is refused: ";
+
+  /** The engine says no more of a place in a sheet than this. */
+  private static final Pattern LINE = Pattern.compile("line (\\d{1,9}): (.*)", Pattern.DOTALL);
 
   private static final Map<String, Templates> compiled = new LinkedHashMap<>(CACHED, 0.75F, true) {
     private static final long serialVersionUID = 1L;
@@ -43,6 +50,7 @@ public final class StyleSheets {
     SafeXml.checkSize(chart, "chart");
     Templates sheet = sheetOf(styleSheet);
     FirstFailure failures = new FirstFailure();
+    SafeReader reader = SafeXml.newReader();
     try {
       Transformer transformer = sheet.newTransformer();
       transformer.setErrorListener(failures);
@@ -52,10 +60,12 @@ public final class StyleSheets {
       transformer.setOutputProperty(OutputKeys.OMIT_XML_DECLARATION, "yes");
       transformer.setOutputProperty(OutputKeys.ENCODING, StandardCharsets.UTF_8.name());
       ByteArrayOutputStream result = new ByteArrayOutputStream(chart.length);
-      transformer.transform(new SAXSource(SafeXml.newReader(), SafeXml.sourceOf(chart)), new StreamResult(result));
+      transformer.transform(new SAXSource(reader, SafeXml.sourceOf(chart)), new StreamResult(result));
       return finished(result.toByteArray(), declared);
+    } catch (RuntimeException | LinkageError failure) {
+      throw fault(failure);
     } catch (TransformerException failure) {
-      throw refusal("the style sheet could not be applied: ", failures.firstOr(failure));
+      throw refusal(reader.refusal("chart", NOT_APPLIED), NOT_APPLIED, failures.firstOr(failure));
     }
   }
 
@@ -80,15 +90,18 @@ public final class StyleSheets {
   }
 
   private static Templates compile(byte[] styleSheet) throws ConversionException {
-    FirstFailure failures = new FirstFailure();
     TransformerFactory factory = SafeXml.newTransformerFactory();
-    factory.setErrorListener(failures);
+    factory.setErrorListener(new FirstFailure());
+    SafeReader reader = SafeXml.newReader();
     try {
-      Templates sheet = factory.newTemplates(new SAXSource(SafeXml.newReader(), SafeXml.sourceOf(styleSheet)));
+      Templates sheet = factory.newTemplates(new SAXSource(reader, SafeXml.sourceOf(styleSheet)));
       if (sheet == null) throw new TransformerConfigurationException("it cannot be compiled");
       return sheet;
+    } catch (RuntimeException | LinkageError failure) {
+      throw fault(failure);
     } catch (TransformerConfigurationException failure) {
-      throw refusal("the style sheet is refused: ", failures.firstOr(failure));
+      // Of several failures in a sheet the last one, which is thrown, says most.
+      throw refusal(reader.refusal("style sheet", REFUSED), REFUSED, failure);
     }
   }
 
@@ -103,20 +116,17 @@ public final class StyleSheets {
     return declared ? (DECLARATION + text).getBytes(StandardCharsets.UTF_8) : result;
   }
 
-  private static ConversionException refusal(String context, TransformerException failure) {
-    SourceLocator place = failure.getLocator();
-    Throwable cause = failure;
-    for (int depth = 0; cause.getCause() != null && depth < 10; ++depth) {
-      cause = cause.getCause();
-      if (cause instanceof SAXParseException parse && parse.getLineNumber() > 0) {
-        return ConversionException.at(parse.getLineNumber(), parse.getColumnNumber(), context + parse.getMessage());
-      }
-    }
-    String message = context + cause.getMessage();
-    return place == null || place.getLineNumber() < 1
-        ? new ConversionException(message, failure)
-        : new ConversionException(
-            ConversionException.where(place.getLineNumber(), Math.max(1, place.getColumnNumber())) + message, failure);
+  /** The engine compiles sheets to classes, and stumbles over some that are not well made or too large for a class. */
+  private static ConversionException fault(Throwable failure) {
+    return new ConversionException("the style sheet engine failed: " + failure, failure);
+  }
+
+  private static ConversionException refusal(ConversionException ofReader, String context, TransformerException failure) {
+    if (ofReader != null) return ofReader;
+    Matcher placed = LINE.matcher(String.valueOf(failure.getMessage()));
+    return placed.matches()
+        ? ConversionException.at(Integer.parseInt(placed.group(1)), 1, context + placed.group(2))
+        : new ConversionException(context + failure.getMessage(), failure);
   }
 
   private static String digest(byte[] styleSheet) {

@@ -51,14 +51,14 @@ class UpgradeGoldenTest {
     assertEquals(Files.readString(file), actual, file.getFileName().toString());
   }
 
-  /** An element a line, for the reader's sake. Nothing but the ends of tags has both signs together. */
+  /** An element a line, for the reader's sake; texts stay as they are. */
   private static String indented(String markup) {
     StringBuilder indented = new StringBuilder();
     int depth = 0;
-    for (String line : markup.replace("><", ">\n<").split("\n")) {
+    for (String line : markup.strip().split("(?<=>)\\n?(?=<)")) {
       if (line.startsWith("</")) --depth;
       indented.append("  ".repeat(depth)).append(line).append('\n');
-      boolean opens = line.startsWith("<") && !line.startsWith("</") && !line.startsWith("<?");
+      boolean opens = !line.startsWith("</") && !line.startsWith("<?");
       if (opens && !line.endsWith("/>") && !line.contains("</")) ++depth;
     }
     return indented.toString();

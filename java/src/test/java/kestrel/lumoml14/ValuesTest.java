@@ -18,6 +18,13 @@ class ValuesTest {
   }
 
   @ParameterizedTest
+  @CsvSource({"12,12", "-0,-0", "0.5,0.5", "0.50,0.5", "007,7", "+1,1", "99999999.9999999,99999999.9999999", "1e3,1000",
+      "0.00001,0.00001", "0.000001,1e-6", "123456789012345678,1.2345678901234568e17", ".5,0.5", "5.,5"})
+  void writesNumbersAsTheCurrentMarkupDoes(String text, String written) {
+    assertEquals(written, Values.numberText(text));
+  }
+
+  @ParameterizedTest
   @ValueSource(strings = {"", ".", "1.2.3", "1e", "NaN", "Infinity", "1e999", "0x10", "1f", "1 000", "\u0661", "--1"})
   void refusesWhatIsNoNumber(String text) {
     assertNull(Values.number(text));
