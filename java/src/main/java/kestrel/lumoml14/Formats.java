@@ -22,7 +22,8 @@ final class Formats {
     format.set("suffix", element.value("suffix"));
     format.set("pattern", element.value("pattern"));
     format.set("errorCharacter", element.value("errorcharacter"));
-    if (format.attributes().isEmpty()) return;
-    format.attributes().forEach(owner.findOrAdd("format")::set);
+    for (String attribute : format.attributeNames()) {
+      owner.findOrAdd("format").set(attribute, format.attribute(attribute));
+    }
   }
 }

@@ -118,7 +118,7 @@ final class NewChart {
   MarkupElement finished() {
     visualization.add(graph);
     if (!container.children().isEmpty()) visualization.add(container);
-    if (!extension.attributes().isEmpty()) visualization.add(extension);
+    if (!extension.attributeNames().isEmpty()) visualization.add(extension);
     return visualization;
   }
 }

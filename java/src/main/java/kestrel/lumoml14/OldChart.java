@@ -83,15 +83,19 @@ final class OldChart {
     }
 
     private OldElement made(String name, Attributes attributes, int atLine, int atColumn) {
-      OldElement element = new OldElement(name, atLine, atColumn);
+      List<String> names = new ArrayList<>();
+      List<String> values = new ArrayList<>();
       for (int at = 0; at < attributes.getLength(); ++at) {
         if (attributes.getURI(at).isEmpty()) {
-          element.set(attributes.getLocalName(at), attributes.getValue(at));
+          names.add(attributes.getLocalName(at));
+          values.add(attributes.getValue(at));
         } else {
-          report.lost(element, attributes.getQName(at), "it is not part of LumoML 1.4");
+          report.lost(atLine, atColumn,
+              "attribute \"" + OldElement.cut(attributes.getQName(at)) + "\" of \"" + name + "\"",
+              "it is not part of LumoML 1.4");
         }
       }
-      return element;
+      return new OldElement(name, atLine, atColumn, names, values);
     }
 
     @Override

@@ -1,11 +1,9 @@
 package kestrel.lumoml14;
 
 import java.util.ArrayList;
-import java.util.LinkedHashMap;
-import java.util.LinkedHashSet;
+import java.util.Arrays;
 import java.util.List;
 import java.util.Map;
-import java.util.Set;
 import java.util.function.Function;
 import kestrel.converter.ConversionException;
 
@@ -19,15 +17,19 @@ final class OldElement {
   private final String name;
   private final int line;
   private final int column;
-  private final Map<String, String> attributes = new LinkedHashMap<>();
-  private final Set<String> asked = new LinkedHashSet<>();
-  private final StringBuilder text = new StringBuilder();
+  private final String[] names;
+  private final String[] values;
+  private final boolean[] asked;
+  private StringBuilder text;
   private int textLine;
 
-  OldElement(String name, int line, int column) {
+  OldElement(String name, int line, int column, List<String> names, List<String> values) {
     this.name = name;
     this.line = line;
     this.column = column;
+    this.names = names.toArray(String[]::new);
+    this.values = values.toArray(String[]::new);
+    asked = new boolean[this.names.length];
     textLine = line;
   }
 
@@ -43,17 +45,21 @@ final class OldElement {
     return column;
   }
 
-  void set(String attribute, String value) {
-    attributes.put(attribute, value);
-  }
-
   void addText(String more, int atLine) {
-    if (text.isEmpty()) textLine = atLine;
+    if (text == null) {
+      text = new StringBuilder();
+      textLine = atLine;
+    }
     text.append(more);
   }
 
   CharSequence text() {
-    return text;
+    return text == null ? "" : text;
+  }
+
+  /** Whether there is more than white space. */
+  boolean hasText() {
+    return text != null && text.chars().anyMatch(character -> !Character.isWhitespace(character));
   }
 
   /** The line on which the text begins. */
@@ -63,23 +69,34 @@ final class OldElement {
 
   /** Attributes that nobody has asked for. */
   List<String> unasked() {
-    List<String> names = new ArrayList<>(attributes.keySet());
-    names.removeAll(asked);
-    return names;
+    List<String> unasked = new ArrayList<>();
+    for (int at = 0; at < names.length; ++at) {
+      if (!asked[at]) unasked.add(names[at]);
+    }
+    return unasked;
   }
 
   boolean has(String attribute) {
-    return attributes.containsKey(attribute);
+    return find(attribute) >= 0;
   }
 
   /** For an element that is done with as a whole. */
   void askAll() {
-    asked.addAll(attributes.keySet());
+    Arrays.fill(asked, true);
   }
 
   String value(String attribute) {
-    asked.add(attribute);
-    return attributes.get(attribute);
+    int at = find(attribute);
+    if (at < 0) return null;
+    asked[at] = true;
+    return values[at];
+  }
+
+  private int find(String attribute) {
+    for (int at = 0; at < names.length; ++at) {
+      if (names[at].equals(attribute)) return at;
+    }
+    return -1;
   }
 
   String required(String attribute) throws ConversionException {

@@ -40,7 +40,7 @@ final class SourceRules {
   /** After the variables, which say of what kind the columns are. */
   void addRows(Map<OldElement, MarkupElement> sources) throws ConversionException {
     for (Map.Entry<OldElement, MarkupElement> each : sources.entrySet()) {
-      boolean hasRows = !each.getKey().text().toString().isBlank();
+      boolean hasRows = each.getKey().hasText();
       if (each.getValue().name().equals(EMBEDDED)) {
         if (each.getKey().has("columns")) addRows(each.getKey(), each.getValue());
         else if (hasRows) each.getKey().required("columns");

@@ -1,18 +1,24 @@
 package kestrel.markup;
 
 import java.util.ArrayList;
+import java.util.Arrays;
+import java.util.Collections;
 import java.util.List;
-import java.util.SortedMap;
-import java.util.TreeMap;
 
-/** An element of the current markup as it is being built: children, or a text. */
+/**
+ * An element of the current markup as it is being built: children, or a text. Large charts have millions of them, so that
+ * they hold no more than they need.
+ */
 public final class MarkupElement {
   /** The namespace of the chart markup. */
   public static final String NAMESPACE = "http://xml.vexa.example/visualization";
 
+  private static final String[] NONE = {};
+
   private final String name;
-  private final SortedMap<String, String> attributes = new TreeMap<>();
-  private final List<MarkupElement> children = new ArrayList<>();
+  /** Names, in their order, and values by turns. */
+  private String[] attributes = NONE;
+  private List<MarkupElement> children = Collections.emptyList();
   private String text;
 
   public MarkupElement(String name) {
@@ -26,18 +32,30 @@ public final class MarkupElement {
 
   /** Adds a child behind the others and gives it. */
   public MarkupElement add(MarkupElement child) {
+    if (children.isEmpty()) children = new ArrayList<>(2);
     children.add(child);
     return child;
   }
 
   /** Sets an attribute; null leaves it out. Gives the element itself. */
   public MarkupElement set(String attribute, String value) {
+    int at = 0;
+    while (at < attributes.length && attributes[at].compareTo(attribute) < 0) at += 2;
+    boolean there = at < attributes.length && attributes[at].equals(attribute);
     if (value == null) {
-      attributes.remove(attribute);
+      if (there) attributes = resized(at, 2, 0);
     } else {
-      attributes.put(attribute, value);
+      if (!there) attributes = resized(at, 0, 2);
+      attributes[at] = attribute;
+      attributes[at + 1] = value;
     }
     return this;
+  }
+
+  private String[] resized(int at, int without, int room) {
+    String[] resized = Arrays.copyOf(attributes, attributes.length - without + room);
+    System.arraycopy(attributes, at + without, resized, at + room, attributes.length - at - without);
+    return resized;
   }
 
   /** Gives the element a text. One that has children has none. Gives the element itself. */
@@ -50,16 +68,23 @@ public final class MarkupElement {
     return name;
   }
 
-  public SortedMap<String, String> attributes() {
-    return attributes;
+  /** The names of the attributes, in their order. */
+  public List<String> attributeNames() {
+    List<String> names = new ArrayList<>(attributes.length / 2);
+    for (int at = 0; at < attributes.length; at += 2) names.add(attributes[at]);
+    return names;
   }
 
+  /** The value of an attribute; null where there is none. */
   public String attribute(String attribute) {
-    return attributes.get(attribute);
+    for (int at = 0; at < attributes.length; at += 2) {
+      if (attributes[at].equals(attribute)) return attributes[at + 1];
+    }
+    return null;
   }
 
   public List<MarkupElement> children() {
-    return children;
+    return Collections.unmodifiableList(children);
   }
 
   public String text() {

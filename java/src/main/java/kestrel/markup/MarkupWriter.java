@@ -6,7 +6,6 @@ import java.io.OutputStreamWriter;
 import java.io.UncheckedIOException;
 import java.io.Writer;
 import java.nio.charset.StandardCharsets;
-import java.util.Map;
 
 /**
  * Writes a chart as the library itself does: XML 1.0 in UTF-8, without indentation, attributes in the order of their names.
@@ -38,11 +37,11 @@ public final class MarkupWriter {
   private void element(MarkupElement element) throws IOException {
     out.write('<');
     out.write(element.name());
-    for (Map.Entry<String, String> attribute : element.attributes().entrySet()) {
+    for (String attribute : element.attributeNames()) {
       out.write(' ');
-      out.write(attribute.getKey());
+      out.write(attribute);
       out.write("=\"");
-      content(attribute.getValue(), true);
+      content(element.attribute(attribute), true);
       out.write('"');
     }
     if (element.children().isEmpty() && element.text() == null) {
