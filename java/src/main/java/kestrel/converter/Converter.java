@@ -1,6 +1,7 @@
 package kestrel.converter;
 
 import kestrel.lumoml14.Upgrade;
+import kestrel.pdl.Pdl;
 import kestrel.stylesheet.StyleSheets;
 
 /**
@@ -24,6 +25,11 @@ public final class Converter {
   /** The chart as the style sheet reworks it; empty where the sheet gives nothing. */
   public static byte[] applyStyleSheet(byte[] styleSheet, byte[] chart) throws ConversionException {
     return bounded("style sheet", () -> StyleSheets.apply(styleSheet, chart));
+  }
+
+  /** The current markup, in UTF-8, of a description in PDL. */
+  public static byte[] pdlToXml(String description) throws ConversionException {
+    return bounded("description", () -> Pdl.toXml(description));
   }
 
   private interface Conversion<T> {
