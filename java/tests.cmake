@@ -40,6 +40,7 @@ endfunction()
 
 kestrel_java_tests(java_converter kestrel.converter)
 kestrel_java_tests(java_lumoml14 kestrel.lumoml14)
-kestrel_java_tests(golden_lumoml14 kestrel.golden)
 kestrel_java_tests(java_markup kestrel.markup)
+kestrel_java_tests(java_pdl kestrel.pdl)
 kestrel_java_tests(java_stylesheet kestrel.stylesheet)
+kestrel_java_tests(golden_java kestrel.golden)

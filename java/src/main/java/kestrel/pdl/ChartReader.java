@@ -9,7 +9,7 @@ import kestrel.pdl.PdlParser.StatementContext;
 import org.antlr.v4.runtime.ParserRuleContext;
 
 /**
- * Reads a whole description, in the order in which its parts build upon each other: data first, then elements, which say
+ * Reads a whole description, in the order in which its parts build upon each other: data and the page first, then elements, which say
  * what the dimensions measure, then what stands around them. So statements may stand in any order, except that variables
  * are declared before others are derived of them.
  */
@@ -26,6 +26,7 @@ final class ChartReader {
     ChartReader reader = new ChartReader(description.statement());
     if (description.text() != null) reader.chart.description = Literals.text(description.text());
     reader.readData();
+    reader.readPage();
     reader.readElements(Place.of(description.getStop()));
     reader.readFrame();
     return reader.chart;
@@ -41,6 +42,16 @@ final class ChartReader {
       chart.variables.add(VariableReader.read(statement, scope, number));
       if (isDerived) ++derived;
     }
+    scope.complete();
+  }
+
+  private void readPage() {
+    var language = once(StatementContext::language, "language");
+    if (language != null) chart.language = Literals.text(language.text());
+    PageReader reader = new PageReader(scope, chart);
+    var page = once(StatementContext::page, "page");
+    if (page != null) reader.visit(page);
+    all(StatementContext::heading).forEach(reader::visit);
   }
 
   private void readElements(Place end) {
@@ -71,13 +82,7 @@ final class ChartReader {
       ElementChecks.checkOnly(guide.only, chart.panels);
       chart.guides.add(guide);
     }
-    var language = once(StatementContext::language, "language");
-    if (language != null) chart.language = Literals.text(language.text());
-    PageReader page = new PageReader(scope, chart);
-    var pageStatement = once(StatementContext::page, "page");
-    if (pageStatement != null) page.visit(pageStatement);
-    all(StatementContext::heading).forEach(page::visit);
-    all(StatementContext::legend).forEach(page::visit);
+    all(StatementContext::legend).forEach(new PageReader(scope, chart)::visit);
   }
 
   private Dimension shown(DimensionContext dimension, String what) {

@@ -48,8 +48,9 @@ final class GuideReader extends PdlBaseVisitor<Void> {
   }
 
   private static String onlyX(NameContext name) {
-    if (name.getText().equals("x")) return "x";
-    throw new Refusal(Place.of(name), "found " + Wording.quoted(name.getText())
+    String word = Literals.name(name);
+    if (word.equals("x")) return word;
+    throw new Refusal(Place.of(name), "found " + Wording.quoted(word)
         + " in a function line, expected \"x\", which stands for the place along the x dimension");
   }
 

@@ -14,6 +14,13 @@ final class Scope {
   private final Map<String, String> sources = new LinkedHashMap<>();
   private final Map<String, Variable> variables = new LinkedHashMap<>();
 
+  private boolean complete;
+
+  /** From now on every declaration is known. */
+  void complete() {
+    complete = true;
+  }
+
   void declareSource(NameContext name) {
     String declared = Literals.name(name);
     declare("source", declared, Place.of(name));
@@ -87,7 +94,7 @@ final class Scope {
 
   private <T> T unknown(String what, NameContext name, Map<String, T> known) {
     String unknown = Literals.name(name);
-    throw new Refusal(Place.of(name), "found " + Wording.quoted(unknown) + ", expected a " + what
-        + " that was declared before" + Suggestions.hint(unknown, known.keySet()));
+    throw new Refusal(Place.of(name), "found " + Wording.quoted(unknown) + ", expected the name of a " + what
+        + (complete || what.equals("source") ? "" : " that is declared before it is used") + Suggestions.hint(unknown, known.keySet()));
   }
 }

@@ -19,7 +19,8 @@ final class Suggestions {
   /** The nearest of the known words, the first of several; null where none is near. */
   static String nearest(String word, Collection<String> known) {
     if (word.isEmpty() || word.length() > LONGEST) return null;
-    int bound = Math.max(1, word.length() / 3);
+    // Every letter is near every other: of single ones only the case is forgiven.
+    int bound = word.length() == 1 ? 0 : Math.max(1, word.length() / 3);
     String nearest = null;
     for (String candidate : known) {
       if (Math.abs(candidate.length() - word.length()) > bound) continue;

@@ -31,7 +31,8 @@ final class SyntaxErrors extends BaseErrorListener {
     throw new Refusal(Place.of(found), switch (found.getType()) {
       case PdlParser.OPEN_STRING -> UNCLOSED_STRING;
       case PdlParser.OPEN_NAME -> UNCLOSED_NAME;
-      default -> "found " + describe(found) + ", expected " + expected((Parser) recognizer, found);
+      default -> "found " + describe(found) + ", expected " + expected((Parser) recognizer, found)
+          + commaHint((Parser) recognizer, found);
     });
   }
 

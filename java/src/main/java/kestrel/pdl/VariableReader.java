@@ -26,10 +26,15 @@ import kestrel.pdl.PdlParser.VariableWeightContext;
 
 /** Reads the variables of a chart. */
 final class VariableReader extends PdlBaseVisitor<Void> {
-  /** What only the columns of a source have. */
-  private static final Set<String> OF_COLUMNS = Set.of("from", "column", "input", "weight");
+  /** What the columns of a source have, by their kinds. */
+  private static final Map<Kind, List<String>> OPTIONS = Map.of(
+      Kind.CATEGORICAL,
+      List.of("from", "column", "label", "categories", "show", "order", "sort", "exclude", "format"),
+      Kind.NUMERIC, List.of("from", "column", "label", "show", "weight", "format"),
+      Kind.DATE, List.of("from", "column", "label", "input", "format"),
+      Kind.CASE, List.of("from", "label", "format"));
 
-  private static final Set<String> OF_CATEGORIES = Set.of("categories", "order", "sort", "exclude");
+  private static final List<String> OPTIONS_OF_DERIVED = List.of("label", "show", "format");
   private static final Map<String, String> EITHER_OR =
       Map.of("order", "sort", "sort", "order", "categories", "show", "show", "categories");
   private static final String ISO_DATE = "yyyy-MM-dd";
@@ -82,20 +87,11 @@ final class VariableReader extends PdlBaseVisitor<Void> {
   }
 
   private void checkKind(String word, VariableOptionContext option) {
-    boolean fits = true;
-    if (OF_CATEGORIES.contains(word)) fits = variable.kind.isCategorical();
-    if (word.equals("input")) fits = variable.kind == Kind.DATE;
-    if (word.equals("weight")) fits = variable.kind == Kind.NUMERIC;
-    if (word.equals("show")) fits = variable.kind.isCategorical() || variable.kind == Kind.NUMERIC;
-    if (word.equals("column")) fits = variable.kind != Kind.CASE;
-    if (OF_COLUMNS.contains(word) && variable.isDerived()) {
-      throw new Refusal(Place.of(option), "found " + Wording.quoted(word) + ", expected what a derived variable has ("
-          + "\"label\", \"format\" or \"show\")");
-    }
-    if (!fits) {
-      throw new Refusal(Place.of(option), "found " + Wording.quoted(word) + ", expected what a variable has that is "
-          + variable.kind.phrase());
-    }
+    List<String> options = variable.isDerived() ? OPTIONS_OF_DERIVED : OPTIONS.get(variable.kind);
+    if (options.contains(word)) return;
+    throw new Refusal(Place.of(option), "found " + Wording.quoted(word) + " of a variable that is "
+        + (variable.isDerived() ? "derived" : variable.kind.phrase()) + ", expected "
+        + Wording.anyOf(options.stream().map(Wording::quoted).toList()));
   }
 
   private void completeDate() {
