@@ -199,7 +199,8 @@ text: STRING ;
 // Every word of the language may be a name: where a name stands, nothing else can.
 name: NAME | QUOTED_NAME | word ;
 word
-  : 'alternating' | 'angle' | 'area' | 'as' | 'ascending' | 'aspect' | 'axis' | 'bar' | 'base' | 'bins' | 'blend' | 'bold'
+  : 'alternating' | 'angle' | 'area' | 'as' | 'ascending' | 'aspect' | 'axis' | 'bar' | 'base' | 'bins' | 'blend'
+  | 'bold'
   | 'box' | 'case' | 'categorical' | 'categories' | 'chart' | 'cluster' | 'color' | 'column' | 'columns' | 'coordinates'
   | 'count' | 'cumulative' | 'dash' | 'date' | 'decimals' | 'density' | 'derived' | 'descending' | 'distance' | 'dodge'
   | 'dots' | 'edge' | 'error' | 'every' | 'exact' | 'exclude' | 'font' | 'footnote' | 'format' | 'frame' | 'from'

@@ -9,9 +9,9 @@ import kestrel.pdl.PdlParser.StatementContext;
 import org.antlr.v4.runtime.ParserRuleContext;
 
 /**
- * Reads a whole description, in the order in which its parts build upon each other: data and the page first, then elements, which say
- * what the dimensions measure, then what stands around them. So statements may stand in any order, except that variables
- * are declared before others are derived of them.
+ * Reads a whole description, in the order in which its parts build upon each other: data and the page first, then
+ * elements, which say what the dimensions measure, then what stands around them. So statements may stand in any order,
+ * except that variables are declared before others are derived of them.
  */
 final class ChartReader {
   private final List<StatementContext> statements;

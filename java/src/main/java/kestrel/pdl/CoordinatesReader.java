@@ -58,7 +58,9 @@ final class CoordinatesReader extends PdlBaseVisitor<Void> {
 
   @Override
   public Void visitPolar(PolarContext option) {
-    if (inSpace) throw new Refusal(Place.of(option), "found polar coordinates of a chart with z, expected x and y alone");
+    if (inSpace) {
+      throw new Refusal(Place.of(option), "found polar coordinates of a chart with z, expected x and y alone");
+    }
     coordinates.polar = true;
     return null;
   }

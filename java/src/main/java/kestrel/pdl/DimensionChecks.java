@@ -24,9 +24,10 @@ final class DimensionChecks {
       Kind kind = dimension.kind();
       if (kind != null && kind != variable.kind.measured()) {
         Variable first = dimension.variables.iterator().next();
-        throw new Refusal(element.positionPlaces.get(dimension.name), "found " + dimension.name.word() + " with " + Wording.quoted(variable.name)
-            + ", which is " + variable.kind.phrase() + ", expected a variable that is " + first.kind.phrase() + " as "
-            + Wording.quoted(first.name) + " of another element is");
+        throw new Refusal(element.positionPlaces.get(dimension.name),
+            "found " + dimension.name.word() + " with " + Wording.quoted(variable.name) + ", which is "
+                + variable.kind.phrase() + ", expected a variable that is " + first.kind.phrase() + " as "
+                + Wording.quoted(first.name) + " of another element is");
       }
       dimension.variables.add(variable);
     }

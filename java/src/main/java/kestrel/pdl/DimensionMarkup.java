@@ -53,7 +53,9 @@ final class DimensionMarkup {
   }
 
   private static void writeScale(Scale scale, MarkupElement dimension) {
-    if (scale.lowerMargin != null) dimension.set("lowerMargin", scale.lowerMargin).set("upperMargin", scale.upperMargin);
+    if (scale.lowerMargin != null) {
+      dimension.set("lowerMargin", scale.lowerMargin).set("upperMargin", scale.upperMargin);
+    }
     if (scale.nice != null) {
       dimension.set("niceLowerMapping", scale.nice.toString()).set("niceUpperMapping", scale.nice.toString());
     }

@@ -157,10 +157,18 @@ final class DimensionReader extends PdlBaseVisitor<Void> {
         "a numeric variable or a date for \"" + option.getStart().getText() + "\"");
   }
 
+  /** A logarithm has no place for zero and less. */
+  private void checkPositive(ScaleContext statement, String bound) {
+    if (scale.method != Scale.Method.LOG || bound == null || Double.parseDouble(bound) > 0) return;
+    throw new Refusal(Place.of(statement), "found the bound " + bound + " of a log scale, expected a positive number");
+  }
+
   private void checkBounds(ScaleContext statement) {
     if (scale.exact && !scale.hasRange()) {
       throw new Refusal(Place.of(statement), "found \"exact\" alone, expected a \"minimum\" or a \"maximum\" with it");
     }
+    checkPositive(statement, scale.minimum);
+    checkPositive(statement, scale.maximum);
     if (scale.minimum == null || scale.maximum == null) return;
     boolean rising = dimension.kind() == Kind.DATE ? scale.minimum.compareTo(scale.maximum) < 0
         : Double.parseDouble(scale.minimum) < Double.parseDouble(scale.maximum);

@@ -12,8 +12,9 @@ final class ElementMarkup {
 
   /** The styles of the parts of a box plot: the attribute, and the id. */
   private static final List<Map.Entry<String, String>> BOX_STYLES =
-      List.of(Map.entry("extremeStyle", "element_tukeyExtremes_1s"), Map.entry("fenceStyle", "element_tukeyInnerFence_1s"),
-          Map.entry("hingeStyle", "element_tukeyHinges_1s"), Map.entry("medianStyle", "element_median_1s"),
+      List.of(Map.entry("extremeStyle", "element_tukeyExtremes_1s"),
+          Map.entry("fenceStyle", "element_tukeyInnerFence_1s"), Map.entry("hingeStyle", "element_tukeyHinges_1s"),
+          Map.entry("medianStyle", "element_median_1s"),
           Map.entry("outlierStyle", "element_tukeyOutliers_1s"));
 
   private static final Style ERROR_BAR = new Style().with("symbol", "ibeam").with("width", "25%");

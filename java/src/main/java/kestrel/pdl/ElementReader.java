@@ -66,7 +66,8 @@ final class ElementReader extends PdlBaseVisitor<Void> {
     };
     if (!reaches) {
       throw new Refusal(Place.of(option.name(1)), "found a second variable for " + dimension.word() + " of "
-          + element.kind.phrase() + ", expected one; only y of a bar or an area and all of an edge reach from one to another");
+          + element.kind.phrase()
+          + ", expected one; only y of a bar or an area and all of an edge reach from one to another");
     }
     scope.measured(option.name(0), "a reach");
     scope.measured(option.name(1), "a reach");

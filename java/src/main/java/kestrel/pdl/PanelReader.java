@@ -43,7 +43,9 @@ final class PanelReader extends PdlBaseVisitor<Void> {
   public Void visitPanelVariables(PanelVariablesContext option) {
     Panels.Side side = option.direction.getText().equals("columns") ? panels.columns : panels.rows;
     side.nested = !option.algebra().nests.isEmpty();
-    for (NameContext name : option.algebra().name()) side.variables.add(unused(scope.categorical(name, "panels"), name));
+    for (NameContext name : option.algebra().name()) {
+      side.variables.add(unused(scope.categorical(name, "panels"), name));
+    }
     return null;
   }
 

@@ -4,7 +4,7 @@ import java.util.HashMap;
 import java.util.Map;
 import kestrel.markup.MarkupElement;
 
-/** The parts of a chart's markup that all writers add to: the root, the graph, the named styles, and numbers for ids. */
+/** What all writers of a chart's markup add to: the root, the graph, the named styles, and the numbers of ids. */
 final class Parts {
   /** The id of the style that holds all named ones. */
   private static final String CONTAINER = "container";

@@ -10,8 +10,13 @@ import kestrel.pdl.PdlParser.ValueContext;
 
 /** The names that a description has declared so far. */
 final class Scope {
+  private static final String UNNAMED_SOURCE = "source0";
+
   private final Map<String, Place> places = new LinkedHashMap<>();
+
+  /** Declared sources; the markup knows them by the same names. */
   private final Map<String, String> sources = new LinkedHashMap<>();
+
   private final Map<String, Variable> variables = new LinkedHashMap<>();
 
   private boolean complete;
@@ -24,7 +29,7 @@ final class Scope {
   void declareSource(NameContext name) {
     String declared = Literals.name(name);
     declare("source", declared, Place.of(name));
-    sources.put(declared, "source" + sources.size());
+    sources.put(declared, declared);
   }
 
   /** Refuses a name that another variable has. */
@@ -37,12 +42,12 @@ final class Scope {
   }
 
   List<String> sourceIds() {
-    return sources.isEmpty() ? List.of(defaultSource()) : List.copyOf(sources.values());
+    return sources.isEmpty() ? List.of(UNNAMED_SOURCE) : List.copyOf(sources.values());
   }
 
   /** The first source, or the one that a description without a source has. */
   String defaultSource() {
-    return "source0";
+    return sourceIds().get(0);
   }
 
   String source(NameContext name) {
@@ -64,6 +69,13 @@ final class Scope {
   Variable measured(NameContext name, String use) {
     Variable variable = variable(name);
     if (!variable.kind.isCategorical()) return variable;
+    throw wrongKind(variable, Place.of(name), "a numeric variable for " + use);
+  }
+
+  /** A number, whose unit does not depend on how a host counts time. */
+  Variable numeric(NameContext name, String use) {
+    Variable variable = measured(name, use);
+    if (variable.kind != Kind.DATE) return variable;
     throw wrongKind(variable, Place.of(name), "a numeric variable for " + use);
   }
 
@@ -95,6 +107,7 @@ final class Scope {
   private <T> T unknown(String what, NameContext name, Map<String, T> known) {
     String unknown = Literals.name(name);
     throw new Refusal(Place.of(name), "found " + Wording.quoted(unknown) + ", expected the name of a " + what
-        + (complete || what.equals("source") ? "" : " that is declared before it is used") + Suggestions.hint(unknown, known.keySet()));
+        + (complete || what.equals("source") ? "" : " that is declared before it is used")
+        + Suggestions.hint(unknown, known.keySet()));
   }
 }

@@ -70,7 +70,7 @@ final class VariableReader extends PdlBaseVisitor<Void> {
   }
 
   private static String idIn(Scope scope, NameContext name) {
-    return scope.measured(name, "a computation").id;
+    return scope.numeric(name, "a computation").id;
   }
 
   private void readOptions(List<VariableOptionContext> options) {
@@ -128,7 +128,8 @@ final class VariableReader extends PdlBaseVisitor<Void> {
       String category = Literals.text(text);
       String code = String.valueOf(variable.relabels.size() + 1);
       if (variable.codes.putIfAbsent(category, code) != null) {
-        throw new Refusal(Place.of(text), "found the category " + Wording.quoted(category) + " twice, expected it once");
+        throw new Refusal(Place.of(text),
+            "found the category " + Wording.quoted(category) + " twice, expected it once");
       }
       variable.relabels.put(code, category);
     }

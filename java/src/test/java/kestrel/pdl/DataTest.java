@@ -31,7 +31,7 @@ class DataTest {
       variable v = a / b - 1.50 { label "L" format { suffix "%" } } => <derivedVariable categorical="false" id="derivedVariable0" label="L" value="sourceVariable0/sourceVariable1 - 1.5"><format suffix="%"/></derivedVariable>
       variable v = a variable w = v * -2 => <derivedVariable categorical="false" id="derivedVariable1" label="w" value="derivedVariable0*-2"/>
       variable `a b` = a reference x 1 { name "`" } => label="a b"
-      source s => <userSource id="source0"/>
+      source s => <userSource id="s"/>
       """)
   void variables(String statements, String markup) throws Exception {
     String actual = Descriptions.markupWithPoints(statements);
@@ -42,9 +42,9 @@ class DataTest {
   void aVariableIsOfTheFirstSourceUnlessItSaysOtherwise() throws Exception {
     String markup = Descriptions.translated(
         "chart { source s source t variable a numeric variable b numeric { from t } point { x a y b } }");
-    assertTrue(markup.contains("<userSource id=\"source0\"/><userSource id=\"source1\"/>"), markup);
-    assertTrue(markup.contains("label=\"a\" source=\"source0\""), markup);
-    assertTrue(markup.contains("label=\"b\" source=\"source1\""), markup);
+    assertTrue(markup.contains("<userSource id=\"s\"/><userSource id=\"t\"/>"), markup);
+    assertTrue(markup.contains("label=\"a\" source=\"s\""), markup);
+    assertTrue(markup.contains("label=\"b\" source=\"t\""), markup);
   }
 
   @Test
