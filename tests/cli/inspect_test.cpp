@@ -52,10 +52,54 @@ TEST_F(Inspect, ListsEachMessage) {
                          "    2  307     9  English description    0       3  00000000           3\n"));
   EXPECT_THAT(run.out,
               HasSubstr("\n    8  307     3  done                   0       8  00000000           8\n"));
-  EXPECT_THAT(run.out,
-              HasSubstr("chart: 8 contents, data source0 (1 row, sourceVariable0_SN, sourceVariable1_SN), "
-                        "editable 0, editor 1\n"));
-  EXPECT_THAT(run.out, HasSubstr("The capture keeps all rules.\n"));
+  EXPECT_THAT(run.out, HasSubstr("chart: 8 contents, editable 0, editor 1\n"
+                                 "data source0: 1 row, 2 columns\n"
+                                 "  sourceVariable0_SN  float64  0 missing\n"
+                                 "  sourceVariable1_SN  float64  0 missing\n"
+                                 "The capture keeps all rules.\n"));
+}
+
+TEST_F(Inspect, ShowsTheFirstCellsOfTheDataWhereItIsAsked) {
+  chartOf("a,b\n1,2\n-0.5,\n3,4\n");
+  EXPECT_THAT(inspect({"--cells", "2"}).out, HasSubstr("data source0: 3 rows, 2 columns\n"
+                                                       "  sourceVariable0_SN  float64  0 missing\n"
+                                                       "  sourceVariable1_SN  float64  1 missing\n"
+                                                       "  row  sourceVariable0_SN  sourceVariable1_SN\n"
+                                                       "    1                   1                   2\n"
+                                                       "    2                -0.5                   .\n"
+                                                       "The capture keeps all rules.\n"));
+}
+
+TEST_F(Inspect, GivesTheFirstCellsAsJsonToo) {
+  chartOf("a,b\n1,2\n-0.5,\n3,4\n");
+  auto const data = nlohmann::json::parse(inspect({"--json", "--cells", "2"}).out)["sends"][0]["data"];
+  EXPECT_EQ(data[0]["rows"], 3);
+  EXPECT_EQ(
+      data[0]["columns"][1],
+      (nlohmann::json{
+          {"name", "sourceVariable1_SN"}, {"type", "float64"}, {"missing", 1}, {"cells", {2.0, nullptr}}}));
+  EXPECT_FALSE(json()["sends"][0]["data"][0]["columns"][0].contains("cells"));
+}
+
+TEST_F(Inspect, TakesNoNumberOfCellsThatIsNone) {
+  chartOf("a,b\n1,2\n");
+  for (char const* const number : {"0", "-1", "x", "1000001"}) {
+    EXPECT_EQ(inspect({"--cells", number}).exit, 1) << number;
+  }
+  EXPECT_EQ(inspect({"--cells", "1", "--diff", "out/capture.kcap"}).exit, 1);
+}
+
+TEST_F(Inspect, SaysThatAColumnDoesNotAgreeWithItsBatch) {
+  chartOf("a,b\n1,2\n,4\n5,6\n");
+  // Three rows, one missing value: in the metadata of the record batch.
+  std::string const node("\3\0\0\0\0\0\0\0\1\0\0\0\0\0\0\0", 16);
+  std::size_t const at = read("out/capture.kcap").find(node);
+  ASSERT_NE(at, std::string::npos);
+  change(at, "\2");
+  Outcome const run = inspect({"--cells", "2"});
+  EXPECT_EQ(run.exit, 2);
+  EXPECT_THAT(run.err, HasSubstr("(message 7): data is no sequence of Arrow streams: at its byte "));
+  EXPECT_THAT(run.err, HasSubstr(", column 'sourceVariable0_SN' has 2 rows, its record batch 3\n"));
 }
 
 TEST_F(Inspect, ShowsTrailersAndRunningTotals) {

@@ -32,6 +32,13 @@ std::string const description(
     "\0\0\0\0",
     31);
 
+/// In groups of three digits.
+std::string grouped(std::size_t number) {
+  std::string digits = std::to_string(number);
+  for (std::size_t at = digits.size(); at > 3; at -= 3) digits.insert(at - 3, ",");
+  return digits;
+}
+
 class Listen : public CliTest {
  protected:
   /// A chart that is sent, with nothing but that.
@@ -257,6 +264,88 @@ TEST_F(Listen, RefusesAChartBeyondItsLimit) {
       listener.err(),
       HasSubstr("kestrel: connection 1: the chart is longer than 1,048,576 bytes; --limit allows more\n"));
   EXPECT_LE(read("got/001.kcap").size(), 1'048'576u);
+}
+
+/// What a file costs besides its bytes.
+constexpr std::size_t fileCost = 4096;
+
+TEST_F(Listen, TakesContentsOutUpToItsLimitOfBytes) {
+  write("extra.csv", std::string(100'000, 'x'));
+  chartOf("a,b\n1,2\n", {"--csv", "extra.csv"});
+  std::string const chart = read("out/capture.kcap");
+  extract();
+  std::size_t needed = fileCost + chart.size();
+  for (char const* const file : {"description.txt", "description.eng.txt", "chart.xml", "data.arrows"}) {
+    needed += fileCost + read(std::string("contents/") + file).size();
+  }
+  std::size_t const all = needed + fileCost + 100'000 + fileCost + read("contents/done.json").size();
+  {
+    ListenerProcess listener(folder, {"--once", "--max-bytes", std::to_string(needed + fileCost + 99'999)});
+    Sender sender(socket());
+    EXPECT_TRUE(sender.send(chart));
+    EXPECT_EQ(listener.wait(), 3);
+    EXPECT_EQ(listener.err(),
+              "kestrel: got/001/extra.csv: is written no further: all files together would "
+              "take more than " +
+                  grouped(needed + fileCost + 99'999) + " bytes; --max-bytes allows more\n");
+  }
+  EXPECT_EQ(read("got/001.kcap"), chart);
+  EXPECT_THAT(filesIn("got/001"),
+              ElementsAre("chart.xml", "data.arrows", "description.eng.txt", "description.txt"));
+  for (std::string const& file : filesIn("got/001"))
+    EXPECT_EQ(read("got/001/" + file), read("contents/" + file));
+  EXPECT_FALSE(std::filesystem::exists(socket()));
+  std::filesystem::remove_all(folder / "got");
+  std::filesystem::remove(folder / "listener.out");
+  ListenerProcess listener(folder, {"--once", "--max-bytes", std::to_string(all)});
+  Sender sender(socket());
+  EXPECT_TRUE(sender.send(chart));
+  sender.close();
+  EXPECT_EQ(listener.wait(), 0);
+  EXPECT_EQ(filesIn("got/001").size(), 6u);
+}
+
+TEST_F(Listen, KeepsTheWholeMessagesBeforeItsLimitOfBytes) {
+  std::string const chart = capture();
+  ListenerProcess listener(folder, {"--max-bytes", std::to_string(fileCost + 500)});
+  Sender sender(socket());
+  sender.send(chart);
+  EXPECT_TRUE(sender.isRefused());
+  EXPECT_EQ(listener.wait(), 3);
+  EXPECT_THAT(listener.err(), StartsWith("kestrel: got/001.kcap: is written no further: "));
+  std::string const got = read("got/001.kcap");
+  EXPECT_TRUE(chart.starts_with(got));
+  EXPECT_THAT(decodeCapture(got), testing::SizeIs(2));
+}
+
+TEST_F(Listen, HasOneLimitOfBytesForAllCharts) {
+  std::string const chart = capture();
+  ListenerProcess listener(folder, {"--max-bytes", std::to_string(6 * fileCost + 2 * chart.size() + 10'000)});
+  Sender sender(socket());
+  EXPECT_TRUE(sender.send(chart));
+  EXPECT_TRUE(listener.says("got/001.kcap: chart"));
+  sender.send(chart.substr(8));
+  EXPECT_EQ(listener.wait(), 3);
+  EXPECT_THAT(filesIn("got/001"), testing::SizeIs(5));
+  EXPECT_EQ(read("got/001.kcap"), chart);
+}
+
+TEST_F(Listen, ChargesFilesThatAreThereAlreadyToNobody) {
+  std::filesystem::create_directories(folder / "got");
+  for (int number = 1; number <= 9; ++number) write("got/00" + std::to_string(number) + ".kcap", "mine");
+  std::string const chart = capture();
+  ListenerProcess listener(folder, {"--once", "--max-bytes", std::to_string(6 * fileCost + 20'000)});
+  Sender sender(socket());
+  EXPECT_TRUE(sender.send(chart));
+  sender.close();
+  EXPECT_EQ(listener.wait(), 0);
+  EXPECT_EQ(read("got/010.kcap"), chart);
+}
+
+TEST_F(Listen, TakesNoLimitOfBytesThatIsNone) {
+  for (char const* const limit : {"0", "-1", "x", "4G"}) {
+    EXPECT_EQ(kestrel({"listen", "s", "-o", "got", "--once", "--max-bytes", limit}).exit, 1) << limit;
+  }
 }
 
 TEST_F(Listen, EndsSoonWhereASenderSendsTheSameVeryOften) {

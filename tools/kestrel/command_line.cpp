@@ -17,7 +17,9 @@
 #include <algorithm>
 #include <array>
 #include <csignal>
+#include <cstdint>
 #include <exception>
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -75,6 +77,13 @@ constexpr char const* explainNotes =
     R"(Each value of a style, of ticks and of frames stands on a line, with who gave it:
 builder (the chart text has it), default looks (the completion adds it), or the
 FILE:LINE:COLUMN of the template that wrote it last.
+
+)";
+
+constexpr char const* listenNotes =
+    R"(Each file counts 4,096 bytes more than it is long. Where the next message or file
+would go beyond --max-bytes, the command says so and ends with 3: what it has
+written up to there is whole.
 
 )";
 
@@ -297,10 +306,15 @@ void addInspect(CLI::App& program, InspectRequest& request) {
   CLI::Option* const extract =
       addOption(*inspect, "--extract", request.extract, folderValue, "where to write the contents");
   CLI::Option* const json = inspect->add_flag("--json", request.json, "the same as JSON, for programs");
+  CLI::Option* const cells =
+      inspect->add_option("--cells", request.cells, "also shows the first N rows of each data source")
+          ->type_name("N")
+          ->check(CLI::Range(1, 1'000'000));
   addOption(*inspect, "--diff", request.other, fileValue,
             "another capture to compare with, message by message")
       ->excludes(extract)
-      ->excludes(json);
+      ->excludes(json)
+      ->excludes(cells);
 }
 
 CLI::App* addListen(CLI::App& program, ListenRequest& request) {
@@ -315,7 +329,12 @@ CLI::App* addListen(CLI::App& program, ListenRequest& request) {
   listen->add_option("--limit", request.limit, "how long a chart may be, in MiB (256)")
       ->type_name("MIB")
       ->check(CLI::Range(1, 4096));
-  listen->footer(exitCodes);
+  listen
+      ->add_option("--max-bytes", request.mostBytes,
+                   "how many bytes all files together may take (4294967296); at the limit the command ends")
+      ->type_name("BYTES")
+      ->check(CLI::Range(std::int64_t{1}, std::numeric_limits<std::int64_t>::max()));
+  listen->footer(listenNotes + std::string(exitCodes));
   return listen;
 }
 

@@ -1,182 +1,256 @@
 #include "arrow_stream.h"
 
+#include "arrow_metadata.h"
 #include "capture_reader.h"
+#include "problem.h"
 
-#include <utility>
+#include <algorithm>
+#include <array>
+#include <bit>
 
 namespace kestrel::tool {
 
 namespace {
 
-/// Bytes that are not where they should be end the reading.
-struct BadBytes {
-  std::size_t offset;
-  std::string text;
-};
-
-/// Bytes of a larger text, with their offset in it. Every access is checked.
-class Span {
- public:
-  Span(std::string_view bytes, std::size_t offset) : mBytes(bytes), mOffset(offset) {}
-
-  std::size_t size() const { return mBytes.size(); }
-
-  [[noreturn]] void fail(std::size_t at, std::string text) const {
-    throw BadBytes{mOffset + at, std::move(text)};
-  }
-
-  std::string_view take(std::size_t at, std::size_t count) const {
-    if (at > mBytes.size() || count > mBytes.size() - at) fail(mBytes.size(), "the stream is cut");
-    return mBytes.substr(at, count);
-  }
-
-  Span part(std::size_t at, std::size_t count) const { return {take(at, count), mOffset + at}; }
-
-  std::uint16_t half(std::size_t at) const {
-    std::string_view const bytes = take(at, 2);
-    return static_cast<std::uint16_t>(static_cast<unsigned char>(bytes[0]) |
-                                      static_cast<unsigned char>(bytes[1]) << 8);
-  }
-  std::uint32_t number(std::size_t at) const { return word(take(at, 4)); }
-  std::int64_t longNumber(std::size_t at) const { return longWord(take(at, 8)); }
-
-  /// Offsets in the metadata count from where they stand.
-  std::size_t follow(std::size_t at) const { return at + number(at); }
-
-  std::string text(std::size_t at) const { return std::string(take(at + 4, number(at))); }
-
- private:
-  std::string_view mBytes;
-  std::size_t mOffset;
-};
-
-/// A table of the metadata: fields by number, each of which may be absent.
-class MetadataTable {
- public:
-  MetadataTable(Span const& span, std::size_t at) : mSpan(span), mAt(at) {
-    auto const toFields = static_cast<std::int32_t>(span.number(at));
-    auto const fields = static_cast<std::int64_t>(at) - toFields;
-    if (fields < 0) span.fail(at, "the metadata is corrupt");
-    mFields = static_cast<std::size_t>(fields);
-    mFieldsSize = span.half(mFields);
-  }
-
-  /// Where the field's value stands, or nothing.
-  std::optional<std::size_t> find(std::size_t field) const {
-    std::size_t const slot = 4 + 2 * field;
-    if (slot + 2 > mFieldsSize) return std::nullopt;
-    std::uint16_t const offset = mSpan.half(mFields + slot);
-    if (offset == 0) return std::nullopt;
-    return mAt + offset;
-  }
-
-  std::string text(std::size_t field) const {
-    auto const at = find(field);
-    return at ? mSpan.text(mSpan.follow(*at)) : std::string();
-  }
-
-  std::int64_t longNumber(std::size_t field) const {
-    auto const at = find(field);
-    return at ? mSpan.longNumber(*at) : 0;
-  }
-
-  unsigned char byte(std::size_t field) const {
-    auto const at = find(field);
-    return at ? static_cast<unsigned char>(mSpan.take(*at, 1)[0]) : static_cast<unsigned char>(0);
-  }
-
-  std::optional<MetadataTable> table(std::size_t field) const {
-    auto const at = find(field);
-    if (!at) return std::nullopt;
-    return MetadataTable(mSpan, mSpan.follow(*at));
-  }
-
-  /// Calls `visit` with each table of a list.
-  template <typename Visit>
-  void each(std::size_t field, Visit visit) const {
-    auto const at = find(field);
-    if (!at) return;
-    std::size_t const list = mSpan.follow(*at);
-    std::size_t const count = mSpan.number(list);
-    for (std::size_t i = 0; i < count; ++i) visit(MetadataTable(mSpan, mSpan.follow(list + 4 + 4 * i)));
-  }
-
- private:
-  Span mSpan;
-  std::size_t mAt;
-  std::size_t mFields = 0;
-  std::size_t mFieldsSize = 0;
-};
-
 // Numbers of the fields, as the format has them.
-enum MessageField { HeaderType = 1, Header = 2, BodyLength = 3 };
-enum SchemaField { SchemaFields = 1, SchemaMetadata = 2 };
-enum FieldField { FieldName = 0 };
+enum MessageField { Version = 0, HeaderType = 1, Header = 2, BodyLength = 3 };
+enum SchemaField { Endianness = 0, SchemaFields = 1, SchemaMetadata = 2 };
+enum FieldField { FieldName = 0, FieldTypeKind = 2, FieldType = 3 };
+enum IntegerField { BitWidth = 0, IsSigned = 1 };
+enum FloatField { Precision = 0 };
 enum KeyValueField { Key = 0, Value = 1 };
-enum BatchField { BatchLength = 0 };
+enum BatchField { BatchLength = 0, BatchNodes = 1, BatchBuffers = 2, BatchCompression = 3 };
 enum HeaderKind { SchemaHeader = 1, BatchHeader = 3 };
 
 constexpr std::uint32_t continuation = 0xFFFFFFFF;
+constexpr std::uint16_t version5 = 4;
+constexpr std::uint16_t littleEndian = 0;
 constexpr std::size_t frameSize = 8;
 constexpr std::size_t alignment = 8;
+constexpr std::size_t cellSize = 8;
+/// Of a column's node and of a buffer: two numbers of eight bytes each.
+constexpr std::size_t pairSize = 16;
 
-ArrowTable readSchema(MetadataTable const& schema) {
-  ArrowTable table;
-  schema.each(SchemaFields,
-              [&](MetadataTable const& field) { table.columns.push_back(field.text(FieldName)); });
-  schema.each(SchemaMetadata, [&](MetadataTable const& pair) {
-    if (pair.text(Key) == "source") table.source = pair.text(Value);
-  });
-  return table;
+constexpr std::size_t integerKind = 2;
+constexpr std::size_t floatKind = 3;
+constexpr char const* requiredType = "float64";
+
+/// By the number that the format gives a type.
+constexpr std::array<char const*, 27> typeNames = {"none",
+                                                   "null",
+                                                   "int",
+                                                   "float",
+                                                   "binary",
+                                                   "utf8",
+                                                   "bool",
+                                                   "decimal",
+                                                   "date",
+                                                   "time",
+                                                   "timestamp",
+                                                   "interval",
+                                                   "list",
+                                                   "struct",
+                                                   "union",
+                                                   "fixed-size binary",
+                                                   "fixed-size list",
+                                                   "map",
+                                                   "duration",
+                                                   "large binary",
+                                                   "large utf8",
+                                                   "large list",
+                                                   "run-end encoded",
+                                                   "binary view",
+                                                   "utf8 view",
+                                                   "list view",
+                                                   "large list view"};
+
+std::string integerName(MetadataTable const& type) {
+  return (type.byte(IsSigned) != 0 ? "int" : "uint") + std::to_string(type.number(BitWidth));
 }
 
-/// The size of the metadata at `at`; 0 is the mark that ends a stream.
-std::size_t readFrame(Span const& bytes, std::size_t at) {
-  if (bytes.number(at) != continuation) bytes.fail(at, "the mark FF FF FF FF was expected");
-  std::size_t const size = bytes.number(at + 4);
-  if (size % alignment != 0) bytes.fail(at + 4, "the size of the metadata is no multiple of 8");
-  return size;
+std::string floatName(MetadataTable const& type) {
+  constexpr std::array<char const*, 3> names = {"float16", "float32", requiredType};
+  std::size_t const precision = type.half(Precision);
+  return precision < names.size() ? names[precision] : "float";
 }
 
-/// The length of the body behind the metadata that ends at `end`.
-std::size_t readBodyLength(Span const& bytes, MetadataTable const& message, std::size_t end) {
-  std::int64_t const length = message.longNumber(BodyLength);
+std::string typeName(MetadataTable const& field) {
+  std::size_t const kind = field.byte(FieldTypeKind);
+  auto const type = field.table(FieldType);
+  if (type && kind == integerKind) return integerName(*type);
+  if (type && kind == floatKind) return floatName(*type);
+  return kind < typeNames.size() ? typeNames[kind] : "type " + std::to_string(kind);
+}
+
+std::string columnText(ArrowColumn const& column) { return "column " + inQuotes(column.name); }
+
+/// Reads the messages of one stream behind each other.
+class StreamReader {
+ public:
+  StreamReader(Span const& bytes, std::size_t start, std::size_t mostCells)
+      : mBytes(bytes), mAt(start), mMostCells(mostCells) {}
+
+  ArrowTable read() {
+    if (!readMessage()) mBytes.fail(mStart, "a stream without a schema");
+    readSchema(header(SchemaHeader, "a schema was expected"));
+    if (!readMessage()) mBytes.fail(mStart, "a stream without a record batch");
+    readBatch(header(BatchHeader, "a record batch was expected"));
+    if (readMessage()) mBytes.fail(mStart, "the end of the stream was expected");
+    return std::move(mTable);
+  }
+
+  /// Behind what was read.
+  std::size_t end() const { return mAt; }
+
+ private:
+  [[noreturn]] void fail(std::string text) const { mBytes.fail(mStart, std::move(text)); }
+
+  /// False at the mark that ends a stream.
+  bool readMessage();
+  void readBody();
+  MetadataTable header(HeaderKind kind, char const* expected) const;
+  void readSchema(MetadataTable const& schema);
+  void readBatch(MetadataTable const& batch);
+  void readColumn(ArrowColumn& column, std::size_t node, std::size_t buffers);
+  std::string_view readBuffer(std::size_t at);
+
+  /// Takes a name, of which all together are no longer than what they stand in: a name that many columns
+  /// share would make much out of few bytes.
+  std::string name(std::string_view text);
+
+  Span mBytes;
+  std::size_t mAt;
+  std::size_t mMostCells;
+  ArrowTable mTable;
+  // Of the message that was read last.
+  std::size_t mStart = 0;
+  Span mMetadata{{}, 0};
+  Span mBody{{}, 0};
+  std::size_t mNamesSize = 0;
+  std::size_t mBuffersEnd = 0;
+};
+
+bool StreamReader::readMessage() {
+  mStart = mAt;
+  if (mBytes.number(mAt) != continuation) mBytes.fail(mAt, "the mark FF FF FF FF was expected");
+  std::size_t const size = mBytes.number(mAt + 4);
+  if (size % alignment != 0) mBytes.fail(mAt + 4, "the size of the metadata is no multiple of 8");
+  mMetadata = mBytes.part(mAt + frameSize, size);
+  mAt += frameSize + size;
+  if (size != 0) readBody();
+  return size != 0;
+}
+
+void StreamReader::readBody() {
+  std::int64_t const length = MetadataTable(mMetadata, mMetadata.follow(0)).longNumber(BodyLength);
   if (length < 0 || length % static_cast<std::int64_t>(alignment) != 0) {
-    bytes.fail(end, "the length of the body is corrupt");
+    mBytes.fail(mAt, "the length of the body is corrupt");
   }
-  return bytes.take(end, static_cast<std::size_t>(length)).size();
+  mBody = mBytes.part(mAt, static_cast<std::size_t>(length));
+  mAt += mBody.size();
 }
 
-/// Reads one stream and moves `at` behind it.
-ArrowTable readStream(Span const& bytes, std::size_t& at) {
-  std::optional<ArrowTable> table;
-  while (std::size_t const size = readFrame(bytes, at)) {
-    std::size_t const start = at + frameSize;
-    Span const metadata = bytes.part(start, size);
-    MetadataTable const message(metadata, metadata.follow(0));
-    auto const header = message.table(Header);
-    unsigned char const kind = message.byte(HeaderType);
-    if (header && kind == SchemaHeader && !table) {
-      table = readSchema(*header);
-    } else if (header && kind == BatchHeader && table) {
-      table->rows += header->longNumber(BatchLength);
-    } else {
-      bytes.fail(start, table ? "a record batch was expected" : "a schema was expected");
-    }
-    at = start + size;
-    at += readBodyLength(bytes, message, at);
+MetadataTable StreamReader::header(HeaderKind kind, char const* expected) const {
+  MetadataTable const message(mMetadata, mMetadata.follow(0));
+  auto const header = message.table(Header);
+  if (!header || message.byte(HeaderType) != kind) fail(expected);
+  if (message.half(Version) != version5) fail("the metadata is not of version V5");
+  return *header;
+}
+
+std::string StreamReader::name(std::string_view text) {
+  mNamesSize += text.size();
+  if (mNamesSize > mMetadata.size()) fail("the metadata is corrupt");
+  return std::string(text);
+}
+
+void StreamReader::readSchema(MetadataTable const& schema) {
+  if (schema.half(Endianness) != littleEndian) fail("the numbers are not little-endian");
+  schema.each(SchemaFields, [this](MetadataTable const& field) {
+    ArrowColumn& column = mTable.columns.emplace_back();
+    column.name = name(field.text(FieldName));
+    column.type = typeName(field);
+    if (column.type != requiredType)
+      fail(columnText(column) + " is " + column.type + ", not " + requiredType);
+  });
+  bool isNamed = false;
+  schema.each(SchemaMetadata, [&](MetadataTable const& pair) {
+    if (pair.text(Key) != "source") return;
+    mTable.source = name(pair.text(Value));
+    isNamed = true;
+  });
+  if (!isNamed) fail("the schema names no source");
+}
+
+void StreamReader::readBatch(MetadataTable const& batch) {
+  std::int64_t const rows = batch.longNumber(BatchLength);
+  if (rows < 0) fail("the record batch has " + std::to_string(rows) + " rows");
+  if (batch.find(BatchCompression)) fail("the record batch is compressed");
+  mTable.rows = static_cast<std::size_t>(rows);
+  ItemList const nodes = batch.items(BatchNodes, pairSize);
+  ItemList const buffers = batch.items(BatchBuffers, pairSize);
+  std::size_t const columns = mTable.columns.size();
+  if (nodes.count != columns) {
+    fail("the record batch has " + counted(nodes.count, "column") + ", the schema " + grouped(columns));
   }
-  if (!table) bytes.fail(at, "a stream without a schema");
-  at += frameSize;
-  return *table;
+  if (buffers.count != 2 * columns) {
+    fail("the record batch has " + counted(buffers.count, "buffer") + " for " + counted(columns, "column"));
+  }
+  mBuffersEnd = 0;
+  for (std::size_t at = 0; at < columns; ++at) {
+    readColumn(mTable.columns[at], nodes.start + at * pairSize, buffers.start + 2 * at * pairSize);
+  }
+}
+
+std::string_view StreamReader::readBuffer(std::size_t at) {
+  auto const offset = static_cast<std::uint64_t>(mMetadata.longNumber(at));
+  auto const length = static_cast<std::uint64_t>(mMetadata.longNumber(at + 8));
+  // In their order, so that no bytes are the cells of several columns.
+  bool const isWithin = offset >= mBuffersEnd && offset <= mBody.size() && length <= mBody.size() - offset;
+  if (!isWithin) fail("a buffer lies outside the body or in another one");
+  mBuffersEnd = static_cast<std::size_t>(offset + length);
+  return mBody.take(static_cast<std::size_t>(offset), static_cast<std::size_t>(length));
+}
+
+/// Whether the row has a value; all have one where there is no bitmap.
+bool isPresent(std::string_view validity, std::size_t row) {
+  return validity.empty() || (static_cast<unsigned char>(validity[row / 8]) >> (row % 8) & 1) != 0;
+}
+
+void StreamReader::readColumn(ArrowColumn& column, std::size_t node, std::size_t buffers) {
+  std::size_t const rows = mTable.rows;
+  auto const length = static_cast<std::uint64_t>(mMetadata.longNumber(node));
+  if (length != rows) {
+    fail(columnText(column) + " has " + counted(length, "row") + ", its record batch " + grouped(rows));
+  }
+  std::string_view const validity = readBuffer(buffers);
+  std::string_view const values = readBuffer(buffers + pairSize);
+  if (values.size() / cellSize < rows || (!validity.empty() && validity.size() < (rows + 7) / 8)) {
+    fail(columnText(column) + " has too few bytes for " + counted(rows, "row"));
+  }
+  for (std::size_t row = 0; row < rows; ++row) {
+    bool const present = isPresent(validity, row);
+    column.missing += present ? 0 : 1;
+    if (row >= mMostCells) continue;
+    auto const bits = present ? longWord(values.substr(row * cellSize)) : 0;
+    column.cells.push_back(present ? std::optional(std::bit_cast<double>(bits)) : std::nullopt);
+  }
+  auto const told = static_cast<std::uint64_t>(mMetadata.longNumber(node + 8));
+  if (told != column.missing) {
+    fail(columnText(column) + " lacks " + counted(column.missing, "value") + ", but says " + grouped(told));
+  }
 }
 
 }  // namespace
 
-ArrowStreams readArrowStreams(std::string_view bytes) {
+ArrowStreams readArrowStreams(std::string_view bytes, std::size_t mostCells) {
   ArrowStreams streams;
   try {
-    for (std::size_t at = 0; at < bytes.size();) streams.tables.push_back(readStream(Span(bytes, 0), at));
+    for (std::size_t at = 0; at < bytes.size();) {
+      StreamReader reader(Span(bytes, 0), at, mostCells);
+      streams.tables.push_back(reader.read());
+      at = reader.end();
+    }
   } catch (BadBytes const& bad) {
     streams.fault = ArrowFault{bad.offset, bad.text};
   }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -9,12 +8,21 @@
 
 namespace kestrel::tool {
 
+struct ArrowColumn {
+  std::string name;
+  /// As Arrow calls it.
+  std::string type;
+  std::size_t missing = 0;
+  /// Those of the first rows, as many as were asked for; nothing where one is missing.
+  std::vector<std::optional<double>> cells;
+};
+
 /// What one Arrow stream says of its table.
 struct ArrowTable {
-  /// Text of the metadata's key "source"; empty where there is none.
+  /// Text of the metadata's key "source".
   std::string source;
-  std::vector<std::string> columns;
-  std::int64_t rows = 0;
+  std::vector<ArrowColumn> columns;
+  std::size_t rows = 0;
 };
 
 struct ArrowFault {
@@ -28,8 +36,8 @@ struct ArrowStreams {
   std::optional<ArrowFault> fault;
 };
 
-/// Reads the frame of Arrow IPC streams that follow each other: the messages of each and the metadata in
-/// them, not the cells.
-ArrowStreams readArrowStreams(std::string_view bytes);
+/// Reads Arrow IPC streams that follow each other, as the data of a chart does: a schema of float64 columns,
+/// and one record batch that agrees with it. Takes no more than the cells of the first `mostCells` rows.
+ArrowStreams readArrowStreams(std::string_view bytes, std::size_t mostCells = 0);
 
 }  // namespace kestrel::tool

@@ -44,7 +44,8 @@ std::string imageName(Content const& content) {
 /// Writes the files of one send.
 class SendWriter {
  public:
-  SendWriter(Send const& send, std::filesystem::path folder) : mSend(&send), mFolder(std::move(folder)) {
+  SendWriter(Send const& send, std::filesystem::path folder, ByteBudget& budget)
+      : mSend(&send), mFolder(std::move(folder)), mBudget(&budget) {
     makeFolder(mFolder);
   }
 
@@ -62,8 +63,10 @@ class SendWriter {
     if (!name || content.isCut) return;
     auto const bytes = plainBytes(*mSend, content, type->form);
     if (!bytes) return;
-    mWritten.push_back(mNames.take(*name));
-    writeFile(mFolder / mWritten.back(), *bytes);
+    std::string const own = mNames.take(*name);
+    mBudget->take(ByteBudget::fileCost + bytes->size(), mFolder / own);
+    writeFile(mFolder / own, *bytes);
+    mWritten.push_back(own);
   }
 
   std::optional<std::string> fileName(Content const& content, ContentType const& type) const {
@@ -79,6 +82,7 @@ class SendWriter {
 
   Send const* mSend;
   std::filesystem::path mFolder;
+  ByteBudget* mBudget;
   NameList mNames;
   Content const* mBefore = nullptr;
   std::vector<std::string> mWritten;
@@ -86,13 +90,14 @@ class SendWriter {
 
 }  // namespace
 
-std::vector<std::string> extract(std::vector<Send> const& sends, std::filesystem::path const& folder) {
+std::vector<std::string> extract(std::vector<Send> const& sends, std::filesystem::path const& folder,
+                                 ByteBudget& budget) {
   makeFolder(folder);
-  if (sends.size() == 1) return SendWriter(sends.front(), folder).write();
+  if (sends.size() == 1) return SendWriter(sends.front(), folder, budget).write();
   std::vector<std::string> written;
   for (std::size_t at = 0; at < sends.size(); ++at) {
     std::filesystem::path const own = std::to_string(at + 1);
-    for (std::string const& name : SendWriter(sends[at], folder / own).write()) {
+    for (std::string const& name : SendWriter(sends[at], folder / own, budget).write()) {
       written.push_back((own / name).string());
     }
   }

@@ -53,10 +53,11 @@ bool runInspect(InspectRequest const& request) {
   std::string const bytes = readFile(request.capture);
   Inspection const inspection(bytes);
   std::vector<std::string> written;
-  if (!request.extract.empty()) written = extract(inspection.sends(), request.extract);
+  ByteBudget budget(ByteBudget::unlimited);
+  if (!request.extract.empty()) written = extract(inspection.sends(), request.extract, budget);
   tellFaults(request.capture, inspection.faults());
-  print(request.json ? jsonListing(request.capture, inspection, written)
-                     : textListing(request.capture, inspection));
+  print(request.json ? jsonListing(request.capture, inspection, request.cells, written)
+                     : textListing(request.capture, inspection, request.cells));
   return inspection.faults().empty();
 }
 

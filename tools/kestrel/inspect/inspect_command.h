@@ -2,6 +2,7 @@
 
 #include "capture_reader.h"
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -12,6 +13,8 @@ struct InspectRequest {
   /// The folder for the contents; empty for none.
   std::string extract;
   bool json = false;
+  /// Of how many rows of each data source the cells are shown.
+  std::size_t cells = 0;
   /// Another capture to compare with, instead of all that; empty for none.
   std::string other;
 };

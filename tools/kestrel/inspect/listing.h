@@ -20,11 +20,11 @@ struct ListedMessage {
 
 std::vector<ListedMessage> listMessages(Inspection const& inspection);
 
-/// The listing of a capture for a reader.
-std::string textListing(std::string const& name, Inspection const& inspection);
+/// The listing of a capture for a reader, with the cells of the first `mostCells` rows of each data source.
+std::string textListing(std::string const& name, Inspection const& inspection, std::size_t mostCells);
 
 /// The same for programs, with the files that were extracted.
-std::string jsonListing(std::string const& name, Inspection const& inspection,
+std::string jsonListing(std::string const& name, Inspection const& inspection, std::size_t mostCells,
                         std::vector<std::string> const& written);
 
 }  // namespace kestrel::tool

@@ -1,5 +1,6 @@
 #include "arrow_stream.h"
 #include "content_types.h"
+#include "data_listing.h"
 #include "listing.h"
 #include "order_rules.h"
 #include "problem.h"
@@ -54,19 +55,9 @@ std::string messageRow(ListedMessage const& listed) {
               std::to_string(message.chunkSize), listed.trailer, std::to_string(listed.total)});
 }
 
-std::string tableText(ArrowTable const& table) {
-  std::string text = table.source + " (" + counted(static_cast<std::size_t>(table.rows), "row");
-  for (std::string const& column : table.columns) text += ", " + column;
-  return text + ")";
-}
-
 /// What a send was, in a line.
 std::string sendText(Send const& send) {
   std::string text = kindOf(send) + ": " + counted(send.contents.size(), "content");
-  if (Content const* const data = send.find(Data)) {
-    for (ArrowTable const& table : readArrowStreams(data->bytes()).tables)
-      text += ", data " + tableText(table);
-  }
   constexpr std::size_t endRecordSize = 8;
   Content const* const done = send.find(Done);
   if (done != nullptr && done->size() == endRecordSize) {
@@ -74,16 +65,28 @@ std::string sendText(Send const& send) {
     text +=
         ", editable " + std::to_string(word(record)) + ", editor " + std::to_string(word(record.substr(4)));
   }
-  return printable(text) + "\n";
+  return text + "\n";
+}
+
+std::string dataText(Send const& send, std::size_t mostCells) {
+  std::string text;
+  for (Content const& content : send.contents) {
+    if (content.type() != Data) continue;
+    for (ArrowTable const& table : readArrowStreams(content.bytes(), mostCells).tables)
+      text += tableText(table);
+  }
+  return text;
 }
 
 }  // namespace
 
-std::string textListing(std::string const& name, Inspection const& inspection) {
+std::string textListing(std::string const& name, Inspection const& inspection, std::size_t mostCells) {
   std::string text = printable(name) + ": " + counted(inspection.messages().size(), "message") + "\n";
   if (!inspection.messages().empty()) text += headRow();
   for (ListedMessage const& listed : listMessages(inspection)) text += messageRow(listed);
-  for (Send const& send : inspection.sends()) text += sendText(send);
+  for (Send const& send : inspection.sends()) {
+    text += sendText(send) + dataText(send, mostCells);
+  }
   if (inspection.faults().empty()) text += "The capture keeps all rules.\n";
   return text;
 }

@@ -32,15 +32,20 @@ std::string stemOf(unsigned int number) {
 
 }  // namespace
 
-ChartFolder::ChartFolder(fs::path folder) : mFolder(std::move(folder)) { makeFolder(mFolder); }
+ChartFolder::ChartFolder(fs::path folder, std::size_t mostBytes)
+    : mFolder(std::move(folder)), mBudget(mostBytes) {
+  makeFolder(mFolder);
+}
 
 void ChartFolder::Chart::append(std::string_view bytes) {
+  mBudget->take(bytes.size(), mName);
   if (std::fwrite(bytes.data(), 1, bytes.size(), mFile.get()) != bytes.size()) throw notWritten(mName, errno);
   mSize += bytes.size();
 }
 
 ChartFolder::Chart ChartFolder::begin() {
-  Chart chart;
+  Chart chart(mBudget);
+  mBudget.take(ByteBudget::fileCost, mFolder);
   while (!chart.mFile) {
     chart.mStem = stemOf(++mLast);
     chart.mName = (mFolder / (chart.mStem + ".kcap")).string();
@@ -54,12 +59,12 @@ ChartFolder::Chart ChartFolder::begin() {
   return chart;
 }
 
-bool ChartFolder::finish(Chart chart) const {
+bool ChartFolder::finish(Chart chart) {
   if (std::fclose(chart.mFile.release()) != 0) throw notWritten(chart.mName, errno);
   std::string const bytes = readFile(chart.mName);
   Inspection const inspection(bytes);
   tellFaults(chart.mName, inspection.faults());
-  std::vector<std::string> const written = extract(inspection.sends(), mFolder / chart.mStem);
+  std::vector<std::string> const written = extract(inspection.sends(), mFolder / chart.mStem, mBudget);
   std::string const kind = inspection.sends().empty() ? "nothing" : kindOf(inspection.sends().front());
   print(printable(chart.mName) + ": " + kind + ", " + counted(inspection.messages().size(), "message") +
         ", " + counted(bytes.size(), "byte") + ", " + counted(written.size(), "file") +

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "byte_budget.h"
+
 #include <cstddef>
 #include <cstdio>
 #include <filesystem>
@@ -9,13 +11,17 @@
 
 namespace kestrel::tool {
 
-/// The folder in which received charts are put, each under a number that was free.
+/// The folder in which received charts are put, each under a number that was free. All that is written into
+/// it is taken from a budget; where that is too small a Problem is thrown, and what was written before is
+/// whole.
 class ChartFolder {
  public:
   /// Makes the folder. Throws a Problem where that fails.
-  explicit ChartFolder(std::filesystem::path folder);
+  ChartFolder(std::filesystem::path folder, std::size_t mostBytes);
+  ChartFolder(ChartFolder const&) = delete;
+  ChartFolder& operator=(ChartFolder const&) = delete;
 
-  /// A chart as it comes in: the capture of its messages.
+  /// A chart as it comes in: the capture of its messages. The folder must live longer.
   class Chart {
    public:
     /// Throws a Problem where it cannot be written.
@@ -28,6 +34,9 @@ class ChartFolder {
       void operator()(std::FILE* file) const { std::fclose(file); }
     };
 
+    explicit Chart(ByteBudget& budget) : mBudget(&budget) {}
+
+    ByteBudget* mBudget;
     std::string mStem;
     std::string mName;
     std::unique_ptr<std::FILE, Closer> mFile;
@@ -38,10 +47,11 @@ class ChartFolder {
 
   /// Closes the capture, checks it, takes its contents out into the folder of the same number, and tells the
   /// user. False where something is wrong with it.
-  bool finish(Chart chart) const;
+  bool finish(Chart chart);
 
  private:
   std::filesystem::path mFolder;
+  ByteBudget mBudget;
   unsigned int mLast = 0;
 };
 

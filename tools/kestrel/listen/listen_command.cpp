@@ -27,7 +27,7 @@ class Listening {
   explicit Listening(ListenRequest const& request)
       : mOnce(request.once),
         mLongestChart(request.limit << 20),
-        mFolder(request.output),
+        mFolder(request.output, request.mostBytes),
         mSocket(request.path) {
     print("listening on " + printable(request.path) + "\n");
   }

@@ -13,6 +13,8 @@ struct ListenRequest {
   bool once = false;
   /// How long a chart may be, in MiB.
   std::size_t limit = 256;
+  /// How many bytes all files together may take.
+  std::size_t mostBytes = std::size_t{4} << 30;
 };
 
 /// Receives charts on a unix socket until SIGINT or SIGTERM, or with `once` the charts of one connection.
