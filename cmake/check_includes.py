@@ -46,6 +46,8 @@ AREAS = (
      ("tests/golden/tools", "tests/support", "tools/kestrel")),
     (r"tests/(golden/gallery|arrow_reader)/", r"tests/\1", API | CONFIGURATION | SUPPORT | {"examples"},
      (r"tests/\1", "tests/support", "examples/gallery")),
+    (r"tests/soak/", "soak", API | CONFIGURATION | SUPPORT | {"tools"},
+     ("tests/soak", "tests/support", "tools/kestrel")),
     (r"tests/([^/]+)/", r"tests/\1", API | CONFIGURATION | SUPPORT, (r"tests/\1", "tests/support")),
 )
 
