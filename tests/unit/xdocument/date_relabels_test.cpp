@@ -346,6 +346,39 @@ TEST_F(DateTexts, LookNamesUpInTheTableOfCharts) {
   EXPECT_EQ(recorder.entries(Operation::SetProcedure).at(0).text("procedure"), "GRAPH");
 }
 
+/// Notes the position that each text is asked for with.
+class NotedPositions : public host::Texts {
+ public:
+  class Table : public host::TextTable {
+   public:
+    explicit Table(std::vector<unsigned long>& positions) : mPositions(positions) {}
+    void setProcedure(std::string const&) override {}
+    bool find(std::string const&, std::string&, unsigned long& index) override {
+      mPositions.push_back(index);
+      index = 7;
+      return true;
+    }
+
+   private:
+    std::vector<unsigned long>& mPositions;
+  };
+
+  std::unique_ptr<host::TextTable> open(std::string const&) override {
+    return std::make_unique<Table>(positions);
+  }
+
+  std::vector<unsigned long> positions;
+};
+
+TEST_F(DateTexts, LookEachNameUpFromTheStartOfTheTable) {
+  auto const texts = std::make_shared<NotedPositions>();
+  host::Host host = recorder.host();
+  host.texts = texts;
+  host::ScopedHost const scope(host);
+  names();
+  EXPECT_EQ(texts->positions, std::vector<unsigned long>(20, 0));
+}
+
 TEST_F(DateTexts, ReadNamesInTheLocalCodePageWhateverTheLanguage) {
   recorder.services().texts->texts["March"] = "März";
   for (char const* language : {"en", "de", "ru", "ja", "zh-tw"}) {

@@ -96,6 +96,12 @@ TEST_F(MapInfo, IsMadeOfTheTextsThatWereSetLast) {
   EXPECT_EQ(record(), "");
 }
 
+TEST_F(MapInfo, HasRoomForTheFourTextsAndAHundredBytesMore) {
+  document.setLUMOMap("regions", std::string(5000, 'm'));
+  document.setLUMORefMap("reference", std::string(3000, 'r'));
+  EXPECT_GE(record().capacity(), 7u + 5000u + 9u + 3000u + 100u);
+}
+
 TEST_F(MapInfo, AsksTheHostForNothing) {
   document.setLUMOMap("regions", "{map}");
   recorder.clear();

@@ -13,6 +13,7 @@
 
 #include <gmock/gmock.h>
 
+#include <filesystem>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -24,8 +25,10 @@ namespace {
 using host::Operation;
 using host::RecordedCell;
 using host::RecordedMessage;
+using ::testing::Each;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+using ::testing::StartsWith;
 
 /// A chart with a source and an attached file. Its puts are, in this order: description (1), its English form
 /// (2), size (3), compressed size (4) and text (5) of the chart, size (6) and stream (7) of the data, name
@@ -301,6 +304,29 @@ TEST_F(FailedSend, OfTheClearingIsHeldByTheOuterGuard) {
   recorder.throwAt(Operation::AddDataSource, 1, OrdinaryFailure());
   EXPECT_FALSE(document.SendChart(false, true, true));
   EXPECT_THAT(recorder.failures(), ElementsAre("Failed to send chart."));
+}
+
+/// The names of the sources that reports came from, without folders; a report without a line fails.
+std::vector<std::string> sourcesOfReports(host::Recorder const& recorder) {
+  std::vector<std::string> names;
+  for (host::Entry const& entry : recorder.entries(Operation::Error)) {
+    names.push_back(std::filesystem::path(entry.text("file")).filename());
+    EXPECT_GT(entry.number("line"), 0);
+  }
+  return names;
+}
+
+TEST_F(FailedSend, ReportsWhereItIsInTheSource) {
+  for (unsigned int put : {5U, 6U}) recorder.failAt(Operation::IpcPutC, put);
+  send();
+  EXPECT_THAT(sourcesOfReports(recorder), Each(StartsWith("xdocument")));
+  recorder.behave();
+  for (Operation const operation : {Operation::CompressString, Operation::IpcPutC}) {
+    recorder.clear();
+    recorder.throwAt(operation, 1, OrdinaryFailure());
+    send();
+    EXPECT_THAT(sourcesOfReports(recorder), ElementsAre(StartsWith("xdocument")));
+  }
 }
 
 TEST_F(FailedSend, DoesNotHoldAFailureOfItsOwnReport) {
