@@ -57,7 +57,7 @@ TEST_F(ChartOption, HistogramCountsTheRowsOfAColumn) {
               HasSubstr("<x variable=\"sourceVariable0\"/><binStatistic/><summaryStatistic method=\"10\"/>"));
   EXPECT_THAT(text, HasSubstr("<text>Count</text>"));
   EXPECT_THAT(text, Not(HasSubstr("<y variable")));
-  EXPECT_THAT(extract().out, HasSubstr("344 rows, sourceVariable0_SN)"));
+  EXPECT_THAT(extract().out, HasSubstr("data source0: 344 rows, 1 column\n"));
 }
 
 TEST_F(ChartOption, HistogramHasASummaryWithALineForEachFigure) {
