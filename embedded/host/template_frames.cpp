@@ -56,18 +56,28 @@ StyleSlots framesOfGraph(LumoGraph& graph) {
   return slots;
 }
 
-StyleSlots addToChart(LumoVisualization& chart, TemplateWriter& writer, std::size_t count) {
+/// As observers are told of a frame that is new.
+constexpr std::string_view toldName = "frame";
+
+StyleSlots addToChart(LumoVisualization& chart, TemplateWriter& writer, std::size_t count,
+                      TemplatePosition at) {
   StyleSlots slots;
   for (std::size_t added = 0; added < count; ++added) {
     LumoLabelFrame& frame = *chart.addLabelFrame(writer.uniqueId(framePrefix).xc_str());
     stretch(frame);
+    writer.tell(frame, toldName, "true", at);
     slots.push_back(slotOf(frame));
   }
   return slots;
 }
-StyleSlots addToGraph(LumoGraph& graph, std::size_t count) {
+StyleSlots addToGraph(LumoGraph& graph, TemplateWriter const& writer, std::size_t count,
+                      TemplatePosition at) {
   StyleSlots slots;
-  for (std::size_t added = 0; added < count; ++added) slots.push_back(slotOf(*graph.addFrameGuide()));
+  for (std::size_t added = 0; added < count; ++added) {
+    LumoFrameGuide& frame = *graph.addFrameGuide();
+    writer.tell(frame, toldName, "true", at);
+    slots.push_back(slotOf(frame));
+  }
   return slots;
 }
 
@@ -90,10 +100,12 @@ void addFrames(TemplatedChart const& chart, TemplateWriter& writer, TemplateNode
   if (instruction.get("type") == "visualization") {
     LumoVisualization& visualization = chart.visualization;
     places.push_back(styleOnly ? framesOfChart(visualization)
-                               : addToChart(visualization, writer, numberIn(count, 1)));
+                               : addToChart(visualization, writer, numberIn(count, 1), instruction.at));
   } else {
     for (TemplatedChart::Graph const& each : chart.graphs) {
-      places.push_back(styleOnly ? framesOfGraph(*each.graph) : addToGraph(*each.graph, numberIn(count, 1)));
+      LumoGraph& graph = *each.graph;
+      places.push_back(styleOnly ? framesOfGraph(graph)
+                                 : addToGraph(graph, writer, numberIn(count, 1), instruction.at));
     }
   }
   for (StyleSlots& frames : places) {

@@ -30,8 +30,10 @@ template <typename T>
 std::vector<T*> objectsOf(LumoBaseElement const& top, char16_t const* token) {
   xercesc::DOMNodeList const& list = *top.getImplementation()->getElementsByTagName(token);
   std::vector<T*> objects;
-  for (XMLSize_t at = 0; at < list.getLength(); ++at) {
-    if (T* const object = objectOf<T>(*list.item(at), token)) objects.push_back(object);
+  // Asking for the length sends the list back to its beginning.
+  xercesc::DOMNode const* node = list.item(0);
+  for (XMLSize_t at = 0; node != nullptr; node = list.item(++at)) {
+    if (T* const object = objectOf<T>(*node, token)) objects.push_back(object);
   }
   return objects;
 }

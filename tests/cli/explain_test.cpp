@@ -130,7 +130,7 @@ TEST_F(Explain, TellsOfOtherSettingsOfTicks) {
 TEST_F(Explain, TellsOfFramesThatATemplateMakes) {
   std::string const out =
       explainWith("<addFrame type=\"visualization\"><style color2=\"#333333\"/></addFrame>\n").out;
-  EXPECT_THAT(out, HasSubstr("\n  frame       true     t.xml"));
+  EXPECT_THAT(out, HasSubstr("\n  frame       true     t.xml:2:1\n"));
   EXPECT_THAT(out, HasSubstr("\n  color2      #333333  t.xml:2:32\n"));
 }
 
@@ -201,6 +201,22 @@ TEST_F(Explain, TellsAllInTheJsonToo) {
       (nlohmann::json{
           {{"value", "#111111"}, {"origin", "builder"}},
           {{"value", "#333333"}, {"origin", "template"}, {"file", "t.xml"}, {"line", 2}, {"column", 23}}}));
+}
+
+/// The chart of these tests with a prefix on each element.
+std::string prefixed(std::string chart) {
+  for (std::size_t at = chart.find('<'); at != std::string::npos; at = chart.find('<', at + 1)) {
+    if (chart[at + 1] != '?') chart.insert(at + (chart[at + 1] == '/' ? 2 : 1), "c:");
+  }
+  return chart.replace(chart.find("xmlns="), 6, "xmlns:c=");
+}
+
+TEST_F(Explain, TellsTheSameOfAChartWhoseElementsHaveAPrefix) {
+  std::string const plain = explain().out;
+  write("chart.xml", prefixed(describedChart));
+  EXPECT_EQ(explain().out, plain);
+  EXPECT_THAT(explainWith("<setLook part=\"chart\"><style color=\"#333333\"/></setLook>\n").out,
+              HasSubstr("\nstyle#pageStyle of visualization#page\n  color       #333333  t.xml:2:23\n"));
 }
 
 TEST_F(Explain, ReadsWhatTheGalleryWrites) {

@@ -141,6 +141,17 @@ TEST_F(FrameTest, TheNumberIsNoPropertyOfTheStyle) {
               ElementsAre("gCell color2=blue @2:41", "template_graph_cellStyle color2=blue @2:41"));
 }
 
+TEST_F(FrameTest, ObserversHearOfTheFramesThatAreAddedBeforeTheirLooks) {
+  apply(
+      "<addFrame type=\"visualization\" count=\"2\"/>\n"
+      "<addFrame type=\"graph\"><style color2=\"blue\"/></addFrame>");
+  EXPECT_THAT(writes->lines(),
+              ElementsAre("template_frame frame=true @2:1", "template_frame_1 frame=true @2:1",
+                          "frameGuide frame=true @3:1", "frameGuide frame=true @3:1",
+                          "template_frameGuide_style color2=blue @3:24",
+                          "template_frameGuide_style_1 color2=blue @3:24"));
+}
+
 TEST_F(FrameTest, LabelFramesWithATextAreNoFrames) {
   load(R"(<labelFrame id="template_frame"><label><text>T</text></label></labelFrame>)");
   apply(R"(<addFrame type="visualization" styleOnly="true"><style number="2" color2="blue"/></addFrame>)");

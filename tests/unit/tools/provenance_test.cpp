@@ -83,17 +83,17 @@ TEST_F(ProvenanceOfAChart, IsNotToldOfValuesThatAreGoneAgain) {
   EXPECT_TRUE(provenance->explain(chart).empty());
 }
 
-TEST_F(ProvenanceOfAChart, IsATemplateAsAWholeForAFrameThatItMadeWithoutALook) {
+TEST_F(ProvenanceOfAChart, IsThePlaceInTheTemplateForAFrameThatItMadeWithoutALook) {
   std::string const frame =
-      "<template xmlns=\"http://xml.vexa.example/software/analytics/vexa/xml/visualization\">"
-      "<addFrame type=\"visualization\"/></template>";
+      "<template xmlns=\"http://xml.vexa.example/software/analytics/vexa/xml/visualization\">\n"
+      "  <addFrame type=\"visualization\"/></template>";
   FollowedTemplates engine(provenance, {{"t.xml", frame}});
   auto const application = engine.start(chart, nullptr);
   ASSERT_TRUE(application->set(frame));
   application->apply();
-  EXPECT_THAT(text(false), HasSubstr("  frame  true  t.xml\n"));
+  EXPECT_THAT(text(false), HasSubstr("  frame  true  t.xml:2:3\n"));
   EXPECT_THAT(explanationJson({"c.xml", {}, explainElements(chart, *provenance)}, false),
-              HasSubstr("\"line\": null,\n          \"column\": null\n"));
+              HasSubstr("\"line\": 2,\n          \"column\": 3\n"));
 }
 
 TEST_F(ProvenanceOfAChart, NamesTheFirstOfTwoStylesOfOneIdAsTheOneInUse) {

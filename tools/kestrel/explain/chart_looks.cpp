@@ -27,10 +27,13 @@ constexpr std::array<std::u16string_view, 3> cycleReferences = {u"cycle", u"styl
 
 std::string utf8(char16_t const* text) { return ChartString(text).toUTF8(); }
 
-bool is(DOMElement const& element, std::u16string_view tag) {
+/// Without a prefix.
+char16_t const* tagOf(DOMElement const& element) {
   char16_t const* const local = element.getLocalName();
-  return tag == (local == nullptr ? element.getTagName() : local);
+  return local == nullptr ? element.getTagName() : local;
 }
+
+bool is(DOMElement const& element, std::u16string_view tag) { return tag == tagOf(element); }
 
 DOMElement const* childOf(DOMElement const& element, std::u16string_view tag) {
   DOMElement const* child = element.getFirstElementChild();
@@ -64,12 +67,12 @@ DOMElement const* next(DOMElement const& element) {
 }
 
 void addLooks(DOMElement const& element, std::vector<LookValue>& looks) {
-  bool const isStyle = is(element, styleName);
+  bool const ofStyle = isStyle(element);
   bool const isTicks = is(element, u"majorTicks");
-  if (isStyle || isTicks) {
+  if (ofStyle || isTicks) {
     forEachAttribute(element, [&](std::u16string_view name, char16_t const* value) {
       bool const isLook =
-          isStyle ? name != idName && !name.starts_with(u"xmlns") : contains(tickAttributes, name);
+          ofStyle ? name != idName && !name.starts_with(u"xmlns") : contains(tickAttributes, name);
       if (isLook) looks.push_back({&element, utf8(std::u16string(name).c_str()), utf8(value)});
     });
   }
@@ -82,24 +85,9 @@ void addLooks(DOMElement const& element, std::vector<LookValue>& looks) {
   if (isFrame) looks.push_back({&element, "frame", "true"});
 }
 
-/// A piece of a path: the tag with the id, or with the place where there are several of it.
-std::string stepOf(DOMElement const& element) {
-  std::string step = utf8(element.getTagName());
-  if (element.hasAttribute(idName)) return step + "#" + utf8(element.getAttribute(idName));
-  std::size_t place = 1;
-  bool isOnly = true;
-  DOMElement const* other = element.getPreviousElementSibling();
-  for (; other != nullptr; other = other->getPreviousElementSibling()) {
-    if (is(*other, element.getTagName())) ++place;
-  }
-  for (other = element.getNextElementSibling(); other != nullptr; other = other->getNextElementSibling()) {
-    if (is(*other, element.getTagName())) isOnly = false;
-  }
-  if (place > 1 || !isOnly) step += "[" + std::to_string(place) + "]";
-  return step;
-}
-
 }  // namespace
+
+bool isStyle(DOMElement const& element) { return is(element, styleName); }
 
 std::vector<LookValue> looksOf(LumoVisualization const& chart) {
   std::vector<LookValue> looks;
@@ -109,7 +97,7 @@ std::vector<LookValue> looksOf(LumoVisualization const& chart) {
 
 StyleUses::StyleUses(LumoVisualization const& chart) {
   for (DOMElement const* at = chart.getImplementation(); at != nullptr; at = next(*at)) {
-    if (is(*at, styleName) && at->hasAttribute(idName)) mStyles.emplace(at->getAttribute(idName), at);
+    if (isStyle(*at) && at->hasAttribute(idName)) mStyles.emplace(at->getAttribute(idName), at);
     forEachAttribute(*at, [&](std::u16string_view name, char16_t const* value) {
       bool const namesStyle =
           name == styleName || name.ends_with(u"Style") || contains(cycleReferences, name);
@@ -136,7 +124,33 @@ std::vector<StyleUse> StyleUses::of(DOMElement const& style) const {
   return uses;
 }
 
-std::string pathOf(DOMElement const& element) {
+ElementPaths::ElementPaths(LumoVisualization const& chart) {
+  for (DOMElement const* at = chart.getImplementation(); at != nullptr; at = next(*at)) count(*at);
+}
+
+void ElementPaths::count(DOMElement const& holder) {
+  struct Siblings {
+    DOMElement const* first;
+    std::size_t number;
+  };
+  std::map<std::u16string_view, Siblings> tags;
+  DOMElement const* child = holder.getFirstElementChild();
+  for (; child != nullptr; child = child->getNextElementSibling()) {
+    Siblings& siblings = tags.try_emplace(tagOf(*child), Siblings{child, 0}).first->second;
+    if (++siblings.number == 2 && !siblings.first->hasAttribute(idName)) mPlaces[siblings.first] = 1;
+    if (siblings.number > 1 && !child->hasAttribute(idName)) mPlaces[child] = siblings.number;
+  }
+}
+
+/// A piece of a path: the tag with the id, or with the place where there are several of it.
+std::string ElementPaths::stepOf(DOMElement const& element) const {
+  std::string const step = utf8(tagOf(element));
+  if (element.hasAttribute(idName)) return step + "#" + utf8(element.getAttribute(idName));
+  auto const place = mPlaces.find(&element);
+  return place == mPlaces.end() ? step : step + "[" + std::to_string(place->second) + "]";
+}
+
+std::string ElementPaths::of(DOMElement const& element) const {
   std::string path = stepOf(element);
   DOMElement const* at = &element;
   while (!at->hasAttribute(idName)) {

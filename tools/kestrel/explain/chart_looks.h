@@ -4,6 +4,7 @@
 
 #include <map>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 class LumoVisualization;
@@ -17,6 +18,8 @@ struct LookValue {
   std::string name;
   std::string value;
 };
+
+bool isStyle(xercesc::DOMElement const& element);
 
 /// All of them in document order: the attributes of styles and of ticks, gridlines, and frames without a
 /// text.
@@ -43,8 +46,21 @@ class StyleUses {
   std::map<std::u16string, std::vector<StyleUse>> mUses;
 };
 
-/// "label#axis_title", or from the nearest element around it that has an id:
-/// "coordinates#coordinates0/dimension[2]/axis/majorTicks".
-std::string pathOf(xercesc::DOMElement const& element);
+/// What the elements of a chart are called. The chart must stay as it is.
+class ElementPaths {
+ public:
+  explicit ElementPaths(LumoVisualization const& chart);
+
+  /// "label#axis_title", or from the nearest element around it that has an id:
+  /// "coordinates#coordinates0/dimension[2]/axis/majorTicks". Without prefixes of namespaces.
+  std::string of(xercesc::DOMElement const& element) const;
+
+ private:
+  void count(xercesc::DOMElement const& holder);
+  std::string stepOf(xercesc::DOMElement const& element) const;
+
+  /// Of an element without an id, from 1, where the same holder has several of its tag.
+  std::unordered_map<xercesc::DOMElement const*, std::size_t> mPlaces;
+};
 
 }  // namespace kestrel::tool

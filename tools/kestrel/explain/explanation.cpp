@@ -19,7 +19,6 @@ char const* nameOf(Origin const& origin) { return kindNames[static_cast<std::siz
 
 std::string originText(Origin const& origin) {
   if (origin.kind != Origin::Kind::Template) return nameOf(origin);
-  if (origin.line == 0) return origin.file;
   return origin.file + ":" + std::to_string(origin.line) + ":" + std::to_string(origin.column);
 }
 
@@ -73,8 +72,8 @@ Json givenJson(GivenValue const& given) {
   Json json = {{"origin", nameOf(given.origin)}};
   if (given.origin.kind == Origin::Kind::Template) {
     json["file"] = given.origin.file;
-    json["line"] = given.origin.line == 0 ? Json(nullptr) : Json(given.origin.line);
-    json["column"] = given.origin.line == 0 ? Json(nullptr) : Json(given.origin.column);
+    json["line"] = given.origin.line;
+    json["column"] = given.origin.column;
   }
   return json;
 }
@@ -111,15 +110,15 @@ Json elementJson(ExplainedElement const& element, bool all) {
 
 std::vector<ExplainedElement> explainElements(LumoVisualization const& chart, Provenance const& provenance) {
   StyleUses const styleUses(chart);
+  ElementPaths const paths(chart);
   std::vector<ExplainedElement> elements;
   xercesc::DOMElement const* before = nullptr;
   for (Provenance::Explained& value : provenance.explain(chart)) {
     xercesc::DOMElement const& element = *value.element;
     if (&element != before) {
-      bool const isStyle = std::u16string_view(element.getNodeName()) == u"style";
-      elements.push_back({pathOf(element), isStyle, {}, {}});
+      elements.push_back({paths.of(element), isStyle(element), {}, {}});
       for (StyleUse const& use : styleUses.of(element))
-        elements.back().uses.push_back({pathOf(*use.user), use.attribute});
+        elements.back().uses.push_back({paths.of(*use.user), use.attribute});
     }
     before = &element;
     elements.back().values.push_back(std::move(value));

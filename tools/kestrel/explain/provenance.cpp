@@ -9,7 +9,6 @@ namespace kestrel::tool {
 
 namespace {
 
-constexpr char const* frameName = "frame";
 constexpr char const* gridlineName = "gridline";
 
 }  // namespace
@@ -25,14 +24,6 @@ void Provenance::noteBuilder(LumoVisualization const& chart) { note(chart, {Orig
 
 void Provenance::noteDefaultLooks(LumoVisualization const& chart) {
   note(chart, {Origin::Kind::DefaultLooks, {}});
-}
-
-void Provenance::noteFrames(LumoVisualization const& chart) {
-  for (LookValue const& look : looksOf(chart)) {
-    if (look.name != frameName) continue;
-    std::vector<GivenValue>& given = mGiven[look.element][look.name];
-    if (given.empty()) given.push_back({{Origin::Kind::Template, mFile->path}, look.value});
-  }
 }
 
 void Provenance::written(host::TemplateWrite const& write) {
@@ -67,20 +58,16 @@ std::vector<GivenValue> Provenance::givenOf(LookValue const& look) const {
 class FollowedTemplates::Application : public host::TemplateApplication {
  public:
   Application(FollowedTemplates& engine, LumoVisualization& working, LumoVisualization* baseline)
-      : mEngine(engine), mWorking(working), mApplication(engine.mEngine.start(working, baseline)) {}
+      : mEngine(engine), mApplication(engine.mEngine.start(working, baseline)) {}
 
   bool set(std::string const& xml) override {
     mEngine.mProvenance->begin(mEngine.mFiles.at(mEngine.mNext++));
     return mApplication->set(xml);
   }
-  void apply() override {
-    mApplication->apply();
-    mEngine.mProvenance->noteFrames(mWorking);
-  }
+  void apply() override { mApplication->apply(); }
 
  private:
   FollowedTemplates& mEngine;
-  LumoVisualization& mWorking;
   std::unique_ptr<host::TemplateApplication> mApplication;
 };
 

@@ -22,7 +22,7 @@ struct Origin {
   enum class Kind { Builder, DefaultLooks, Template };
 
   Kind kind;
-  /// Of a template. A line of 0 stands for the template as a whole.
+  /// Of a template: where the tag begins that says so.
   std::string file;
   unsigned int line = 0;
   unsigned int column = 0;
@@ -42,8 +42,6 @@ class Provenance : public host::TemplateObserver {
   void noteDefaultLooks(LumoVisualization const& chart);
   /// What is written from now on, this template writes. It must outlive its use.
   void begin(TemplateFile const& file) { mFile = &file; }
-  /// Frames that the chart has now and had not before, the template made.
-  void noteFrames(LumoVisualization const& chart);
 
   void written(host::TemplateWrite const& write) override;
   void copied(LumoStyle const& from, LumoStyle const& to) override;

@@ -14,9 +14,10 @@ class TemplateShelf;
 
 /// One value that a template has written into a chart.
 struct TemplateWrite {
-  /// The element that has the value now: a style, or the ticks of an axis.
+  /// The element that has the value now: a style, the ticks of an axis, or a frame.
   LumoBaseElement const& element;
-  /// An attribute of the element, or `gridline` for the ticks that won ("true") or lost ("false") one.
+  /// An attribute of the element, `gridline` for the ticks that won ("true") or lost ("false") one, or
+  /// `frame` for a frame that was added ("true").
   std::string attribute;
   std::string value;
   /// The whole text of the template, as it was given.
