@@ -2,8 +2,9 @@
 
 #include "frame_roles.h"
 #include "label_height.h"
+#include "length_units.h"
 
-#include "kestrelhost/chart_services.h"
+#include "model/chartstring.h"
 #include "model/document.h"
 #include "model/graph.h"
 #include "model/tokens.h"
@@ -29,8 +30,10 @@ namespace {
 constexpr char16_t mark[] = u"packed_";
 
 bool isOwn(LumoLocation const& location) {
-  char16_t const* const id = location.getId();
-  return id != nullptr && std::u16string_view(id).rfind(mark, 0) == 0;
+  std::u16string_view const id(location.getId() != nullptr ? location.getId() : u"");
+  constexpr std::size_t stem = std::size(mark) - 1;
+  return id.starts_with(mark) && id.size() > stem &&
+         id.find_first_not_of(u"0123456789", stem) == std::u16string_view::npos;
 }
 
 /// By somebody else than this layout.
@@ -48,9 +51,20 @@ void takeLocationsBack(std::vector<Part*> const& parts) {
   }
 }
 
-/// Writes locations and numbers them through the chart.
+template <typename Part>
+bool hasOwn(std::vector<Part*> const& parts) {
+  return std::any_of(parts.begin(), parts.end(), [](Part const* part) {
+    auto const locations = part->getLocations();
+    return std::any_of(locations.begin(), locations.end(),
+                       [](LumoLocation const* each) { return isOwn(*each); });
+  });
+}
+
+/// Writes locations and numbers them through the chart. Numbers whose id somebody else has are left out.
 class Locations {
  public:
+  explicit Locations(LumoVisualization const& visualization) : mVisualization(visualization) {}
+
   template <typename Part>
   void setValue(Part& part, LumoLocation::ENUM_part side, char const* value) {
     add(part, side, LumoLocation::MethodValue).setValue(ChartString(value).xc_str());
@@ -64,20 +78,29 @@ class Locations {
     add(part, side, LumoLocation::Method3).setTarget(frame);
   }
 
-  bool any() const { return mCount > 0; }
+  bool any() const { return mLastNumber > 0; }
 
  private:
   template <typename Part>
   LumoLocation& add(Part& part, LumoLocation::ENUM_part side, LumoLocation::ENUM_method method) {
+    ChartString const id = freeId();
     LumoLocation& location = *part.addLocation(side);
-    ChartString id(mark);
-    id.append(++mCount);
     location.setId(id.xc_str());
     location.setMethod(method);
     return location;
   }
 
-  unsigned long mCount = 0;
+  ChartString freeId() {
+    ChartString id;
+    do {
+      id.assign(mark);
+      id.append(++mLastNumber);
+    } while (mVisualization.doesIdExist(id.xc_str()));
+    return id;
+  }
+
+  LumoVisualization const& mVisualization;
+  unsigned long mLastNumber = 0;
 };
 
 // --- The parts of a page
@@ -112,11 +135,22 @@ class Pages {
   }
 
   void makeTarget(LumoLabelFrame& frame, FrameRole role) {
-    if (!ChartString(frame.getId()).empty()) return;
-    frame.setId(UsualChartTexts().createUniqueId(FrameRoles::idOf(role), mVisualization).xc_str());
+    if (ChartString(frame.getId()).empty()) frame.setId(freeId(role).xc_str());
   }
 
  private:
+  /// As UsualChartTexts has it, but without trying again what an earlier frame of the role has taken.
+  ChartString freeId(FrameRole role) {
+    ChartString const usual(FrameRoles::idOf(role));
+    ChartString id(usual);
+    while (mVisualization.doesIdExist(id.xc_str())) {
+      id = usual;
+      id.append(u'_');
+      id.append(++mLastNumbers[role]);
+    }
+    return id;
+  }
+
   void collect(xercesc::DOMElement const& holder) {
     Page page;
     for (auto const* child = holder.getFirstElementChild(); child != nullptr;
@@ -137,6 +171,7 @@ class Pages {
   LumoVisualization& mVisualization;
   std::vector<Page> mPages;
   std::map<ChartString, LumoLabelFrame const*> mFirstOfId;
+  std::map<FrameRole, unsigned long> mLastNumbers;
 };
 
 // --- The frames of a page
@@ -166,36 +201,76 @@ std::optional<double> valueOf(LumoLabelFrame const& frame, LumoLocation::ENUM_pa
   return std::nullopt;
 }
 
+bool hasSide(LumoLabelFrame const& frame, LumoLocation::ENUM_part side) {
+  auto const locations = frame.getLocations();
+  return std::any_of(locations.begin(), locations.end(),
+                     [side](LumoLocation const* each) { return each->getPart() == side; });
+}
+
 /// Where a fixed frame lies, if that can be told without the size of the page.
 std::optional<Band> bandOf(Stacked const& fixed) {
-  std::optional<double> const top = valueOf(*fixed.frame, LumoLocation::PartTop);
-  std::optional<double> const bottom = valueOf(*fixed.frame, LumoLocation::PartBottom);
-  double const height = valueOf(*fixed.frame, LumoLocation::PartHeight).value_or(fixed.height);
-  if (top) return Band{*top, bottom.value_or(*top + height)};
-  if (bottom) return Band{*bottom - height, *bottom};
+  LumoLabelFrame const& frame = *fixed.frame;
+  std::optional<double> const top = valueOf(frame, LumoLocation::PartTop);
+  std::optional<double> const bottom = valueOf(frame, LumoLocation::PartBottom);
+  std::optional<double> const height = valueOf(frame, LumoLocation::PartHeight);
+  // What is no title may be a text across the page or over the data, which is no line to keep clear of.
+  if (fixed.place.role == FrameRole::Other) {
+    bool const isKnown = (top || !hasSide(frame, LumoLocation::PartTop)) &&
+                         (bottom || !hasSide(frame, LumoLocation::PartBottom)) &&
+                         (height || !hasSide(frame, LumoLocation::PartHeight));
+    if (!isKnown) return std::nullopt;
+  }
+  double const room = height.value_or(fixed.height);
+  if (top) return Band{*top, bottom.value_or(*top + room)};
+  if (bottom) return Band{*bottom - room, *bottom};
   return std::nullopt;
 }
 
-/// The least top from `from` on at which a frame of that height touches no band.
-int freeTop(std::vector<Band> const& bands, int from, int height) {
-  int top = from;
-  for (Band const& band : bands) {
-    if (top < band.bottom && top + height > band.top) top = static_cast<int>(std::ceil(band.bottom));
+/// Looks for room from the top to the bottom of a page.
+class FreeRoom {
+ public:
+  void take(Band const& band) { mBands.push_back(band); }
+  void sort() {
+    std::sort(mBands.begin(), mBands.end(),
+              [](Band const& left, Band const& right) { return left.top < right.top; });
   }
-  return top;
-}
 
-/// Does a fixed frame lie on another one, or for null at the end of the page?
-bool liesOn(LumoLabelFrame const& frame, LumoLabelFrame const* other) {
+  /// The least top from `from` on at which a frame of that height touches no band. No call may begin above
+  /// the one before it.
+  int topFrom(int from, int height) {
+    int top = from;
+    for (; mPassed < mBands.size(); ++mPassed) {
+      Band const& band = mBands[mPassed];
+      if (top >= band.bottom) continue;
+      if (top + height <= band.top) break;
+      top = static_cast<int>(std::ceil(band.bottom));
+    }
+    return top;
+  }
+
+ private:
+  std::vector<Band> mBands;
+  std::size_t mPassed = 0;
+};
+
+/// Where a fixed frame ends: at the end of the page, or on another frame.
+struct Rest {
+  bool isEnd = false;
+  ChartString frame;
+};
+
+Rest restOf(LumoLabelFrame const& frame) {
+  Rest rest;
+  bool hasValue = false;
   for (LumoLocation const* location : frame.getLocations()) {
     if (location->getPart() != LumoLocation::PartBottom) continue;
-    ChartString const value(location->getAttribute(u"value"));
-    ChartString const target(location->getAttribute(u"target"));
-    if (location->getMethod() == LumoLocation::MethodValue && other == nullptr) return value.equals(u"100%");
-    if (location->getMethod() == LumoLocation::Method3 && other != nullptr)
-      return target.equals(other->getId());
+    bool const isFirstValue = location->getMethod() == LumoLocation::MethodValue && !hasValue;
+    if (isFirstValue) rest.isEnd = ChartString(location->getAttribute(u"value")).equals(u"100%");
+    hasValue = hasValue || isFirstValue;
+    bool const isFirstTarget = location->getMethod() == LumoLocation::Method3 && rest.frame.empty();
+    if (isFirstTarget) rest.frame.assign(location->getAttribute(u"target"));
   }
-  return false;
+  return rest;
 }
 
 class PageLayout {
@@ -219,20 +294,19 @@ class PageLayout {
   static bool isOnTop(Stacked const& stacked) { return stacked.place.role <= FrameRole::Subtitle; }
 
   void add(LumoLabelFrame& frame, FrameRoles const& roles) {
-    std::optional<FramePlace> const place = roles.of(frame);
-    int const height = place ? heightOf(frame) : 0;
-    if (height > 0) mStack.push_back({&frame, *place, height, isPlaced(frame)});
+    int const height = heightOf(frame);
+    if (height > 0) mStack.push_back({&frame, roles.of(frame), height, isPlaced(frame)});
   }
 
-  std::vector<Band> fixedBands() const {
-    std::vector<Band> bands;
+  template <typename Condition>
+  FreeRoom roomBeside(Condition const& counts) const {
+    FreeRoom room;
     for (Stacked const& each : mStack) {
-      std::optional<Band> const band = each.fixed ? bandOf(each) : std::nullopt;
-      if (band) bands.push_back(*band);
+      std::optional<Band> const band = each.fixed && counts(each) ? bandOf(each) : std::nullopt;
+      if (band) room.take(*band);
     }
-    std::sort(bands.begin(), bands.end(),
-              [](Band const& left, Band const& right) { return left.top < right.top; });
-    return bands;
+    room.sort();
+    return room;
   }
 
   void setWidth(LumoLabelFrame& frame) {
@@ -242,33 +316,48 @@ class PageLayout {
 
   /// Says where the stack ends.
   int stackFromTop() {
-    std::vector<Band> const bands = fixedBands();
+    FreeRoom room = roomBeside([](Stacked const&) { return true; });
     int end = 0;
     for (Stacked const& each : mStack) {
       if (each.fixed || !isOnTop(each)) continue;
-      int const top = freeTop(bands, end, each.height);
+      int const top = room.topFrom(end, each.height);
       setWidth(*each.frame);
       mLocations.setPixels(*each.frame, LumoLocation::PartTop, top);
       mLocations.setPixels(*each.frame, LumoLocation::PartHeight, each.height);
       end = std::min(top + each.height, farthest);
     }
-    return freeTop(bands, end, 1);
+    // Somebody who places a text without a role may well want it over the data.
+    return roomBeside([](Stacked const& each) { return each.place.role != FrameRole::Other; })
+        .topFrom(end, 1);
+  }
+
+  /// What is no footnote and begins at a place of its own is no line at the end of the page.
+  bool canBeFloor(Stacked const& stacked) const {
+    bool const isLine =
+        stacked.place.role != FrameRole::Other || !hasSide(*stacked.frame, LumoLocation::PartTop);
+    return stacked.fixed && isLine && mPages.canBeTarget(*stacked.frame);
   }
 
   /// The fixed frame that others can lie on, the last of those that lie at the end of the page.
   LumoLabelFrame* fixedFloor() {
+    Stacked const* next = nullptr;
+    std::map<ChartString, Stacked const*> lyingOn;
+    for (Stacked const& each : mStack) {
+      if (!canBeFloor(each)) continue;
+      Rest const rest = restOf(*each.frame);
+      if (rest.isEnd && next == nullptr) {
+        next = &each;
+      } else if (!rest.frame.empty()) {
+        lyingOn.emplace(rest.frame, &each);
+      }
+    }
     LumoLabelFrame* floor = nullptr;
-    std::vector<Stacked> left;
-    std::copy_if(mStack.begin(), mStack.end(), std::back_inserter(left),
-                 [this](Stacked const& each) { return each.fixed && mPages.canBeTarget(*each.frame); });
-    for (bool found = true; found;) {
-      auto const next = std::find_if(left.begin(), left.end(),
-                                     [&](Stacked const& each) { return liesOn(*each.frame, floor); });
-      found = next != left.end();
-      if (!found) break;
+    while (next != nullptr) {
       floor = next->frame;
       mPages.makeTarget(*floor, next->place.role);
-      left.erase(next);
+      auto const found = lyingOn.find(ChartString(floor->getId()));
+      next = found != lyingOn.end() ? found->second : nullptr;
+      if (next != nullptr) lyingOn.erase(found);
     }
     return floor;
   }
@@ -329,9 +418,17 @@ bool StackedFrames::pack(LumoVisualization& visualization, LumoDocument*) {
     takeLocationsBack(page.legends);
     takeLocationsBack(page.containers);
   }
-  Locations locations;
+  Locations locations(visualization);
   for (Page const& page : pages.all()) PageLayout(page, pages, roles, locations).run();
   return locations.any();
+}
+
+void StackedFrames::refit(LumoVisualization& visualization) {
+  Pages const pages(visualization);
+  bool const isPacked = std::any_of(pages.all().begin(), pages.all().end(), [](Page const& page) {
+    return hasOwn(page.frames) || hasOwn(page.graphs) || hasOwn(page.legends) || hasOwn(page.containers);
+  });
+  if (isPacked) pack(visualization, nullptr);
 }
 
 }  // namespace kestrel::host

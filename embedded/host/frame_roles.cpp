@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <charconv>
 #include <iterator>
+#include <optional>
 #include <string>
 
 namespace kestrel::host {
@@ -30,6 +31,8 @@ constexpr KnownRole knownRoles[] = {
     {FrameRole::Footnote3, LumoLabel::PurposeFootnote3, &LumoExtensionVis::getFootnote3,
      ChartBase::_frame_footnote_3},
 };
+
+constexpr char16_t otherId[] = u"frame_other_1";
 
 template <typename Condition>
 std::optional<FramePlace> firstRole(Condition const& condition) {
@@ -64,23 +67,24 @@ FrameRoles::FrameRoles(LumoVisualization const& visualization) {
   }
 }
 
-std::optional<FramePlace> FrameRoles::of(LumoLabelFrame const& frame) const {
+FramePlace FrameRoles::of(LumoLabelFrame const& frame) const {
   auto const recorded = mRecorded.find(&frame);
   if (recorded != mRecorded.end()) return recorded->second;
   if (LumoLabel const* const label = frame.getLabel()) {
     auto const place =
         firstRole([&](KnownRole const& known) { return known.purpose == label->getPurpose(); });
-    if (place) return place;
+    if (place) return *place;
   }
   ChartString const id(frame.getId());
   auto const place = firstRole([&](KnownRole const& known) { return id.equals(known.id); });
-  return place ? place : summaryById(id);
+  return place ? *place : summaryById(id).value_or(FramePlace{FrameRole::Other});
 }
 
 char16_t const* FrameRoles::idOf(FrameRole role) {
   auto const* const found = std::find_if(std::begin(knownRoles), std::end(knownRoles),
                                          [&](KnownRole const& known) { return known.role == role; });
-  return found != std::end(knownRoles) ? found->id : ChartBase::_frame_statistics_summary_1;
+  if (found != std::end(knownRoles)) return found->id;
+  return role == FrameRole::Other ? otherId : ChartBase::_frame_statistics_summary_1;
 }
 
 }  // namespace kestrel::host

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <map>
-#include <optional>
 
 class LumoLabelFrame;
 class LumoVisualization;
@@ -9,7 +8,17 @@ class LumoVisualization;
 namespace kestrel::host {
 
 /// What a label frame is to a reader, in the order of reading.
-enum class FrameRole { Title1, Title2, Subtitle, StatisticsSummary, Footnote1, Footnote2, Footnote3 };
+enum class FrameRole {
+  Title1,
+  Title2,
+  Subtitle,
+  StatisticsSummary,
+  Footnote1,
+  Footnote2,
+  Footnote3,
+  /// None of these.
+  Other
+};
 
 struct FramePlace {
   FrameRole role;
@@ -27,8 +36,7 @@ class FrameRoles {
  public:
   explicit FrameRoles(LumoVisualization const& visualization);
 
-  /// Nothing for a frame without a role.
-  std::optional<FramePlace> of(LumoLabelFrame const& frame) const;
+  FramePlace of(LumoLabelFrame const& frame) const;
 
   /// The id that frames of that role usually have.
   static char16_t const* idOf(FrameRole role);

@@ -1,22 +1,20 @@
 #include "label_height.h"
 
+#include "length_units.h"
+#include "template_chart.h"
+
 #include "model/chartstring.h"
-#include "model/labels.h"
-#include "model/style.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
-#include <string>
+#include <optional>
 #include <vector>
 
 namespace kestrel::host {
 
 namespace {
 
-constexpr double pixelsPerInch = 96.0;
-constexpr double pixelsPerPoint = pixelsPerInch / 72.0;
-constexpr double usualFontSize = 12.0 * pixelsPerPoint;
+constexpr double usualFontSize = pixelsPerInch / 6.0;
 constexpr double smallestFontSize = 1.0;
 constexpr double largestFontSize = 2000.0;
 /// From one line to the next, and what is left free above and below all of them, in font sizes.
@@ -25,46 +23,12 @@ constexpr double margins = 0.5;
 /// Of a text that nobody means to be read.
 constexpr unsigned long mostLines = 1'000;
 
-struct Unit {
-  char const* name;
-  double pixels;
-};
-constexpr Unit units[] = {{"px", 1.0},
-                          {"", 1.0},
-                          {"pt", pixelsPerPoint},
-                          {"in", pixelsPerInch},
-                          {"cm", pixelsPerInch / 2.54},
-                          {"mm", pixelsPerInch / 25.4}};
-
-struct Length {
-  double number;
-  std::string unit;
-};
-
-std::optional<Length> lengthOf(char16_t const* text) {
-  ChartString trimmed(text);
-  trimmed.trimSpaces(true);
-  std::string const length = trimmed.toUTF8();
-  Length result{};
-  auto const [end, error] = std::from_chars(length.data(), length.data() + length.size(), result.number);
-  if (error != std::errc() || !std::isfinite(result.number)) return std::nullopt;
-  result.unit = std::string(end, length.data() + length.size());
-  return result;
-}
-
-std::optional<double> pixelsOf(Length const& length) {
-  if (length.unit == "%" && length.number == 0.0) return 0.0;
-  auto const* const unit = std::find_if(std::begin(units), std::end(units),
-                                        [&](Unit const& known) { return length.unit == known.name; });
-  return unit != std::end(units) ? std::optional<double>(length.number * unit->pixels) : std::nullopt;
-}
-
 std::optional<double> fontSizeOf(LumoStyle const* style) {
   if (style == nullptr) return std::nullopt;
   std::optional<Length> const length = lengthOf(style->getAttribute(u"font_size"));
   if (!length || length->number <= 0.0) return std::nullopt;
-  if (length->unit == "%") return usualFontSize * length->number / 100.0;
-  return pixelsOf(*length);
+  double const unit = length->pixelsPerUnit != 0.0 ? length->pixelsPerUnit : usualFontSize / 100.0;
+  return length->number * unit;
 }
 
 /// The label's own style counts before that of its frame.
@@ -111,17 +75,21 @@ unsigned long linesOf(LumoLabel const& label) {
 
 }  // namespace
 
-std::optional<double> pixelsOf(char16_t const* length) {
-  std::optional<Length> const known = lengthOf(length);
-  return known ? pixelsOf(*known) : std::nullopt;
-}
-
 int heightOf(LumoLabelFrame const& frame) {
   LumoLabel const* const label = frame.getLabel();
   unsigned long const lines = label != nullptr ? linesOf(*label) : 0;
   if (lines == 0) return 0;
   double const height = fontSizeOf(frame, *label) * (static_cast<double>(lines) * lineDistance + margins);
   return static_cast<int>(std::ceil(height - 1e-6));  // What rounding put on top is no pixel.
+}
+
+std::vector<int> heightsOfLabels(LumoVisualization& chart) {
+  std::vector<int> heights;
+  forEachElement(chart, [&heights](LumoBaseElement const& object) {
+    auto const* const frame = dynamic_cast<LumoLabelFrame const*>(&object);
+    if (frame != nullptr && frame->getLabel() != nullptr) heights.push_back(heightOf(*frame));
+  });
+  return heights;
 }
 
 }  // namespace kestrel::host

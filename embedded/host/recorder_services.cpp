@@ -291,6 +291,7 @@ class RecordedFrameLayout : public Recorded<FrameLayout> {
     return noted(Operation::PackFrames, {{"baseline", baseline != nullptr}}) &&
            inner().pack(visualization, baseline);
   }
+  void refit(LumoVisualization& visualization) override { inner().refit(visualization); }
 };
 
 class RecordedDataDump : public Recorded<DataDump> {

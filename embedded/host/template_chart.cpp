@@ -3,7 +3,6 @@
 #include "frame_roles.h"
 
 #include <array>
-#include <optional>
 #include <string_view>
 
 using xercesc::DOMElement;
@@ -39,9 +38,7 @@ bool isNamed(DOMElement const& element, char16_t const* name) {
 }
 
 FrameUse useOf(FrameRoles const& roles, LumoLabelFrame const& frame) {
-  std::optional<FramePlace> const place = roles.of(frame);
-  if (!place) return FrameUse::Other;
-  switch (place->role) {
+  switch (roles.of(frame).role) {
     case FrameRole::Title1:
     case FrameRole::Title2:
       return FrameUse::Title;
@@ -52,9 +49,11 @@ FrameUse useOf(FrameRoles const& roles, LumoLabelFrame const& frame) {
     case FrameRole::Footnote1:
     case FrameRole::Footnote2:
     case FrameRole::Footnote3:
+      return FrameUse::Footnote;
+    case FrameRole::Other:
       break;
   }
-  return FrameUse::Footnote;
+  return FrameUse::Other;
 }
 
 bool isInSpace(LumoGraph const& graph) {
@@ -78,7 +77,8 @@ std::string_view roleOf(LumoDimension const& dimension) {
   static constexpr std::array<std::string_view, 3> roles = {"x", "y", "z"};
   std::size_t place = 0;
   DOMElement const* element = dimension.getImplementation()->getPreviousElementSibling();
-  for (; element != nullptr; element = element->getPreviousElementSibling()) {
+  // No further than there are roles: a chart may have very many dimensions.
+  for (; element != nullptr && place < roles.size(); element = element->getPreviousElementSibling()) {
     if (isNamed(*element, LumoDimension::getElementName()) ||
         isNamed(*element, LumoDimensionReference::getElementName())) {
       ++place;

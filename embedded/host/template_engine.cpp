@@ -1,5 +1,6 @@
 #include "kestrelhost/template_engine.h"
 
+#include "label_height.h"
 #include "template_chart.h"
 #include "template_cycles.h"
 #include "template_elements.h"
@@ -168,9 +169,12 @@ class XmlTemplate : public TemplateApplication {
     if (mTemplate == nullptr || mTemplate->instructions.empty()) return;
     // An observer that sets another template must not take this one away.
     std::shared_ptr<SoundTemplate const> const applied = mTemplate;
+    std::vector<int> const heights = heightsOfLabels(mChart);
     Work work{TemplatedChart(mChart), TemplateWriter(mChart, applied->text, mObserver.get())};
     for (TemplateNode const& node : applied->instructions) instructionOf(node).prepare(work, node);
     for (TemplateNode const& node : applied->instructions) instructionOf(node).apply(work, node);
+    // Frames may have been packed already, for the fonts that they had then.
+    if (heightsOfLabels(mChart) != heights) Host::current().frameLayout->refit(mChart);
   }
 
  private:

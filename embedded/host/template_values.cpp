@@ -2,6 +2,7 @@
 
 #include "template_values.h"
 
+#include "length_units.h"
 #include "template_elements.h"
 #include "template_parts.h"
 
@@ -52,13 +53,6 @@ bool isShare(std::string_view text) {
   return text.substr(0, point) == "0" || point == 0;
 }
 
-std::string_view withoutUnit(std::string_view text) {
-  for (std::string_view const unit : {"px", "pt", "cm", "in", "%"}) {
-    if (text.ends_with(unit)) return text.substr(0, text.size() - unit.size());
-  }
-  return text;
-}
-
 bool isLength(std::string_view text) { return isNumber(withoutUnit(text)); }
 
 bool isDashLengths(std::string_view text) {
@@ -97,7 +91,7 @@ constexpr ValueRule oneOf(Names (*names)()) { return {names, nullptr, {}, {}}; }
 ValueRule const anyText          {nullptr, isAny, {}, {}};
 ValueRule const aWord            {nullptr, isWord,        "no word",                "write letters only"};
 ValueRule const aColor           {nullptr, isColor,       "no colour",              "write #RRGGBB or the name of a colour"};
-ValueRule const aLength          {nullptr, isLength,      "no length",              "write a number with px, pt, cm, in or %, such as 10pt"};
+ValueRule const aLength          {nullptr, isLength,      "no length",              "write a number with px, pt, mm, cm, in or %, such as 10pt"};
 ValueRule const aNumber          {nullptr, isNumber,      "no number",              "write a number such as 45 or -0.5"};
 ValueRule const aShare           {nullptr, isShare,       "no number from 0 to 1",  "write a number such as 0.5"};
 ValueRule const aCount           {nullptr, isCount,       "no whole number",        "write a number from 0 to 9999"};

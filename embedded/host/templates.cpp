@@ -29,6 +29,7 @@ TemplateSettings::~TemplateSettings() = default;
 TemplateApplication::~TemplateApplication() = default;
 TemplateEngine::~TemplateEngine() = default;
 FrameLayout::~FrameLayout() = default;
+void FrameLayout::refit(LumoVisualization&) {}
 DataDump::~DataDump() = default;
 
 void TemplateLists::set(TemplateKind kind, std::vector<std::string> names) {

@@ -74,7 +74,7 @@ FaultRow const rows[] = {
      {"template, line 2, column 38: style lacks the attribute color; add it"}},
     {"NoLength", R"(<setFont size="big"/>)",
      {"template, line 2, column 1: the attribute size of setFont is \"big\", which is no length; write a number "
-      "with px, pt, cm, in or %, such as 10pt"}},
+      "with px, pt, mm, cm, in or %, such as 10pt"}},
     {"NoColor", R"(<setFont color="#12345"/>)",
      {"template, line 2, column 1: the attribute color of setFont is \"#12345\", which is no colour; write "
       "#RRGGBB or the name of a colour"}},
@@ -164,7 +164,7 @@ FaultRow const rows[] = {
      {"template, line 2, column 1: a style in the cycle lacks the attribute color; add it"}, Schema::AcceptsIt},
     {"EveryFaultIsTold", "<setFont size='x'/>\n<setAxis role='w'/>\n\n  <bad/>",
      {"template, line 2, column 1: the attribute size of setFont is \"x\", which is no length; write a number with "
-      "px, pt, cm, in or %, such as 10pt",
+      "px, pt, mm, cm, in or %, such as 10pt",
       "template, line 3, column 1: the attribute role of setAxis is \"w\", which is none of its values; did you mean x?",
       "template, line 5, column 3: unknown element bad in template; did you mean addFrame?"}},
     {"AFaultIsWhereItsTagBegins", "<!-- < -->\n<setLook\n   part='legend'>\n  <style\n     color='no colour'\n  /></setLook>",

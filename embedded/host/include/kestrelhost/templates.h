@@ -87,6 +87,9 @@ class VEXA_API FrameLayout {
   virtual ~FrameLayout();
 
   virtual bool pack(LumoVisualization& visualization, LumoDocument* baseline) = 0;
+  /// A template has given label frames of the chart other fonts, so that they need other heights. What this
+  /// layout has placed follows; where it has placed nothing, nothing happens. By itself it does nothing.
+  virtual void refit(LumoVisualization& visualization);
 };
 
 /// Leaves every frame where it is.
