@@ -7,6 +7,7 @@
 #include "template_parts.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace kestrel::host {
 
@@ -15,24 +16,29 @@ namespace {
 constexpr auto required = AttributeRule::Need::Required;
 constexpr unsigned int any = ~0U;
 
-std::string styleFault(TemplateNode const& node) {
-  return subtypeFault(node.get("type"), node.get("subtype"));
+using Faults = std::vector<TemplateFault>;
+
+Faults styleFaults(TemplateNode const& node) {
+  std::string text = subtypeFault(node.get("type"), node.get("subtype"));
+  return text.empty() ? Faults() : Faults{{node.at, std::move(text)}};
 }
-std::string roleFault(TemplateNode const& node) {
+Faults roleFaults(TemplateNode const& node) {
   std::string_view const part = node.find("part") == nullptr ? everyText : node.get("part");
   if (node.find("role") == nullptr || isAxial(part)) return {};
-  return "only parts of axes have a role, and " + std::string(part) + " is none; remove the attribute role";
+  return {{node.at, "only parts of axes have a role, and " + std::string(part) +
+                        " is none; remove the attribute role"}};
 }
-std::string cycleFault(TemplateNode const& node) {
+Faults cycleFaults(TemplateNode const& node) {
   std::string_view const property = cycleProperty(node.get("aesthetic"));
+  Faults faults;
   for (TemplateNode const& cycle : node.children) {
     for (TemplateNode const& style : cycle.children) {
-      if (style.find(property) == nullptr) {
-        return "a style in the cycle lacks the attribute " + std::string(property) + "; add it";
-      }
+      if (style.find(property) != nullptr) continue;
+      faults.push_back(
+          {style.at, "a style in the cycle lacks the attribute " + std::string(property) + "; add it"});
     }
   }
-  return {};
+  return faults;
 }
 
 // clang-format off
@@ -45,24 +51,24 @@ ElementRule const lookCycle  {"cycle", {}, {{&look, 1, any}}};
 ElementRule const setColor {"setColor", {{"aestheticNumber", &anAestheticNumber, required}},
                             {{&colorCycle, 1, 1}}};
 ElementRule const setCycle {"setCycle", {{"aesthetic", &anAesthetic, required}},
-                            {{&lookCycle, 1, 1}}, false, cycleFault};
+                            {{&lookCycle, 1, 1}}, false, cycleFaults};
 ElementRule const setStyle {"setStyle", {{"type", &anElementType, required},
                                          {"subtype", &anElementSubtype}},
-                            {{&look, 1, 1}}, false, styleFault};
+                            {{&look, 1, 1}}, false, styleFaults};
 ElementRule const setLook  {"setLook",  {{"part", &aPart, required},
                                          {"role", &aRole}},
-                            {{&look, 1, 1}}, false, roleFault};
+                            {{&look, 1, 1}}, false, roleFaults};
 ElementRule const setFont  {"setFont",  {{"part", &aFontPart},
                                          {"role", &aRole},
                                          {"family", &anyText},
-                                         {"size", &aLength},
+                                         {"size", &aSize},
                                          {"weight", &aFontWeight},
                                          {"style", &aFontStyle},
                                          {"color", &aColor}},
-                            {}, false, roleFault};
+                            {}, false, roleFaults};
 ElementRule const setAxis  {"setAxis",  {{"role", &aRole},
                                          {"gridlines", &aBoolean},
-                                         {"tickLength", &aLength},
+                                         {"tickLength", &anExtent},
                                          {"labelAngle", &aNumber},
                                          {"stagger", &aBoolean}},
                             {}};

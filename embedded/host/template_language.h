@@ -19,6 +19,12 @@ struct AttributeRule {
   enum class Need { Optional, Required } need = Need::Optional;
 };
 
+struct TemplateFault {
+  TemplatePosition at;
+  /// What is wrong, and what to do about it.
+  std::string text;
+};
+
 struct TemplateNode;
 
 /// One kind of element of the template language.
@@ -34,8 +40,8 @@ struct ElementRule {
   std::vector<Child> children;
   /// Takes every attribute of a chart's style too.
   bool takesLook = false;
-  /// What the tables cannot say: the fault of an element that is right by them, or nothing.
-  std::string (*fault)(TemplateNode const&) = nullptr;
+  /// What the tables cannot say: the faults of an element that is right by them.
+  std::vector<TemplateFault> (*faults)(TemplateNode const&) = nullptr;
 
   AttributeRule const* attribute(std::string_view name) const;
   Names attributeNames() const;

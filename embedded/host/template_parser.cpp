@@ -14,6 +14,7 @@
 #include <xercesc/util/XMLUni.hpp>
 
 #include <algorithm>
+#include <map>
 #include <string_view>
 #include <utility>
 
@@ -39,14 +40,11 @@ std::string oneLine(std::string text) {
   return text;
 }
 
-std::string listed(Names const& names) {
-  std::string text;
-  for (std::string_view const name : names) (text += text.empty() ? "" : ", ") += name;
-  return text;
-}
-
-std::string didYouMean(std::string_view wrong, Names const& names) {
-  return names.empty() ? "remove it" : "did you mean " + std::string(nearestName(wrong, names)) + "?";
+/// What to do about a name that is none of these.
+std::string mend(std::string_view wrong, Names const& names, std::string const& verb) {
+  constexpr std::size_t mostListed = 12;
+  bool const isListed = !names.empty() && names.size() <= mostListed;
+  return didYouMean(wrong, names, isListed ? "it " + verb + " " + listed(names) : "remove it");
 }
 
 /// Ends the parse of a text that is not worth reading on.
@@ -83,6 +81,8 @@ class Reader final : public xercesc::DefaultHandler {
     TemplateNode node;
     std::size_t faultsBefore;
     bool hasText = false;
+    /// How many elements of each kind have begun in it.
+    std::map<ElementRule::Child const*, unsigned long> counts = {};
   };
 
   TemplatePosition here() const {
@@ -140,14 +140,12 @@ ElementRule const* Reader::ruleOf(TemplatePosition at, std::string const& uri, s
   if (child == nullptr) {
     Names const places = parentsOf(name);
     fault(at, places.empty() ? "unknown element " + shown(name) + " in " + parentName + "; " +
-                                   didYouMean(name, parent.rule->childNames())
+                                   mend(name, parent.rule->childNames(), "holds")
                              : "the element " + name + " does not belong in " + parentName +
                                    "; its place is in " + listed(places));
     return nullptr;
   }
-  auto const count = std::count_if(parent.children.begin(), parent.children.end(),
-                                   [child](TemplateNode const& node) { return node.rule == child->rule; });
-  if (static_cast<unsigned long>(count) == child->most) {
+  if (++mOpen.back().counts[child] == child->most + 1UL) {
     fault(at, "a second " + name + " in " + parentName + "; keep one");
   }
   return child->rule;
@@ -159,7 +157,7 @@ void Reader::readAttribute(TemplateNode& node, std::string const& uri, std::stri
   AttributeRule const* const attribute = uri.empty() ? node.rule->attribute(name) : nullptr;
   if (attribute == nullptr) {
     fault(node.at, "unknown attribute " + shown(name) + " of " + element + "; " +
-                       didYouMean(name, node.rule->attributeNames()));
+                       mend(name, node.rule->attributeNames(), "has"));
     return;
   }
   if (std::u16string_view(value).size() > longestValue) {
@@ -170,14 +168,11 @@ void Reader::readAttribute(TemplateNode& node, std::string const& uri, std::stri
   std::string text = utf8(value);
   ValueRule const& rule = *attribute->value;
   if (!accepts(rule, text)) {
-    std::string const wrong =
-        "the attribute " + name + " of " + element + " is \"" + shown(text) + "\", which is ";
-    fault(node.at, rule.names == nullptr ? wrong + std::string(rule.otherwise) + "; " + std::string(rule.mend)
-                                         : wrong + "none of its values; did you mean " +
-                                               std::string(nearestName(text, rule.names())) + "?");
+    fault(node.at, "the attribute " + name + " of " + element + " is \"" + shown(text) + "\", which is " +
+                       valueFault(rule, text));
     return;
   }
-  node.values.push_back({attribute, std::move(text)});
+  node.values.push_back({attribute, writtenAs(rule, std::move(text))});
 }
 
 void Reader::readAttributes(TemplateNode& node, xercesc::Attributes const& attributes) {
@@ -217,26 +212,24 @@ void Reader::checkEnd(Open const& element) {
   std::string const name(node.rule->name);
   for (ElementRule::Child const& child : node.rule->children) {
     if (child.least == 0 || mFaults.size() > element.faultsBefore) continue;
-    auto const found = std::find_if(node.children.begin(), node.children.end(),
-                                    [&child](TemplateNode const& each) { return each.rule == child.rule; });
-    if (found == node.children.end()) {
+    if (element.counts.find(&child) == element.counts.end()) {
       fault(node.at, name + " has no " + std::string(child.rule->name) + "; add one");
     }
   }
-  if (node.rule->fault == nullptr || mFaults.size() > element.faultsBefore) return;
-  std::string text = node.rule->fault(node);
-  if (!text.empty()) fault(node.at, std::move(text));
+  if (node.rule->faults == nullptr || mFaults.size() > element.faultsBefore) return;
+  for (TemplateFault& each : node.rule->faults(node)) fault(each.at, std::move(each.text));
 }
 
 void Reader::endElement(XMLCh const*, XMLCh const*, XMLCh const*) {
-  Open const element = std::move(mOpen.back());
+  mTags.before(here());
+  Open element = std::move(mOpen.back());
   mOpen.pop_back();
   if (element.node.rule == nullptr) return;
   checkEnd(element);
   if (mOpen.empty()) {
-    mInstructions = element.node.children;
+    mInstructions = std::move(element.node.children);
   } else {
-    mOpen.back().node.children.push_back(element.node);
+    mOpen.back().node.children.push_back(std::move(element.node));
   }
 }
 
@@ -244,7 +237,8 @@ void Reader::characters(XMLCh const* text, XMLSize_t length) {
   if (mOpen.empty() || mOpen.back().node.rule == nullptr || mOpen.back().hasText) return;
   if (std::u16string_view(text, length).find_first_not_of(u" \t\r\n") == std::u16string_view::npos) return;
   mOpen.back().hasText = true;
-  fault(here(), "there is text in " + std::string(mOpen.back().node.rule->name) + "; remove it");
+  fault(mTags.textBefore(here()),
+        "there is text in " + std::string(mOpen.back().node.rule->name) + "; remove it");
 }
 
 /// A parser that knows namespaces and nothing outside of the text. Handlers hear only of declarations that

@@ -12,12 +12,6 @@ constexpr unsigned int deepestTemplate = 1000;
 constexpr unsigned int mostTemplateElements = 10000;
 constexpr std::size_t mostTemplateFaults = 20;
 
-struct TemplateFault {
-  TemplatePosition at;
-  /// What is wrong, and what to do about it.
-  std::string text;
-};
-
 /// A template that has been read. With faults it must not be applied.
 struct ReadTemplate {
   std::vector<TemplateNode> instructions;

@@ -1,5 +1,8 @@
 #include "template_tags.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace kestrel::host {
 
 namespace {
@@ -15,6 +18,18 @@ bool isReadable(std::string_view text) {
   if (value == std::string_view::npos) return true;
   std::string_view const name = declaration.substr(value + 1, 5);
   return name == "UTF-8" || name == "utf-8" || name == "US-AS" || name == "us-as";
+}
+
+/// How many bytes at the beginning are white space, a remark, or the bounds of a text; 0 where there is text.
+std::size_t lengthOfNothing(std::string_view text) {
+  static constexpr std::pair<std::string_view, std::string_view> remarks[] = {
+      {"<!--", "-->"}, {"<?", "?>"}, {"<![CDATA[", ""}, {"]]>", ""}};
+  for (auto const& [begin, close] : remarks) {
+    if (!text.starts_with(begin)) continue;
+    std::size_t const found = text.find(close, begin.size());
+    return found == std::string_view::npos ? text.size() : found + close.size();
+  }
+  return std::min(text.find_first_not_of(" \t\r\n"), text.size());
 }
 
 }  // namespace
@@ -39,6 +54,16 @@ void TagStarts::step() {
     // Columns count UTF-16 units.
     mPosition.column += byte >= 0xF0U ? 2 : 1;
   }
+}
+
+TemplatePosition TagStarts::textBefore(TemplatePosition end) const {
+  TagStarts ahead(*this);
+  while (mIsReadable && ahead.isBefore(end)) {
+    std::size_t const length = lengthOfNothing(mText.substr(ahead.mAt));
+    if (length == 0) return ahead.mPosition;
+    for (std::size_t step = 0; step < length; ++step) ahead.step();
+  }
+  return end;
 }
 
 TemplatePosition TagStarts::before(TemplatePosition end) {

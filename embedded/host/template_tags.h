@@ -17,6 +17,10 @@ class TagStarts {
   /// end itself in a text that is not in UTF-8.
   TemplatePosition before(TemplatePosition end);
 
+  /// Where the text begins that comes behind the place that was asked for last; white space, comments and
+  /// instructions of others are none. Gives `end` in a text that is not in UTF-8.
+  TemplatePosition textBefore(TemplatePosition end) const;
+
  private:
   void step();
   bool isBefore(TemplatePosition end) const;

@@ -14,9 +14,6 @@ namespace kestrel::host {
 namespace {
 
 bool isDigit(char character) { return character >= '0' && character <= '9'; }
-bool isLetter(char character) {
-  return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z');
-}
 bool isHexadecimal(char character) {
   return isDigit(character) || (character >= 'a' && character <= 'f') ||
          (character >= 'A' && character <= 'F');
@@ -24,11 +21,10 @@ bool isHexadecimal(char character) {
 
 bool all(std::string_view text, bool (*test)(char)) { return std::all_of(text.begin(), text.end(), test); }
 
-bool isWord(std::string_view text) { return !text.empty() && all(text, isLetter); }
 bool isDigits(std::string_view text) { return !text.empty() && all(text, isDigit); }
 
-bool isColor(std::string_view text) {
-  return text.starts_with('#') ? text.size() == 7 && all(text.substr(1), isHexadecimal) : isWord(text);
+bool isColorCode(std::string_view text) {
+  return text.starts_with('#') && text.size() == 7 && all(text.substr(1), isHexadecimal);
 }
 
 bool isUnsignedNumber(std::string_view text) {
@@ -54,12 +50,16 @@ bool isShare(std::string_view text) {
 }
 
 bool isLength(std::string_view text) { return isNumber(withoutUnit(text)); }
+bool isExtent(std::string_view text) { return isLength(text) && !text.starts_with('-'); }
+bool isSize(std::string_view text) {
+  return isExtent(text) && text.find_first_of("123456789") != std::string_view::npos;
+}
 
 bool isDashLengths(std::string_view text) {
   if (text.empty()) return true;
   std::size_t const comma = text.find(',');
-  if (comma == std::string_view::npos) return isLength(text);
-  return comma + 1 < text.size() && isLength(text.substr(0, comma)) && isDashLengths(text.substr(comma + 1));
+  if (comma == std::string_view::npos) return isExtent(text);
+  return comma + 1 < text.size() && isExtent(text.substr(0, comma)) && isDashLengths(text.substr(comma + 1));
 }
 
 bool isCount(std::string_view text) { return text.size() <= 4 && isDigits(text); }
@@ -82,6 +82,8 @@ Names aestheticNumbers() { return {"1", "2", "3", "4", "5"}; }
 Names frameTypes() { return {"visualization", "graph"}; }
 Names roles() { return {"x", "y", "z"}; }
 Names aesthetics() { return {"color", "pattern", "shape", "dash"}; }
+Names symbols() { return {"circle", "square", "triangle", "diamond", "cross", "plus", "star", "ibeam"}; }
+Names lineCaps() { return {"butt", "round", "square"}; }
 
 constexpr ValueRule oneOf(Names (*names)()) { return {names, nullptr, {}, {}}; }
 
@@ -89,15 +91,18 @@ constexpr ValueRule oneOf(Names (*names)()) { return {names, nullptr, {}, {}}; }
 
 // clang-format off
 ValueRule const anyText          {nullptr, isAny, {}, {}};
-ValueRule const aWord            {nullptr, isWord,        "no word",                "write letters only"};
-ValueRule const aColor           {nullptr, isColor,       "no colour",              "write #RRGGBB or the name of a colour"};
+ValueRule const aColor           {colorNames, isColorCode, "no colour",             "write #RRGGBB or the name of a colour of CSS in small letters, such as steelblue"};
 ValueRule const aLength          {nullptr, isLength,      "no length",              "write a number with px, pt, mm, cm, in or %, such as 10pt"};
+ValueRule const anExtent         {nullptr, isExtent,      "no length of 0 or more", "write a number with px, pt, mm, cm, in or %, such as 2pt"};
+ValueRule const aSize            {nullptr, isSize,        "no length above 0",      "write a number with px, pt, mm, cm, in or %, such as 10pt"};
 ValueRule const aNumber          {nullptr, isNumber,      "no number",              "write a number such as 45 or -0.5"};
 ValueRule const aShare           {nullptr, isShare,       "no number from 0 to 1",  "write a number such as 0.5"};
 ValueRule const aCount           {nullptr, isCount,       "no whole number",        "write a number from 0 to 9999"};
-ValueRule const dashLengths      {nullptr, isDashLengths, "no list of lengths",     "write lengths with commas between them, such as 6pt,3pt, or nothing for a solid line"};
+ValueRule const dashLengths      {nullptr, isDashLengths, "no list of lengths",     "write lengths of 0 or more with commas between them, such as 6pt,3pt, or nothing for a solid line"};
 ValueRule const aFrameNumber     {nullptr, isFrameNumber, "no number from 1 to 10", "write such a number"};
 ValueRule const aBoolean         {nullptr, isBoolean,     "no truth value",         "write true or false"};
+ValueRule const aSymbol          = oneOf(symbols);
+ValueRule const aLineCap         = oneOf(lineCaps);
 ValueRule const aFontWeight      = oneOf(fontWeights);
 ValueRule const aFontStyle       = oneOf(fontStyles);
 ValueRule const anAestheticNumber= oneOf(aestheticNumbers);
@@ -111,14 +116,32 @@ ValueRule const anElementSubtype = oneOf(elementSubtypes);
 // clang-format on
 
 bool accepts(ValueRule const& rule, std::string_view value) {
-  if (rule.names == nullptr) return rule.accepts(value);
+  if (rule.accepts != nullptr && rule.accepts(value)) return true;
+  if (rule.names == nullptr) return false;
   Names const names = rule.names();
   return std::find(names.begin(), names.end(), value) != names.end();
 }
 
+std::string valueFault(ValueRule const& rule, std::string_view value) {
+  Names const names = rule.names == nullptr ? Names() : rule.names();
+  if (rule.otherwise.empty())
+    return "none of its values; " + didYouMean(value, names, "write one of " + listed(names));
+  return std::string(rule.otherwise) + "; " + didYouMean(value, names, std::string(rule.mend));
+}
+
+std::string writtenAs(ValueRule const& rule, std::string value) {
+  if (&rule != &aBoolean) return value;
+  return value == "true" || value == "1" ? "true" : "false";
+}
+
 namespace {
 
-/// How many characters must be changed, added or taken away to make one text of the other.
+char small(char character) {
+  return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
+}
+
+/// How many characters must be changed, added or taken away to make one text of the other, whatever their
+/// case.
 std::size_t editDistance(std::string_view left, std::string_view right) {
   std::vector<std::size_t> row(right.size() + 1);
   std::iota(row.begin(), row.end(), std::size_t{0});
@@ -126,7 +149,7 @@ std::size_t editDistance(std::string_view left, std::string_view right) {
     std::size_t diagonal = row[0];
     row[0] = i + 1;
     for (std::size_t j = 0; j < right.size(); ++j) {
-      std::size_t const changed = diagonal + (left[i] == right[j] ? 0 : 1);
+      std::size_t const changed = diagonal + (small(left[i]) == small(right[j]) ? 0 : 1);
       diagonal = row[j + 1];
       row[j + 1] = std::min({changed, row[j] + 1, diagonal + 1});
     }
@@ -139,11 +162,28 @@ std::size_t editDistance(std::string_view left, std::string_view right) {
 std::string_view nearestName(std::string_view wrong, Names const& names) {
   constexpr std::size_t compared = 64;
   wrong = wrong.substr(0, compared);
-  auto const nearest =
-      std::min_element(names.begin(), names.end(), [wrong](std::string_view left, std::string_view right) {
-        return editDistance(wrong, left) < editDistance(wrong, right);
-      });
-  return nearest == names.end() ? std::string_view() : *nearest;
+  std::size_t least = std::max<std::size_t>(2, wrong.size() / 3) + 1;
+  // Something of the text must be left.
+  least = std::min(least, wrong.size());
+  std::string_view nearest;
+  for (std::string_view const name : names) {
+    std::size_t const distance = editDistance(wrong, name);
+    if (distance >= least) continue;
+    least = distance;
+    nearest = name;
+  }
+  return nearest;
+}
+
+std::string didYouMean(std::string_view wrong, Names const& names, std::string const& otherwise) {
+  std::string_view const nearest = nearestName(wrong, names);
+  return nearest.empty() ? otherwise : "did you mean " + std::string(nearest) + "?";
+}
+
+std::string listed(Names const& names) {
+  std::string text;
+  for (std::string_view const name : names) (text += text.empty() ? "" : ", ") += name;
+  return text;
 }
 
 }  // namespace kestrel::host

@@ -19,6 +19,12 @@ ChartString utf16(std::string_view text) {
   return result;
 }
 
+/// Without the prefix: an id with a colon would be no name.
+char16_t const* localNameOf(DOMNode const& node) {
+  char16_t const* const local = node.getLocalName();
+  return local != nullptr ? local : node.getNodeName();
+}
+
 /// `style`, `cellStyle`, `markStyle` and so on.
 bool namesAStyle(std::u16string_view attribute) {
   return attribute == LumoUni::_style || attribute.ends_with(u"Style");
@@ -70,9 +76,19 @@ Look lookOf(TemplateNode const& node) {
   return look;
 }
 
+bool isVariantOf(char16_t const* id, std::u16string_view base) {
+  if (id == nullptr) return false;
+  std::u16string_view const text(id);
+  if (!text.starts_with(base) || text.size() < base.size() + 2 || text[base.size()] != u'_') return false;
+  return text.find_first_not_of(u"0123456789", base.size() + 1) == std::u16string_view::npos;
+}
+
 TemplateWriter::TemplateWriter(LumoVisualization& chart, std::string const& text, TemplateObserver* observer)
     : mChart(chart), mText(text), mObserver(observer) {
   forEachElement(chart, [this](LumoBaseElement const& object) {
+    if (auto const* const cycle = dynamic_cast<LumoCycle const*>(&object)) {
+      for (LumoStyle const* const style : cycle->getStyles()) ++mUses[style];
+    }
     DOMNamedNodeMap const& attributes = *object.getImplementation()->getAttributes();
     for (XMLSize_t at = 0; at < attributes.getLength(); ++at) {
       DOMNode const& attribute = *attributes.item(at);
@@ -91,7 +107,7 @@ LumoStyle& TemplateWriter::styleFor(LumoStyle* current, StyleSlots const& slots)
   if (current != nullptr && uses <= slots.size()) return *current;
   StyleSlot const& first = slots.front();
   std::u16string const made =
-      u"template_" + std::u16string(first.owner->getImplementation()->getNodeName()) + u"_" + first.attribute;
+      u"template_" + std::u16string(localNameOf(*first.owner->getImplementation())) + u"_" + first.attribute;
   LumoStyle& style = makeStyle(current == nullptr ? made : std::u16string(current->getId()));
   if (current != nullptr) {
     copyValues(*current, style);
@@ -134,13 +150,59 @@ LumoStyle& TemplateWriter::makeStyle(std::u16string const& id) {
 }
 
 LumoStyle& TemplateWriter::container() {
+  if (mContainer != nullptr) return *mContainer;
+  LumoStyle* variant = nullptr;
   for (LumoStyle* const style : mChart.getStyles()) {
     char16_t const* const id = style->getId();
-    if (id != nullptr && std::u16string_view(id) == ChartBase::_container) return *style;
+    if (id != nullptr && std::u16string_view(id) == ChartBase::_container) return *(mContainer = style);
+    if (variant == nullptr && isVariantOf(id, ChartBase::_container)) variant = style;
   }
-  LumoStyle& style = *mChart.addStyle();
-  style.setId(ChartBase::_container);
-  return style;
+  // Something else has the id, and an earlier template has made do.
+  bool const isTaken = mChart.doesIdExist(ChartBase::_container);
+  if (isTaken && variant != nullptr) return *(mContainer = variant);
+  ChartString const id = uniqueId(ChartBase::_container);
+  mContainer = mChart.addStyle();
+  mContainer->setId(id.xc_str());
+  return *mContainer;
+}
+
+LumoStyle& TemplateWriter::ownStyle(LumoCycle& cycle, LumoStyle& style) {
+  if (mUses[&style] <= 1) return style;
+  LumoStyle& own = *cycle.addStyle();
+  DOMNode& place = *style.getImplementation();
+  place.getParentNode()->insertBefore(own.getImplementation(), &place);
+  copy(style, own);
+  mUses[&own] = 1;
+  toContainer(style);
+  return own;
+}
+
+void TemplateWriter::removeFromCycle(LumoStyle& style) {
+  if (mUses[&style] > 1) {
+    toContainer(style);
+    return;
+  }
+  // The model has no operation for it. The id goes first, so that nothing finds the style any more.
+  style.setId(nullptr);
+  xercesc::DOMElement* const element = style.getImplementation();
+  element->getParentNode()->removeChild(element);
+}
+
+void TemplateWriter::addCopy(LumoCycle& cycle, LumoStyle const& style) {
+  LumoStyle& added = *cycle.addStyle();
+  mUses[&added] = 1;
+  copy(style, added);
+}
+
+/// Out of its cycle. It stays the same object, so that all that refer to it go on doing so.
+void TemplateWriter::toContainer(LumoStyle& style) {
+  container().getImplementation()->appendChild(style.getImplementation());
+  --mUses[&style];
+}
+
+void TemplateWriter::copy(LumoStyle const& from, LumoStyle& to) const {
+  copyValues(from, to);
+  if (mObserver != nullptr) mObserver->copied(from, to);
 }
 
 }  // namespace kestrel::host

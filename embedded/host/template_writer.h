@@ -25,6 +25,9 @@ struct Look {
 /// The look that an element of a template spells out with the attributes of a style.
 Look lookOf(TemplateNode const& node);
 
+/// Is it an id that a template gives instead of `base` where that is taken? `uniqueId` makes them.
+bool isVariantOf(char16_t const* id, std::u16string_view base);
+
 /// Writes into one chart for one template.
 class TemplateWriter {
  public:
@@ -43,15 +46,27 @@ class TemplateWriter {
   /// An id that starts like this and that the chart does not have yet.
   ChartString uniqueId(std::u16string const& base);
 
+  /// The style in the place of a style of a cycle that serves the cycle alone: where something else names the
+  /// style, that keeps it, and a copy takes its place in the cycle.
+  LumoStyle& ownStyle(LumoCycle& cycle, LumoStyle& style);
+  /// Takes a style out of its cycle. One that something else names goes to where named styles stand.
+  void removeFromCycle(LumoStyle& style);
+  /// A new style at the end of the cycle, with the values of this one.
+  void addCopy(LumoCycle& cycle, LumoStyle const& style);
+
  private:
   LumoStyle& styleFor(LumoStyle* current, StyleSlots const& slots);
   LumoStyle& makeStyle(std::u16string const& id);
   LumoStyle& container();
+  void toContainer(LumoStyle& style);
+  void copy(LumoStyle const& from, LumoStyle& to) const;
 
   LumoVisualization& mChart;
   std::string const& mText;
   TemplateObserver* mObserver;
-  /// How many places of the chart name each style.
+  /// Found or made when it is needed first: charts may have many styles beside it.
+  LumoStyle* mContainer = nullptr;
+  /// In how many places of the chart each style is at work: those that name it, and the cycle that it is in.
   std::unordered_map<LumoStyle const*, std::size_t> mUses;
   std::map<std::u16string, unsigned long> mLastNumbers;
 };

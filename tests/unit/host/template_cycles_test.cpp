@@ -196,4 +196,208 @@ TEST_F(TemplateTest, TheStylesOfACycleShowWhatItVaries) {
   EXPECT_TRUE(styledWith("color", "#010101").empty());
 }
 
+// Aesthetics that do not take the values of a cycle one after the other.
+struct AloneRow {
+  std::string name;
+  std::string aesthetic;
+  bool takesTurns;
+};
+std::ostream& operator<<(std::ostream& stream, AloneRow const& row) { return stream << row.name; }
+
+class AloneTest : public TemplateTest, public testing::WithParamInterface<AloneRow> {
+ protected:
+  AloneTest() {
+    load(
+        R"(<sourceVariable id="categories" categorical="true"/><sourceVariable id="numbers" categorical="false"/>)"
+        R"(<sourceVariable id="unsaid"/><sourceVariable id="dated" domain="span"/>)"
+        R"(<sourceVariable id="listed" domain="list"/>)"
+        R"(<categoricalDomain id="list"/><intervalDomain id="span"/>)"
+        R"(<graph id="g"><point id="p">)" +
+        GetParam().aesthetic +
+        R"(</point></graph><styleCycle id="c"><cycle><style color="blue"/><style color="red"/></cycle></styleCycle>)");
+  }
+};
+INSTANTIATE_TEST_SUITE_P(
+    All, AloneTest,
+    testing::Values(
+        AloneRow{"Categorical", R"(<color variable="categories" cycle="c"/>)", true},
+        AloneRow{"WithoutAVariable", R"(<color cycle="c"/>)", true},
+        AloneRow{"Numbers", R"(<color variable="numbers" cycle="c"/>)", false},
+        AloneRow{"NotSaidToBeCategorical", R"(<color variable="unsaid" cycle="c"/>)", false},
+        AloneRow{"OverASpan", R"(<color variable="dated" cycle="c"/>)", false},
+        AloneRow{"OverAListOfTheVariable", R"(<color variable="listed" cycle="c"/>)", true},
+        AloneRow{"OverAListOfItsOwn", R"(<color variable="numbers" domain="list" cycle="c"/>)", true},
+        AloneRow{"OwnMappings",
+                 R"(<color variable="categories" cycle="c"><colorMapping from="0" to="green"/></color>)",
+                 false},
+        AloneRow{"WholeStyles", R"(<styleBy variable="numbers" styleCycle="c"/>)", true}),
+    [](auto const& row) { return row.param.name; });
+
+TEST_P(AloneTest, KeepsItsCycleFromSetColorWhereItDoesNotTakeTurns) {
+  std::string const before = chart->text();
+  EXPECT_TRUE(apply(setColor(1)));
+  if (GetParam().takesTurns) {
+    EXPECT_THAT(cycleOf("c", "color"), ElementsAre("#010101", "#020202"));
+  } else {
+    EXPECT_EQ(chart->text(), before);
+  }
+}
+
+TEST_P(AloneTest, KeepsItsCycleFromSetCycleWhereItDoesNotTakeTurns) {
+  EXPECT_TRUE(apply(setCycle("color", R"(<style color="black"/>)")));
+  if (GetParam().takesTurns) {
+    EXPECT_THAT(cycleOf("c", "color"), ElementsAre("black"));
+  } else {
+    EXPECT_THAT(cycleOf("c", "color"), ElementsAre("blue", "red"));
+  }
+  EXPECT_THAT(cycleOf("cycle_color", "color"), ElementsAre("black"));
+}
+
+TEST_F(TemplateTest, AColorRangeWithoutACycleGetsNone) {
+  load(
+      R"(<sourceVariable id="v" categorical="false"/><graph id="g"><point id="p"><color id="c" variable="v"/></point></graph>)");
+  apply(setColor(1));
+  EXPECT_EQ(valueOf("c", "cycle"), "(absent)");
+}
+
+TEST_F(TemplateTest, AColorRangeCountsAmongTheColoringAesthetics) {
+  load(
+      R"(<sourceVariable id="v" categorical="false"/><graph id="g"><point id="p"><color variable="v" cycle="a"/><color cycle="b"/></point></graph>)"
+      R"(<styleCycle id="a"/><styleCycle id="b"/>)");
+  apply(setColor(2));
+  EXPECT_THAT(cycleOf("a", "color"), ElementsAre());
+  EXPECT_THAT(cycleOf("b", "color"), ElementsAre("#010101", "#020202"));
+}
+
+TEST_F(TemplateTest, ShapesWithMappingsOfTheirOwnStayAsTheyAre) {
+  load(
+      R"(<graph id="g"><point id="p"><shape cycle="a"><symbolMapping from="0" to="square"/></shape><shape cycle="b"/></point></graph>)"
+      R"(<styleCycle id="a"><cycle><style symbol="plus"/></cycle></styleCycle><styleCycle id="b"/>)");
+  apply(setCycle("shape", R"(<style symbol="star"/>)"));
+  EXPECT_THAT(cycleOf("a", "symbol"), ElementsAre("plus"));
+  EXPECT_THAT(cycleOf("b", "symbol"), ElementsAre("star"));
+}
+
+// Cycles that several aesthetics have.
+char const sharedCycle[] =
+    R"(<graph id="g"><point id="p"><color id="first" cycle="c"/><color id="second" cycle="c"/></point></graph>)"
+    R"(<styleCycle id="c"><extension aesthetic="color" more="x"/><cycle><style color="red" size="3pt"/><style color="blue"/></cycle></styleCycle>)";
+
+TEST_F(TemplateTest, ColorsForOneAestheticLeaveTheCycleToTheOther) {
+  load(sharedCycle);
+  apply(setColor(1));
+  EXPECT_EQ(valueOf("first", "cycle"), "c_1");
+  EXPECT_EQ(valueOf("second", "cycle"), "c");
+  EXPECT_THAT(cycleOf("c", "color"), ElementsAre("red", "blue"));
+  EXPECT_THAT(cycleOf("c_1", "color"), ElementsAre("#010101", "#020202"));
+  EXPECT_THAT(cycleOf("c_1", "size"), ElementsAre("3pt", "(absent)"));
+  EXPECT_NE(chart->text().find(R"(<styleCycle id="c_1"><extension aesthetic="color" more="x"/>)"),
+            std::string::npos);
+}
+
+TEST_F(TemplateTest, AnObserverHearsOfTheCopiesInACycle) {
+  load(sharedCycle);
+  apply(setColor(1));
+  EXPECT_THAT(writes->copies, ElementsAre("style -> style", "style -> style"));
+}
+
+TEST_F(TemplateTest, ACycleThatWasSharedIsTheSameTheSecondTime) {
+  load(sharedCycle);
+  apply(setColor(1));
+  std::string const once = chart->text();
+  apply(setColor(1));
+  EXPECT_EQ(chart->text(), once);
+}
+
+TEST_F(TemplateTest, OneCycleOfTheSameNumberInTwoGraphsStaysOne) {
+  load(R"(<graph id="g"><point id="p"><color id="a" cycle="c"/></point></graph>)"
+       R"(<graph id="h"><point id="q"><color id="b" cycle="c"/></point></graph><styleCycle id="c"/>)");
+  apply(setColor(1));
+  EXPECT_EQ(valueOf("a", "cycle"), "c");
+  EXPECT_EQ(valueOf("b", "cycle"), "c");
+  EXPECT_THAT(cycleOf("c", "color"), ElementsAre("#010101", "#020202"));
+}
+
+TEST_F(TemplateTest, ACycleForOneKindLeavesTheSameCycleOfAnotherKind) {
+  load(
+      R"(<graph id="g"><point id="p"><color id="a" cycle="c"/><pattern id="b" cycle="c"/></point></graph>)"
+      R"(<styleCycle id="c"><cycle><style color="red" pattern="2"/><style color="blue" pattern="3"/></cycle></styleCycle>)");
+  apply(setCycle("color", R"(<style color="black"/>)"));
+  EXPECT_EQ(valueOf("a", "cycle"), "c_1");
+  EXPECT_EQ(valueOf("b", "cycle"), "c");
+  EXPECT_THAT(cycleOf("c", "color"), ElementsAre("red", "blue"));
+  EXPECT_THAT(cycleOf("c_1", "color"), ElementsAre("black"));
+}
+
+TEST_F(TemplateTest, ACycleForAKindLeavesTheRangeThatHasTheSame) {
+  load(
+      R"(<sourceVariable id="v" categorical="false"/><graph id="g"><point id="p"><color id="a" cycle="c"/><color id="b" variable="v" cycle="c"/></point></graph>)"
+      R"(<styleCycle id="c"><cycle><style color="red"/></cycle></styleCycle>)");
+  apply(setCycle("color", R"(<style color="black"/>)"));
+  EXPECT_THAT(cycleOf(valueOf("a", "cycle"), "color"), ElementsAre("black"));
+  EXPECT_THAT(cycleOf(valueOf("b", "cycle"), "color"), ElementsAre("red"));
+}
+
+// Styles in cycles that something else names.
+char const namedMember[] =
+    R"(<graph id="g"><point id="p" style="named"><color cycle="c"/></point></graph>)"
+    R"(<styleCycle id="c"><cycle><style color="red"/><style id="named" color="blue" size="3pt"/></cycle></styleCycle>)"
+    R"(<style id="container"/>)";
+
+TEST_F(TemplateTest, AStyleThatLeavesACycleStaysWhereItIsNamed) {
+  load(namedMember);
+  apply(setColor(1, R"(<cycle><style color="#010101"/></cycle>)"));
+  EXPECT_THAT(cycleOf("c", "color"), ElementsAre("#010101"));
+  EXPECT_EQ(valueOf("p", "style"), "named");
+  EXPECT_EQ(valueOf("named", "color"), "blue");
+  EXPECT_NE(
+      chart->text().find(R"(<style id="container"><style color="blue" id="named" size="3pt"/></style>)"),
+      std::string::npos);
+}
+
+TEST_F(TemplateTest, AStyleOfACycleThatSomethingNamesIsLeftToThat) {
+  load(namedMember);
+  apply(setColor(1));
+  EXPECT_THAT(cycleOf("c", "color"), ElementsAre("#010101", "#020202"));
+  EXPECT_THAT(cycleOf("c", "size"), ElementsAre("(absent)", "3pt"));
+  EXPECT_EQ(valueOf("p", "style"), "named");
+  EXPECT_EQ(valueOf("named", "color"), "blue");
+  EXPECT_THAT(writes->copies, ElementsAre("named -> style"));
+}
+
+TEST_F(TemplateTest, AnElementThatNamesAStyleOfACycleGetsItsOwn) {
+  load(namedMember);
+  apply(R"(<setStyle type="scatter"><style color="black"/></setStyle>)");
+  EXPECT_THAT(cycleOf("c", "color"), ElementsAre("red", "blue"));
+  EXPECT_EQ(valueOf("p", "style"), "named_1");
+  EXPECT_EQ(valueOf("named_1", "color"), "black");
+}
+
+TEST_F(TemplateTest, CyclesWithNamedStylesAreTheSameTheSecondTime) {
+  load(namedMember);
+  apply(setCycle("color", R"(<style color="black"/><style color="white"/>)"));
+  std::string const once = chart->text();
+  apply(setCycle("color", R"(<style color="black"/><style color="white"/>)"));
+  EXPECT_EQ(chart->text(), once);
+  chart = std::make_unique<ParsedChart>(once);
+  apply(setCycle("color", R"(<style color="black"/><style color="white"/>)"));
+  EXPECT_EQ(chart->text(), once);
+}
+
+// Ids that something else has.
+TEST_F(TemplateTest, ARepositoryTakesTheNextIdThatIsFree) {
+  load(R"(<graph id="styleCycleRepository"/><graph id="cycle_shape"/><graph id="cycle_shape_1"/>)");
+  apply(setCycle("shape", R"(<style symbol="circle"/>)"));
+  std::string const once = chart->text();
+  EXPECT_NE(once.find(R"(<styleCycle id="styleCycleRepository_1"><cycle id="cycle_shape_2">)"),
+            std::string::npos)
+      << once;
+  EXPECT_NE(once.find(R"(<extension styleCycleRepository="styleCycleRepository_1"/>)"), std::string::npos);
+  apply(setCycle("shape", R"(<style symbol="circle"/>)"));
+  EXPECT_EQ(chart->text(), once);
+  chart = std::make_unique<ParsedChart>(once);
+  apply(setCycle("shape", R"(<style symbol="circle"/>)"));
+  EXPECT_EQ(chart->text(), once);
+}
+
 }  // namespace

@@ -353,4 +353,78 @@ TEST_F(TemplateTest, AChartWithPrefixesIsAddressedToo) {
   EXPECT_EQ(valueOf(valueOf("l", "style"), "color"), "red");
 }
 
+TEST_F(TemplateTest, WhatIsMadeInAChartWithPrefixesHasNoneInItsId) {
+  chart = std::make_unique<ParsedChart>(
+      R"(<v:visualization xmlns:v="http://xml.vexa.example/visualization"><v:graph id="g"><v:line id="l"/></v:graph></v:visualization>)");
+  apply(R"(<setStyle type="line"><style color="red"/></setStyle>)");
+  EXPECT_EQ(valueOf("l", "style"), "template_line_style");
+}
+
+// The container of styles where something else has its id.
+TEST_F(TemplateTest, TheContainerTakesTheNextIdThatIsFree) {
+  load(R"(<graph id="container"><line id="l"/><point id="p"/></graph>)");
+  apply(R"(<setStyle type="line"><style color="red"/></setStyle>)");
+  EXPECT_NE(
+      chart->text().find(R"(<style id="container_1"><style color="red" id="template_line_style"/></style>)"),
+      std::string::npos)
+      << chart->text();
+  apply(R"(<setStyle type="scatter"><style color="red"/></setStyle>)");
+  EXPECT_EQ(valueOf("container_2", "id"), "(no element container_2)");
+  std::string const once = chart->text();
+  apply(R"(<setStyle type="all"><style color="red"/></setStyle>)");
+  EXPECT_EQ(chart->text(), once);
+}
+
+// A chart of many styles must not take time by the square of their number.
+TEST_F(TemplateTest, TheContainerIsLookedForOnce) {
+  std::string content = R"(<graph id="g">)";
+  for (int line = 0; line < 4000; ++line) content += "<line/>";
+  content += "</graph>";
+  for (int style = 0; style < 20000; ++style) content += "<style/>";
+  load(content);
+  EXPECT_TRUE(apply(R"(<setStyle type="line"><style color="red"/></setStyle>)"));
+  EXPECT_EQ(valueOf("template_line_style_3999", "color"), "red");
+}
+
+// How much one template may do.
+std::string repeated(std::string const& text, std::size_t count) {
+  std::string all;
+  for (std::size_t each = 0; each < count; ++each) all += text;
+  return all;
+}
+
+TEST_F(TemplateTest, TenThousandFramesAreNotTooMany) {
+  load(repeated("<graph/>", 100));
+  EXPECT_TRUE(apply(repeated(R"(<addFrame type="graph" count="10"/>)", 10)));
+  EXPECT_THAT(log(), IsEmpty());
+  EXPECT_EQ(chart->visualization().getGraphs().front()->getFrameGuides().size(), 100u);
+}
+
+TEST_F(TemplateTest, ATemplateThatAddsTooManyFramesChangesNothing) {
+  load(repeated("<graph/>", 100));
+  std::string const before = chart->text();
+  std::string const instructions = "<setLook part=\"graph\"><style color=\"red\"/></setLook>\n" +
+                                   repeated(R"(<addFrame type="graph" count="10"/>)", 10) +
+                                   "\n <addFrame type=\"visualization\"/>\n<addFrame type=\"graph\"/>";
+  EXPECT_TRUE(apply(instructions));
+  EXPECT_THAT(log(), ElementsAre("template, line 4, column 2: with this addFrame the template adds more than "
+                                 "10000 frames to the chart; shorten it"));
+  EXPECT_EQ(chart->text(), before);
+}
+
+TEST_F(TemplateTest, ATemplateThatWritesTooManyValuesChangesNothing) {
+  load(R"(<graph id="g"><coordinates>)" + repeated("<dimension><axis><majorTicks/></axis></dimension>", 400) +
+       "</coordinates></graph>");
+  std::string const before = chart->text();
+  std::string const look = "<setLook part=\"tickLabel\"><style color=\"red\" visible=\"true\"/></setLook>\n";
+  // Without an observer, which would keep all that is written.
+  auto const application = kestrel::host::XmlTemplateEngine().start(chart->visualization(), nullptr);
+  EXPECT_TRUE(application->set(templateOf("<setAxis stagger=\"true\"/>\n" + repeated(look, 2600))));
+  application->apply();
+  EXPECT_THAT(log(),
+              ElementsAre("template, line 2502, column 1: with this setLook the template writes more than "
+                          "2000000 values into the chart; shorten it"));
+  EXPECT_EQ(chart->text(), before);
+}
+
 }  // namespace

@@ -45,7 +45,8 @@ FaultRow const rows[] = {
     {"InstructionInTheWrongPlace", R"(<setAxis><setFont/></setAxis>)",
      {"template, line 2, column 10: the element setFont does not belong in setAxis; its place is in template"}},
     {"WhatIsInAnUnknownElementIsNotToldOf", "<x><y z='1'>text</y></x>",
-     {"template, line 2, column 1: unknown element x in template; did you mean setAxis?"}},
+     {"template, line 2, column 1: unknown element x in template; it holds addFrame, setAxis, setColor, setCycle, "
+      "setFont, setLook, setStyle"}},
     {"ElementOfAnotherNamespace", R"(<setAxis xmlns="urn:other"/>)",
      {"template, line 2, column 1: the element setAxis is not in the namespace of templates; put it there"}},
     {"UnknownAttribute", R"(<setFont colour="red"/>)",
@@ -57,9 +58,9 @@ FaultRow const rows[] = {
     {"AttributeOfANamespace", R"(<setFont xmlns:o="urn:o" o:size="1pt"/>)",
      {"template, line 2, column 1: unknown attribute o:size of setFont; did you mean size?"}},
     {"ColorStylesHaveAColorAlone", R"(<setColor aestheticNumber="1"><cycle><style color="red" pattern="1"/></cycle></setColor>)",
-     {"template, line 2, column 38: unknown attribute pattern of style; did you mean color?"}},
+     {"template, line 2, column 38: unknown attribute pattern of style; it has color"}},
     {"NumberOutsideOfFrames", R"(<setLook part="legend"><style number="1"/></setLook>)",
-     {"template, line 2, column 24: unknown attribute number of style; did you mean symbol?"}},
+     {"template, line 2, column 24: unknown attribute number of style; remove it"}},
     {"MissingType", R"(<setStyle><style color="red"/></setStyle>)",
      {"template, line 2, column 1: setStyle lacks the attribute type; add it"}},
     {"MissingPart", R"(<setLook><style color="red"/></setLook>)",
@@ -73,11 +74,11 @@ FaultRow const rows[] = {
     {"MissingColor", R"(<setColor aestheticNumber="1"><cycle><style/></cycle></setColor>)",
      {"template, line 2, column 38: style lacks the attribute color; add it"}},
     {"NoLength", R"(<setFont size="big"/>)",
-     {"template, line 2, column 1: the attribute size of setFont is \"big\", which is no length; write a number "
+     {"template, line 2, column 1: the attribute size of setFont is \"big\", which is no length above 0; write a number "
       "with px, pt, mm, cm, in or %, such as 10pt"}},
     {"NoColor", R"(<setFont color="#12345"/>)",
      {"template, line 2, column 1: the attribute color of setFont is \"#12345\", which is no colour; write "
-      "#RRGGBB or the name of a colour"}},
+      "#RRGGBB or the name of a colour of CSS in small letters, such as steelblue"}},
     {"NoNumber", R"(<setAxis labelAngle="steep"/>)",
      {"template, line 2, column 1: the attribute labelAngle of setAxis is \"steep\", which is no number; write a "
       "number such as 45 or -0.5"}},
@@ -89,9 +90,10 @@ FaultRow const rows[] = {
       "number from 0 to 9999"}},
     {"NoDashes", R"(<setLook part="legend"><style stroke_dasharray="3pt,"/></setLook>)",
      {"template, line 2, column 24: the attribute stroke_dasharray of style is \"3pt,\", which is no list of "
-      "lengths; write lengths with commas between them, such as 6pt,3pt, or nothing for a solid line"}},
-    {"NoWord", R"(<setLook part="legend"><style symbol="a b"/></setLook>)",
-     {"template, line 2, column 24: the attribute symbol of style is \"a b\", which is no word; write letters only"}},
+      "lengths; write lengths of 0 or more with commas between them, such as 6pt,3pt, or nothing for a solid line"}},
+    {"NoSymbol", R"(<setLook part="legend"><style symbol="a b"/></setLook>)",
+     {"template, line 2, column 24: the attribute symbol of style is \"a b\", which is none of its values; write "
+      "one of circle, square, triangle, diamond, cross, plus, star, ibeam"}},
     {"NoFrameNumber", R"(<addFrame type="graph" count="11"/>)",
      {"template, line 2, column 1: the attribute count of addFrame is \"11\", which is no number from 1 to 10; "
       "write such a number"}},
@@ -108,14 +110,15 @@ FaultRow const rows[] = {
      {"template, line 2, column 1: the attribute part of setLook is \"titel\", which is none of its values; did "
       "you mean title?"}},
     {"NoFontPart", R"(<setFont part="gridline"/>)",
-     {"template, line 2, column 1: the attribute part of setFont is \"gridline\", which is none of its values; did "
-      "you mean title?"}},
+     {"template, line 2, column 1: the attribute part of setFont is \"gridline\", which is none of its values; "
+      "write one of all, title, subtitle, footnote, summary, otherLabel, axisLabel, tickLabel, panelTitle, "
+      "panelLabel, legendLabel, legendTitle, dataLabel"}},
     {"NoRole", R"(<setAxis role="w"/>)",
-     {"template, line 2, column 1: the attribute role of setAxis is \"w\", which is none of its values; did you "
-      "mean x?"}},
+     {"template, line 2, column 1: the attribute role of setAxis is \"w\", which is none of its values; write "
+      "one of x, y, z"}},
     {"NoAestheticNumber", R"(<setColor aestheticNumber="6"><cycle><style color="red"/></cycle></setColor>)",
      {"template, line 2, column 1: the attribute aestheticNumber of setColor is \"6\", which is none of its values; "
-      "did you mean 1?"}},
+      "write one of 1, 2, 3, 4, 5"}},
     {"NoAesthetic", R"(<setCycle aesthetic="colour"><cycle><style color="red"/></cycle></setCycle>)",
      {"template, line 2, column 1: the attribute aesthetic of setCycle is \"colour\", which is none of its values; "
       "did you mean color?"}},
@@ -131,9 +134,10 @@ FaultRow const rows[] = {
     {"LongValue", "<setFont family=\"" + longText(201) + "\"/>",
      {"template, line 2, column 1: the attribute family of setFont is longer than 200 characters; shorten it"}},
     {"LongNamesAreCut", "<" + longText(1000) + "/>",
-     {"template, line 2, column 1: unknown element " + longText(40) + "... in template; did you mean addFrame?"}},
+     {"template, line 2, column 1: unknown element " + longText(40) + "... in template; it holds addFrame, setAxis, setColor, setCycle, "
+      "setFont, setLook, setStyle"}},
     {"TextInAnInstruction", "<setFont>size</setFont>",
-     {"template, line 2, column 14: there is text in setFont; remove it"}},
+     {"template, line 2, column 10: there is text in setFont; remove it"}},
     {"NoStyle", R"(<setStyle type="bar"/>)",
      {"template, line 2, column 1: setStyle has no style; add one"}},
     {"NoCycle", R"(<setColor aestheticNumber="1"/>)",
@@ -154,24 +158,60 @@ FaultRow const rows[] = {
      {"template, line 2, column 1: only parts of axes have a role, and all is none; remove the attribute role"},
      Schema::AcceptsIt},
     {"PatternCycleWithoutPatterns", R"(<setCycle aesthetic="pattern"><cycle><style color="red"/></cycle></setCycle>)",
-     {"template, line 2, column 1: a style in the cycle lacks the attribute pattern; add it"}, Schema::AcceptsIt},
+     {"template, line 2, column 38: a style in the cycle lacks the attribute pattern; add it"}, Schema::AcceptsIt},
     {"ShapeCycleWithoutSymbols", R"(<setCycle aesthetic="shape"><cycle><style size="1pt"/></cycle></setCycle>)",
-     {"template, line 2, column 1: a style in the cycle lacks the attribute symbol; add it"}, Schema::AcceptsIt},
+     {"template, line 2, column 36: a style in the cycle lacks the attribute symbol; add it"}, Schema::AcceptsIt},
     {"DashCycleWithoutDashes", R"(<setCycle aesthetic="dash"><cycle><style size="1pt"/></cycle></setCycle>)",
-     {"template, line 2, column 1: a style in the cycle lacks the attribute stroke_dasharray; add it"},
+     {"template, line 2, column 35: a style in the cycle lacks the attribute stroke_dasharray; add it"},
      Schema::AcceptsIt},
     {"ColorCycleWithoutColors", R"(<setCycle aesthetic="color"><cycle><style pattern="1"/></cycle></setCycle>)",
-     {"template, line 2, column 1: a style in the cycle lacks the attribute color; add it"}, Schema::AcceptsIt},
+     {"template, line 2, column 36: a style in the cycle lacks the attribute color; add it"}, Schema::AcceptsIt},
+    {"EachStyleOfACycleIsTold", "<setCycle aesthetic='shape'><cycle>\n<style symbol='plus'/>\n<style/>\n <style/></cycle></setCycle>",
+     {"template, line 4, column 1: a style in the cycle lacks the attribute symbol; add it",
+      "template, line 5, column 2: a style in the cycle lacks the attribute symbol; add it"},
+     Schema::AcceptsIt},
+    {"ColorInAnotherCase", R"(<setFont color="SteelBlue"/>)",
+     {"template, line 2, column 1: the attribute color of setFont is \"SteelBlue\", which is no colour; did you mean "
+      "steelblue?"}},
+    {"ColorWithATypingError", R"(<setFont color="lightgren"/>)",
+     {"template, line 2, column 1: the attribute color of setFont is \"lightgren\", which is no colour; did you mean "
+      "lightgreen?"}},
+    {"NegativeSize", R"(<setFont size="-3pt"/>)",
+     {"template, line 2, column 1: the attribute size of setFont is \"-3pt\", which is no length above 0; write a "
+      "number with px, pt, mm, cm, in or %, such as 10pt"}},
+    {"NegativeExtent", R"(<setAxis tickLength="-3pt"/>)",
+     {"template, line 2, column 1: the attribute tickLength of setAxis is \"-3pt\", which is no length of 0 or more; "
+      "write a number with px, pt, mm, cm, in or %, such as 2pt"}},
+    {"NoLineCap", R"(<setLook part="legend"><style stroke_linecap="flat"/></setLook>)",
+     {"template, line 2, column 24: the attribute stroke_linecap of style is \"flat\", which is none of its values; "
+      "write one of butt, round, square"}},
+    {"ANameThatIsNearEnough", R"(<setFont part="legendLabels"/>)",
+     {"template, line 2, column 1: the attribute part of setFont is \"legendLabels\", which is none of its values; did "
+      "you mean legendLabel?"}},
+    {"AThirdOfALongNameMayBeWrong", R"(<setLook part="referenzLinien"><style color="red"/></setLook>)",
+     {"template, line 2, column 1: the attribute part of setLook is \"referenzLinien\", which is none of its values; did "
+      "you mean referenceLine?"}},
+    {"TextOnALineOfItsOwn", "<setAxis/>\n\n  size\n\n<setFont size='1pt'/>",
+     {"template, line 4, column 3: there is text in template; remove it"}},
+    {"TextBehindRemarks", "<!-- a\n<b> --><?c d?> <![CDATA[ x]]><setAxis/>",
+     {"template, line 3, column 26: there is text in template; remove it"}},
+    {"TextBehindAnInstruction", "<setFont\n size='1pt'></setFont> more\n",
+     {"template, line 3, column 24: there is text in template; remove it"}},
+    {"TextThatIsAReference", "\n&#65;\n<setAxis/>",
+     {"template, line 3, column 1: there is text in template; remove it"}},
     {"EveryFaultIsTold", "<setFont size='x'/>\n<setAxis role='w'/>\n\n  <bad/>",
-     {"template, line 2, column 1: the attribute size of setFont is \"x\", which is no length; write a number with "
+     {"template, line 2, column 1: the attribute size of setFont is \"x\", which is no length above 0; write a number with "
       "px, pt, mm, cm, in or %, such as 10pt",
-      "template, line 3, column 1: the attribute role of setAxis is \"w\", which is none of its values; did you mean x?",
-      "template, line 5, column 3: unknown element bad in template; did you mean addFrame?"}},
+      "template, line 3, column 1: the attribute role of setAxis is \"w\", which is none of its values; write one "
+      "of x, y, z",
+      "template, line 5, column 3: unknown element bad in template; it holds addFrame, setAxis, setColor, setCycle, "
+      "setFont, setLook, setStyle"}},
     {"AFaultIsWhereItsTagBegins", "<!-- < -->\n<setLook\n   part='legend'>\n  <style\n     color='no colour'\n  /></setLook>",
      {"template, line 5, column 3: the attribute color of style is \"no colour\", which is no colour; write #RRGGBB "
-      "or the name of a colour"}},
+      "or the name of a colour of CSS in small letters, such as steelblue"}},
     {"ColumnsCountCharacters", "<!-- äöü€ --><bad/>",
-     {"template, line 2, column 14: unknown element bad in template; did you mean addFrame?"}},
+     {"template, line 2, column 14: unknown element bad in template; it holds addFrame, setAxis, setColor, setCycle, "
+      "setFont, setLook, setStyle"}},
 };
 // clang-format on
 
@@ -202,11 +242,18 @@ std::ostream& operator<<(std::ostream& stream, ValueRow const& row) {
 }
 // clang-format off
 ValueRow const values[] = {
-    {"size", "10pt", true}, {"size", "-1.5px", true}, {"size", "+.5in", true}, {"size", "5.", true}, {"size", "0", true},
+    {"size", "10pt", true}, {"size", "-1.5px", false}, {"size", "+.5in", true}, {"size", "5.", true}, {"size", "0", false},
+    {"size", "-0", false}, {"size", "0.00pt", false}, {"size", "0.01pt", true}, {"font_size", "0pt", false},
+    {"font_size_min", "0pt", true}, {"font_size_min", "-1pt", false}, {"stroke_width", "0", true},
+    {"stroke_width", "+0.0pt", true}, {"stroke_width", "-0.5pt", false}, {"padding", "-1px", false}, {"width", "0%", false},
+    {"shadow_dx", "-1.5px", true}, {"shadow_dx", "0", true}, {"shadow_dx", "-", false},
+    {"stroke_linecap", "round", true}, {"stroke_linecap", "flat", false}, {"stroke_linecap", "", false},
     {"size", "2cm", true}, {"size", "50%", true}, {"size", "", false}, {"size", "pt", false}, {"size", ".", false},
     {"size", "%", false}, {"size", "1.2.3", false}, {"size", "1e3", false}, {"size", "1 pt", false}, {"size", " 1pt", false},
     {"size", "--1", false}, {"size", "10em", false}, {"size", "1pt ", false}, {"size", "+", false},
     {"color", "#aAbB09", true}, {"color", "transparent", true}, {"color", "", false}, {"color", "#12345g", false},
+    {"color", "rebeccapurple", true}, {"color", "grey", true}, {"color", "Red", false}, {"color", "reddish", false},
+    {"color", "none", false}, {"color", "inherit", false}, {"color", "#aabbccdd", false}, {"color", "#abc", false},
     {"color", "#1234567", false}, {"color", "light blue", false}, {"color", "red1", false}, {"color", "#", false},
     {"opacity", "0", true}, {"opacity", "1", true}, {"opacity", "0.5", true}, {"opacity", ".5", true},
     {"opacity", "1.00", true}, {"opacity", "0.", true}, {"opacity", "1.", true}, {"opacity", "1.01", false}, {"opacity", "2", false},
@@ -217,7 +264,8 @@ ValueRow const values[] = {
     {"labelAngle", "-45", true}, {"labelAngle", "+.5", true}, {"labelAngle", "45pt", false}, {"labelAngle", "", false},
     {"stroke_dasharray", "", true}, {"stroke_dasharray", "1pt", true}, {"stroke_dasharray", "1pt,2pt,3", true},
     {"stroke_dasharray", ",1pt", false}, {"stroke_dasharray", "1pt,,2pt", false}, {"stroke_dasharray", "1pt, 2pt", false},
-    {"symbol", "cross", true}, {"symbol", "", false}, {"symbol", "a1", false},
+    {"stroke_dasharray", "-1pt,2pt", false}, {"stroke_dasharray", "0,2pt", true},
+    {"symbol", "cross", true}, {"symbol", "ibeam", true}, {"symbol", "Circle", false}, {"symbol", "blob", false}, {"symbol", "", false}, {"symbol", "a1", false},
     {"visible", "true", true}, {"visible", "0", true}, {"visible", "TRUE", false}, {"visible", " true", false}, {"visible", "", false},
     {"font_weight", "900", true}, {"font_weight", "950", false}, {"font_style", "oblique", true}, {"font_style", "Italic", false},
     {"font_family", "", true}, {"font_family", "Mönch, serif", true},

@@ -217,16 +217,25 @@ INSTANTIATE_TEST_SUITE_P(All, AngleTest,
 TEST_P(AngleTest, IsWrittenAsANumber) {
   apply("<setAxis role=\"x\" labelAngle=\"" + GetParam().written + "\"/>");
   EXPECT_EQ(valueOf("xTicks", "labelAngle"), GetParam().expected);
+  EXPECT_EQ(writes->writes.back().value, GetParam().expected);
 }
 
 // Every attribute of a style, with a value of each kind.
 std::string sampleOf(AttributeRule const& attribute) {
   std::map<kestrel::host::ValueRule const*, std::string> const samples = {
-      {&kestrel::host::anyText, "any text, ü"}, {&kestrel::host::aWord, "square"},
-      {&kestrel::host::aBoolean, "false"},      {&kestrel::host::aColor, "#A0B0C0"},
-      {&kestrel::host::aLength, "1.5pt"},       {&kestrel::host::aNumber, "-45.5"},
-      {&kestrel::host::aShare, "0.25"},         {&kestrel::host::aCount, "6"},
-      {&kestrel::host::dashLengths, "6pt,3pt"}, {&kestrel::host::aFontWeight, "bold"},
+      {&kestrel::host::anyText, "any text, ü"},
+      {&kestrel::host::aSymbol, "square"},
+      {&kestrel::host::anExtent, "0pt"},
+      {&kestrel::host::aSize, "2.5pt"},
+      {&kestrel::host::aLineCap, "round"},
+      {&kestrel::host::aBoolean, "false"},
+      {&kestrel::host::aColor, "#A0B0C0"},
+      {&kestrel::host::aLength, "1.5pt"},
+      {&kestrel::host::aNumber, "-45.5"},
+      {&kestrel::host::aShare, "0.25"},
+      {&kestrel::host::aCount, "6"},
+      {&kestrel::host::dashLengths, "6pt,3pt"},
+      {&kestrel::host::aFontWeight, "bold"},
       {&kestrel::host::aFontStyle, "italic"}};
   return samples.at(attribute.value);
 }
@@ -308,6 +317,52 @@ TEST_F(TemplateTest, PartsWithoutAStyleGetOneEachInTheContainer) {
   EXPECT_NE(chart->text().find(R"(<style id="container"><style color="red" id="template_line_style"/>)"
                                R"(<style color="red" id="template_line_style_1"/></style>)"),
             std::string::npos);
+}
+
+TEST_F(TemplateTest, TruthValuesAreWrittenAsWords) {
+  apply(R"(<setLook part="legend"><style visible="1" labelInside="0" ignoreNewLines="true"/></setLook>)");
+  EXPECT_EQ(valueOf("legendBox", "visible"), "true");
+  EXPECT_EQ(valueOf("legendBox", "labelInside"), "false");
+  EXPECT_EQ(valueOf("legendBox", "ignoreNewLines"), "true");
+  EXPECT_THAT(writes->lines(),
+              ElementsAre("legendBox visible=true @2:24", "legendBox labelInside=false @2:24",
+                          "legendBox ignoreNewLines=true @2:24"));
+}
+
+// Gridlines that come and go.
+TEST_F(TemplateTest, OnlyTheLastWishForAGridlineCounts) {
+  std::string const before = chart->text();
+  apply(R"(<setAxis role="y" gridlines="false"/><setAxis role="y" gridlines="true"/>)");
+  EXPECT_EQ(chart->text(), before);
+  EXPECT_THAT(writes->lines(), ElementsAre("yTicks gridline=false @2:1", "yTicks gridline=true @2:38"));
+}
+
+TEST_F(TemplateTest, AGridlineThatOneTemplateTookAwayComesBackAsItWas) {
+  std::string const before = chart->text();
+  apply(R"(<setAxis role="y" gridlines="false"/>)");
+  EXPECT_EQ(valueOf("yGridline", "style"), "(no element yGridline)");
+  apply(R"(<setAxis role="y" gridlines="true"/>)");
+  EXPECT_EQ(chart->text(), before);
+}
+
+TEST_F(TemplateTest, AGridlineComesBackUnderAnotherIdWhereItsOwnIsTaken) {
+  apply(R"(<setAxis role="y" gridlines="false"/>)");
+  chart->visualization().addGraph(u"yGridline");
+  apply(R"(<setAxis role="y" gridlines="true"/>)");
+  EXPECT_EQ(valueOf("yGridline_1", "style"), "yGrid");
+}
+
+TEST_F(TemplateTest, TwoTemplatesThatDisagreeAboutGridlinesGiveTheSameChartTheSecondTime) {
+  load(
+      R"(<graph id="g"><coordinates><dimension><axis><majorTicks/></axis></dimension></coordinates></graph>)");
+  std::string const with =
+      R"(<setAxis gridlines="true"/><setLook part="gridline"><style color="red"/></setLook>)";
+  apply(R"(<setAxis gridlines="false"/>)");
+  apply(with);
+  std::string const once = chart->text();
+  apply(R"(<setAxis gridlines="false"/>)");
+  apply(with);
+  EXPECT_EQ(chart->text(), once);
 }
 
 }  // namespace

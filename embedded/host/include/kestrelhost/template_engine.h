@@ -28,6 +28,12 @@ struct TemplateWrite {
 };
 
 /// Hears of what templates do to charts, after each step. What it throws leaves the template half applied.
+///
+/// It is called on the thread that applies the template, before that call returns, and may look at the chart
+/// then but not change it. Nothing guards an observer: where charts are completed on several threads, give
+/// each thread an engine with an observer of its own, or see to it that no two templates are applied at a
+/// time with one observer. Without an observer several threads may share an engine, each with a chart of its
+/// own.
 class VEXA_API TemplateObserver {
  public:
   virtual ~TemplateObserver();
