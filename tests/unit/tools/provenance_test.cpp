@@ -4,6 +4,7 @@
 
 #include "chart_test.h"
 #include "explain/explanation.h"
+#include "problem.h"
 
 #include "model/graph.h"
 #include "model/style.h"
@@ -94,6 +95,33 @@ TEST_F(ProvenanceOfAChart, IsThePlaceInTheTemplateForAFrameThatItMadeWithoutALoo
   EXPECT_THAT(text(false), HasSubstr("  frame  true  t.xml:2:3\n"));
   EXPECT_THAT(explanationJson({"c.xml", {}, explainElements(chart, *provenance)}, false),
               HasSubstr("\"line\": 2,\n          \"column\": 3\n"));
+}
+
+TEST_F(ProvenanceOfAChart, IsTheDefaultLooksForWhatChangedBehindATemplate) {
+  std::string const look =
+      "<template xmlns=\"http://xml.vexa.example/software/analytics/vexa/xml/visualization\">"
+      "<setLook part=\"chart\"><style color=\"red\"/></setLook></template>";
+  FollowedTemplates engine(provenance, {{"t.xml", look}});
+  auto const application = engine.start(chart, nullptr);
+  ASSERT_TRUE(application->set(look));
+  application->apply();
+  chart.getStyleById(u"template_visualization_style")->setColor(u"blue");
+  auto const given = only().given;
+  ASSERT_EQ(given.size(), 2u);
+  EXPECT_EQ(given.front().value, "red");
+  EXPECT_EQ(given.back().origin.kind, Origin::Kind::DefaultLooks);
+  EXPECT_EQ(given.back().value, "blue");
+}
+
+TEST_F(ProvenanceOfAChart, SaysThatATemplateIsOneTooMany) {
+  FollowedTemplates engine(provenance, {});
+  auto const application = engine.start(chart, nullptr);
+  try {
+    application->set("<template/>");
+    FAIL();
+  } catch (kestrel::tool::Problem const& problem) {
+    EXPECT_THAT(problem.what(), HasSubstr("the chart gets more templates than the 0 that were given"));
+  }
 }
 
 TEST_F(ProvenanceOfAChart, NamesTheFirstOfTwoStylesOfOneIdAsTheOneInUse) {

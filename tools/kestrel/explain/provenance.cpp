@@ -1,8 +1,11 @@
 #include "provenance.h"
 
+#include "problem.h"
+
 #include "model/document.h"
 #include "model/style.h"
 
+#include <string>
 #include <utility>
 
 namespace kestrel::tool {
@@ -47,11 +50,16 @@ std::vector<Provenance::Explained> Provenance::explain(LumoVisualization const& 
 }
 
 std::vector<GivenValue> Provenance::givenOf(LookValue const& look) const {
-  std::vector<GivenValue> rest = {{{Origin::Kind::DefaultLooks, {}}, look.value}};
+  std::vector<GivenValue> all;
   auto const values = mGiven.find(look.element);
-  if (values == mGiven.end()) return rest;
-  auto const given = values->second.find(look.name);
-  return given == values->second.end() ? rest : given->second;
+  if (values != mGiven.end()) {
+    auto const given = values->second.find(look.name);
+    if (given != values->second.end()) all = given->second;
+  }
+  // What nobody told of comes from the library's own steps, also where it is behind what somebody gave.
+  if (all.empty() || all.back().value != look.value)
+    all.push_back({{Origin::Kind::DefaultLooks, {}}, look.value});
+  return all;
 }
 
 /// A template that takes its turn each time that a text is set.
@@ -61,7 +69,12 @@ class FollowedTemplates::Application : public host::TemplateApplication {
       : mEngine(engine), mApplication(engine.mEngine.start(working, baseline)) {}
 
   bool set(std::string const& xml) override {
-    mEngine.mProvenance->begin(mEngine.mFiles.at(mEngine.mNext++));
+    if (mEngine.mNext == mEngine.mFiles.size()) {
+      throw Problem("the chart gets more templates than the " + std::to_string(mEngine.mFiles.size()) +
+                        " that were given; none of them says where the last one comes from",
+                    Exit::BadInput);
+    }
+    mEngine.mProvenance->begin(mEngine.mFiles[mEngine.mNext++]);
     return mApplication->set(xml);
   }
   void apply() override { mApplication->apply(); }
