@@ -4,6 +4,9 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <fstream>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -53,7 +56,8 @@ TEST_F(Description, WithoutJavaSaysWhatWasLookedForWhere) {
   Outcome const outcome = shell("PATH=/nowhere JAVA_HOME=/nowhere KESTREL_SHARE=" + folder.string() +
                                 " $KESTREL send " + described("scatter") + " -o out");
   // Where Java stands in a usual place it is found all the same.
-  if (outcome.exit != 0) EXPECT_THAT(outcome.err, HasSubstr("/nowhere/lib/server"));
+  if (outcome.exit == 0) return;
+  EXPECT_THAT(outcome.err, HasSubstr("/nowhere/lib/server"));
 }
 
 TEST_F(Description, OptionDataGoesWithNoTable) {
@@ -64,6 +68,46 @@ TEST_F(Description, OptionDataGoesWithNoTable) {
 }
 
 class OldChart : public CliTest {};
+
+TEST_F(OldChart, IsSentAsAChartInTheCurrentMarkup) {
+  Outcome const outcome = kestrel({"send", oldChart("scatter_by_species.old.xml"), "-o", "out"});
+  ASSERT_EQ(outcome.exit, 0) << outcome.err;
+  EXPECT_THAT(chartText(), HasSubstr("<visualization "));
+}
+
+TEST_F(OldChart, IsExplainedInTheCurrentMarkup) {
+  Outcome const outcome = kestrel({"explain", oldChart("scatter_by_species.old.xml")});
+  EXPECT_EQ(outcome.exit, 0) << outcome.err;
+  EXPECT_THAT(outcome.out, HasSubstr("builder"));
+}
+
+TEST_F(OldChart, IsUpgradedIntoAFile) {
+  Outcome const outcome = kestrel({"upgrade", oldChart("scatter_by_species.old.xml"), "-o", "new.xml"});
+  ASSERT_EQ(outcome.exit, 0) << outcome.err;
+  EXPECT_EQ(read("new.xml"), contentOf(oldChart("scatter_by_species.xml")));
+}
+
+TEST_F(OldChart, HasAReportOfWhatIsLost) {
+  std::string const old = oldChart("what_gets_lost.old.xml");
+  std::string const report = contentOf(oldChart("what_gets_lost.report.txt"));
+  Outcome const told = kestrel({"upgrade", old, "-o", "new.xml", "--report"});
+  ASSERT_EQ(told.exit, 0) << told.err;
+  EXPECT_EQ(told.out, report);
+  EXPECT_EQ(told.err, "");
+  Outcome const noted = kestrel({"upgrade", old, "-o", "new.xml"});
+  EXPECT_EQ(noted.out, "");
+  auto const lines = std::count(report.begin(), report.end(), '\n');
+  EXPECT_EQ(noted.err, "kestrel: note: " + std::to_string(lines) + " things of " + old +
+                           " could not be carried over; --report names them\n");
+}
+
+TEST_F(OldChart, ThatIsNoneIsRefused) {
+  write("old.xml", "<visualization/>");
+  Outcome const outcome = kestrel({"upgrade", "old.xml", "-o", "new.xml"});
+  EXPECT_EQ(outcome.exit, 1);
+  EXPECT_THAT(outcome.err, StartsWith("kestrel: old.xml: cannot be upgraded: line 1, column "));
+  EXPECT_FALSE(exists("new.xml"));
+}
 
 constexpr char sheet[] =
     "<xsl:stylesheet version='1.0' xmlns:xsl='http://www.w3.org/1999/XSL/Transform'>"

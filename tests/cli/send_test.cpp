@@ -17,7 +17,7 @@ using testing::Not;
 
 namespace {
 
-constexpr char chart[] = R"(<?xml version="1.0" encoding="UTF-8"?>
+constexpr char birdsChart[] = R"(<?xml version="1.0" encoding="UTF-8"?>
 <visualization lang="en-US" version="2.8" xmlns="http://xml.vexa.example/visualization">
   <graph id="graph">
     <point id="points">
@@ -36,7 +36,7 @@ constexpr char chart[] = R"(<?xml version="1.0" encoding="UTF-8"?>
 
 class Send : public CliTest {
  protected:
-  Send() { write("chart.xml", chart); }
+  Send() { write("chart.xml", birdsChart); }
 
   Outcome send(std::vector<std::string> const& more = {}, std::string const& file = "chart.xml") const {
     std::vector<std::string> arguments = {"send", file, "-o", "out"};
@@ -59,12 +59,12 @@ TEST_F(Send, CompletesTheChartAndSaysWhatItWrote) {
 
 TEST_F(Send, LeavesAProtectedChartAsItIs) {
   EXPECT_EQ(send({"--protect"}).exit, 0);
-  EXPECT_EQ(chartText(), chart);
+  EXPECT_EQ(chartText(), birdsChart);
 }
 
 TEST_F(Send, AppliesItsTemplatesToAProtectedChartToo) {
   EXPECT_EQ(send({"--protect", "--template", "dark"}).exit, 0);
-  EXPECT_NE(chartText(), chart);
+  EXPECT_NE(chartText(), birdsChart);
 }
 
 TEST_F(Send, GivesEachVariableItsColumn) {
@@ -162,7 +162,7 @@ TEST_F(Send, NeedsToKnowWhereTo) {
 }
 
 TEST_F(Send, NeedsASourceForEachFileOfSeveralSources) {
-  std::string two = chart;
+  std::string two = birdsChart;
   two.insert(two.find("  <userSource"),
              "  <userSource id=\"nests\"/>\n"
              "  <sourceVariable id=\"v3\" source=\"nests\" sourceName=\"eggs\"/>\n");
