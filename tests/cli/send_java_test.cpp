@@ -19,8 +19,11 @@ using testing::StartsWith;
 namespace {
 
 std::string described(std::string const& name) { return KESTREL_SOURCE_DIR "/examples/pdl/" + name + ".pdl"; }
-std::string oldChart(std::string const& name) {
-  return KESTREL_SOURCE_DIR "/tests/golden/lumoml14/" + name + ".xml";
+std::string oldChart(std::string const& name) { return KESTREL_SOURCE_DIR "/tests/golden/lumoml14/" + name; }
+
+std::string contentOf(std::string const& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
 class Description : public CliTest {};
