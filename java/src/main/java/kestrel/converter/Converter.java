@@ -5,8 +5,8 @@ import kestrel.pdl.Pdl;
 import kestrel.stylesheet.StyleSheets;
 
 /**
- * The only class that the library calls. XML documents cross as bytes, because their declaration names the encoding; what
- * comes back is UTF-8. All operations may be called from several threads at once. A text that is refused is a
+ * The only class that the library calls. XML documents cross as bytes, because their declaration names the encoding;
+ * what comes back is UTF-8. All operations may be called from several threads at once. A text that is refused is a
  * ConversionException; anything else that is thrown is a fault of the converter.
  */
 public final class Converter {
@@ -42,7 +42,8 @@ public final class Converter {
       return conversion.run();
     } catch (OutOfMemoryError exhausted) {
       throw new ConversionException("the " + what + " needs more memory than the Java VM was given ("
-          + (Runtime.getRuntime().maxMemory() >> 20) + " MB)", exhausted);
+              + (Runtime.getRuntime().maxMemory() >> 20) + " MB)",
+          exhausted);
     } catch (StackOverflowError exhausted) {
       throw new ConversionException("the " + what + " nests or recurses too deeply", exhausted);
     }

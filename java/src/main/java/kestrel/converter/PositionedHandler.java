@@ -7,8 +7,8 @@ import org.xml.sax.SAXParseException;
 import org.xml.sax.ext.DefaultHandler2;
 
 /**
- * A handler that knows where each element begins. The parser only says where an event ends, which for an element is behind
- * its attributes; the end of the event before it is where it begins.
+ * A handler that knows where each element begins. The parser only says where an event ends, which for an element is
+ * behind its attributes; the end of the event before it is where it begins.
  */
 public abstract class PositionedHandler extends DefaultHandler2 {
   private Locator locator;

@@ -12,8 +12,8 @@ import org.xml.sax.XMLReader;
 import org.xml.sax.helpers.XMLFilterImpl;
 
 /**
- * Reads one text, and refuses it where its elements are nested too deeply for those who walk its tree. It remembers why it
- * failed, which those in between, such as an engine of style sheets, do not tell in full.
+ * Reads one text, and refuses it where its elements are nested too deeply for those who walk its tree. It remembers why
+ * it failed, which those in between, such as an engine of style sheets, do not tell in full.
  */
 public final class SafeReader extends XMLFilterImpl {
   private Locator locator;
@@ -25,8 +25,8 @@ public final class SafeReader extends XMLFilterImpl {
   }
 
   /**
-   * Why the text is refused, where the reader failed; else null. `what` names the text: "chart", "style sheet". Behind the
-   * place stands `context`.
+   * Why the text is refused, where the reader failed; else null. `what` names the text: "chart", "style sheet". Behind
+   * the place stands `context`.
    */
   public ConversionException refusal(String what, String context) {
     if (failure == null) return null;

@@ -13,8 +13,8 @@ import org.xml.sax.InputSource;
 import org.xml.sax.SAXException;
 
 /**
- * The one place that makes parsers of XML and engines of style sheets. None of them loads anything from outside the text
- * that it was given, accepts a document type declaration, or goes deeper than {@link #MAXIMUM_DEPTH} elements.
+ * The one place that makes parsers of XML and engines of style sheets. None of them loads anything from outside the
+ * text that it was given, accepts a document type declaration, or goes deeper than {@link #MAXIMUM_DEPTH} elements.
  */
 public final class SafeXml {
   /** Levels of elements in a text, the root being the first. */

@@ -6,7 +6,9 @@ import java.util.Set;
 import kestrel.converter.ConversionException;
 import kestrel.markup.MarkupElement;
 
-/** Axes: one old element holds what is now a dimension, its domain and scale, the axis, its label, ticks and gridlines. */
+/**
+ * Axes: one old element holds what is now a dimension, its domain and scale, the axis, its label, ticks and gridlines.
+ */
 final class AxisRules {
   private final OldChart old;
   private final NewChart chart;
@@ -52,7 +54,10 @@ final class AxisRules {
     String min = bound(each, "min", number);
     String max = bound(each, "max", number);
     String exact = each.truth("exact");
-    dimensions.domainOf(number).add("range").set("min", min).set("max", max)
+    dimensions.domainOf(number)
+        .add("range")
+        .set("min", min)
+        .set("max", max)
         .set("exact", exact == null ? "true" : exact);
   }
 
@@ -71,7 +76,10 @@ final class AxisRules {
     String reverse = each.truth("reverse");
     String origin = each.number("origin");
     if (method == null && base == null && reverse == null && origin == null) return;
-    dimension.add("scale").set("method", method == null ? "1" : method).set("base", base).set("invert", reverse)
+    dimension.add("scale")
+        .set("method", method == null ? "1" : method)
+        .set("base", base)
+        .set("invert", reverse)
         .set("origin", origin);
   }
 
@@ -90,18 +98,26 @@ final class AxisRules {
     if (text == null) return;
     String id = axis.attribute("id") + "_label";
     axis.add("label").set("style", id).add("text").setText(text);
-    chart.addStyle(id).set("color", each.color("labelcolor")).set("font_size", each.points("labelsize"))
-        .set("font_family", each.value("labelfont")).set("font_weight", Looks.weight(each, "labelbold"));
+    chart.addStyle(id)
+        .set("color", each.color("labelcolor"))
+        .set("font_size", each.points("labelsize"))
+        .set("font_family", each.value("labelfont"))
+        .set("font_weight", Looks.weight(each, "labelbold"));
   }
 
   private void ticks(OldElement each, MarkupElement axis) throws ConversionException {
     MarkupElement ticks = axis.add("majorTicks");
     Integer every = each.count("every");
-    ticks.set("delta", each.number("step")).set("base", each.number("start")).set("length", each.points("ticklength"))
-        .set("labelAngle", each.number("angle")).set("stagger", each.truth("stagger"))
+    ticks.set("delta", each.number("step"))
+        .set("base", each.number("start"))
+        .set("length", each.points("ticklength"))
+        .set("labelAngle", each.number("angle"))
+        .set("stagger", each.truth("stagger"))
         .set("labelFrequency", every == null ? null : every.toString());
     style(axis, ticks, "markStyle").set("visible", each.truth("ticks"));
-    style(axis, ticks, "style").set("visible", each.truth("ticklabels")).set("color", each.color("tickcolor"))
+    style(axis, ticks, "style")
+        .set("visible", each.truth("ticklabels"))
+        .set("color", each.color("tickcolor"))
         .set("font_size", each.points("ticksize"));
     style(axis, ticks, "tickFrameStyle").set("visible", "false");
     Formats.apply(each, ticks);

@@ -9,8 +9,8 @@ import kestrel.converter.ConversionException;
 import kestrel.markup.MarkupElement;
 
 /**
- * The rows of an embedded source. Old ones hold numbers, dates and texts; new ones hold numbers alone, so that dates become
- * seconds since 1970 and texts the numbers of categories with a relabel each.
+ * The rows of an embedded source. Old ones hold numbers, dates and texts; new ones hold numbers alone, so that dates
+ * become seconds since 1970 and texts the numbers of categories with a relabel each.
  */
 final class EmbeddedRows {
   private static final String MISSING = ".";
@@ -46,9 +46,9 @@ final class EmbeddedRows {
   private static Column columnOf(Variable variable) {
     if (variable == null) return NUMBERS;
     return switch (variable.kind()) {
-      case DATE -> DATES;
-      case STRING -> hasRelabels(variable.element()) ? NUMBERS : new Categories(variable.element());
-      default -> NUMBERS;
+      case DATE -> DATES; case STRING -> hasRelabels(variable.element()) ? NUMBERS:
+        new Categories(variable.element());
+        default -> NUMBERS;
     };
   }
 
@@ -76,8 +76,8 @@ final class EmbeddedRows {
   private void add(String row, int line, StringBuilder rows) throws ConversionException {
     List<String> values = Values.list(row);
     if (values.size() != columns.size()) {
-      throw ConversionException.at(line, 1,
-          "a row has " + values.size() + " values, and \"columns\" names " + columns.size());
+      throw ConversionException.at(
+          line, 1, "a row has " + values.size() + " values, and \"columns\" names " + columns.size());
     }
     for (int at = 0; at < values.size(); ++at) {
       if (at > 0) rows.append(';');
@@ -85,8 +85,9 @@ final class EmbeddedRows {
       if (value.isEmpty() || value.equals(MISSING)) continue;
       String number = columns.get(at).number(value);
       if (number == null) {
-        throw ConversionException.at(line, 1, "\"" + OldElement.cut(value) + "\" is no value for the column \""
-            + names.get(at) + "\", which holds " + columns.get(at).holds());
+        throw ConversionException.at(line, 1,
+            "\"" + OldElement.cut(value) + "\" is no value for the column \"" + names.get(at) + "\", which holds "
+                + columns.get(at).holds());
       }
       rows.append(number);
     }

@@ -8,18 +8,19 @@ import kestrel.converter.ConversionException;
 import kestrel.markup.MarkupElement;
 import kestrel.markup.Numbers;
 
-/** Groups by colour, pattern, shape, dash, size and transparency: attributes of a layer become aesthetics and cycles. */
+/**
+ * Groups by colour, pattern, shape, dash, size and transparency: attributes of a layer become aesthetics and cycles.
+ */
 final class Groupings {
   /** An aesthetic whose looks come from a cycle, and the property of its styles. */
-  private record Cycled(String by, String looks, String aesthetic, String property, Function<String, String> reader,
-      String wanted) {}
+  private record Cycled(
+      String by, String looks, String aesthetic, String property, Function<String, String> reader, String wanted) {}
 
   private static final Cycled[] CYCLED = {
       new Cycled("colorby", "colors", "color", "color", Values::color, "a colour such as 0,114,178 or black"),
       new Cycled("patternby", "patterns", "pattern", "pattern", Groupings::count, "a whole number such as 5"),
       new Cycled("shapeby", "shapes", "shape", "symbol", Words.SHAPES::get, VariableRules.oneOf(Words.SHAPES)),
-      new Cycled("dashby", "dashes", "dash", "stroke_dasharray", Words.DASHES::get,
-          VariableRules.oneOf(Words.DASHES))};
+      new Cycled("dashby", "dashes", "dash", "stroke_dasharray", Words.DASHES::get, VariableRules.oneOf(Words.DASHES))};
 
   private final NewChart chart;
   private final OldElement layer;
@@ -79,12 +80,13 @@ final class Groupings {
     if (made == null) return;
     List<String> values = layer.list(bounds, reader, wanted);
     if (values.isEmpty()) return;
-    if (values.size() != 2) throw layer.malformed(bounds, layer.value(bounds), "it has to be the least and the greatest");
+    if (values.size() != 2)
+      throw layer.malformed(bounds, layer.value(bounds), "it has to be the least and the greatest");
     made.set("low", values.get(0)).set("high", values.get(1));
   }
 
-  private void mappings(String aesthetic, String attribute, String child, Function<String, String> reader, String wanted)
-      throws ConversionException {
+  private void mappings(String aesthetic, String attribute, String child, Function<String, String> reader,
+      String wanted) throws ConversionException {
     MarkupElement made = element.find(aesthetic);
     if (made == null) return;
     for (Map.Entry<String, String> pair : layer.pairs(attribute).entrySet()) {

@@ -42,8 +42,12 @@ final class GuideRules {
         continue;
       }
       done = true;
-      chart.coordinates().add("rectangularTransform").set("distance", each.number("distance"))
-          .set("phi", each.number("phi")).set("theta", each.number("theta")).set("zeta", each.number("zeta"));
+      chart.coordinates()
+          .add("rectangularTransform")
+          .set("distance", each.number("distance"))
+          .set("phi", each.number("phi"))
+          .set("theta", each.number("theta"))
+          .set("zeta", each.number("zeta"));
       if (each.says("frame")) chart.graph().add("frameGuide").set("complete", "true");
     }
   }

@@ -148,7 +148,9 @@ final class LayerRules {
   private void labels(OldElement each, MarkupElement made) throws ConversionException {
     Variable variable = chart.variable(each, "labelsby");
     if (variable == null) return;
-    made.add("labeling").set("variable", variable.name()).set("dimension", "0")
+    made.add("labeling")
+        .set("variable", variable.name())
+        .set("dimension", "0")
         .set("connectingLines", each.truth("labellines"));
   }
 

@@ -12,34 +12,23 @@ final class Looks {
 
   private record Row(String attribute, String property, Reader reader) {}
 
-  private static final Row[] ELEMENT = {
-      new Row("color", "color", OldElement::color),
-      new Row("outline", "color2", OldElement::color),
-      new Row("size", "size", OldElement::points),
-      new Row("width", "width", OldElement::percent),
-      new Row("linewidth", "stroke_width", OldElement::points),
-      new Row("dash", "stroke_dasharray", Looks::dash),
-      new Row("shape", "symbol", Looks::shape),
-      new Row("pattern", "pattern", Looks::pattern),
-      new Row("transparency", "opacity", Looks::opacity),
+  private static final Row[] ELEMENT = {new Row("color", "color", OldElement::color),
+      new Row("outline", "color2", OldElement::color), new Row("size", "size", OldElement::points),
+      new Row("width", "width", OldElement::percent), new Row("linewidth", "stroke_width", OldElement::points),
+      new Row("dash", "stroke_dasharray", Looks::dash), new Row("shape", "symbol", Looks::shape),
+      new Row("pattern", "pattern", Looks::pattern), new Row("transparency", "opacity", Looks::opacity),
       new Row("depth", "depth", OldElement::points)};
 
-  private static final Row[] LINE = {
-      new Row("color", "color", OldElement::color),
-      new Row("linewidth", "stroke_width", OldElement::points),
-      new Row("dash", "stroke_dasharray", Looks::dash)};
+  private static final Row[] LINE = {new Row("color", "color", OldElement::color),
+      new Row("linewidth", "stroke_width", OldElement::points), new Row("dash", "stroke_dasharray", Looks::dash)};
 
-  private static final Row[] TEXT = {
-      new Row("font", "font_family", OldElement::value),
-      new Row("size", "font_size", OldElement::points),
-      new Row("color", "color", OldElement::color),
-      new Row("bold", "font_weight", Looks::weight),
-      new Row("italic", "font_style", Looks::slant),
+  private static final Row[] TEXT = {new Row("font", "font_family", OldElement::value),
+      new Row("size", "font_size", OldElement::points), new Row("color", "color", OldElement::color),
+      new Row("bold", "font_weight", Looks::weight), new Row("italic", "font_style", Looks::slant),
       new Row("align", "textAlignment", Looks::alignment)};
 
   private static final Row[] BOX = {
-      new Row("background", "color", OldElement::color),
-      new Row("frame", "color2", OldElement::color)};
+      new Row("background", "color", OldElement::color), new Row("frame", "color2", OldElement::color)};
 
   private Looks() {}
 

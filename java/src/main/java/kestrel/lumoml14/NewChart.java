@@ -107,9 +107,10 @@ final class NewChart {
   private Variable named(OldElement element, String attribute, String name) throws ConversionException {
     Variable variable = variables.get(name);
     if (variable == null) {
-      throw element.malformed(attribute, name, variables.isEmpty()
-          ? "the chart has no variables"
-          : "the chart has no such variable, but " + OldElement.cut(String.join(", ", variables.keySet())));
+      throw element.malformed(attribute, name,
+          variables.isEmpty()
+              ? "the chart has no variables"
+              : "the chart has no such variable, but " + OldElement.cut(String.join(", ", variables.keySet())));
     }
     return variable;
   }

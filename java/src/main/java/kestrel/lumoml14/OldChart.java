@@ -14,6 +14,10 @@ import org.xml.sax.SAXException;
 final class OldChart {
   private static final String ROOT = "graph";
 
+  /** What an element and what becomes of it take up in memory, measured with headings and layers. */
+  private static final int BYTES_OF_ELEMENT = 1000;
+  private static final int BYTES_OF_ATTRIBUTE = 250;
+
   private final OldElement root;
   private final Map<String, List<OldElement>> elements;
 
@@ -44,6 +48,7 @@ final class OldChart {
     private OldElement root;
     private OldElement current;
     private int depth;
+    private long room = Runtime.getRuntime().maxMemory() / 4 * 3;
 
     Reader(Report report) {
       this.report = report;
@@ -57,8 +62,8 @@ final class OldChart {
       } else if (depth == 2) {
         current = child(uri, name, attributes, atLine, atColumn);
       } else if (depth == 3) {
-        report.lost(atLine, atColumn, "element \"" + OldElement.cut(name) + "\"",
-            "LumoML 1.4 has no elements within others");
+        report.lost(
+            atLine, atColumn, "element \"" + OldElement.cut(name) + "\"", "LumoML 1.4 has no elements within others");
       }
     }
 
@@ -66,20 +71,33 @@ final class OldChart {
         throws SAXException {
       if (!name.equals(ROOT)) {
         throw new SAXException(ConversionException.at(atLine, atColumn,
-            "the root element is \"" + OldElement.cut(name) + "\"; a chart in LumoML 1.4 begins with \"" + ROOT + "\""));
+            "the root element is \"" + OldElement.cut(name) + "\"; a chart in LumoML 1.4 begins with \"" + ROOT
+                + "\""));
       }
       namespace = uri;
       return made(name, attributes, atLine, atColumn);
     }
 
-    private OldElement child(String uri, String name, Attributes attributes, int atLine, int atColumn) {
+    private OldElement child(String uri, String name, Attributes attributes, int atLine, int atColumn)
+        throws SAXException {
       if (!uri.equals(namespace) || !Vocabulary.hasElement(name)) {
         report.lost(atLine, atColumn, "element \"" + OldElement.cut(name) + "\"", "it is not part of LumoML 1.4");
         return null;
       }
+      takeRoom(attributes, atLine, atColumn);
       OldElement element = made(name, attributes, atLine, atColumn);
       elements.computeIfAbsent(name, unused -> new ArrayList<>()).add(element);
       return element;
+    }
+
+    /** Long before a Java VM gives up for want of memory it does little else but look for some. */
+    private void takeRoom(Attributes attributes, int atLine, int atColumn) throws SAXException {
+      room -= BYTES_OF_ELEMENT + (long) attributes.getLength() * BYTES_OF_ATTRIBUTE;
+      if (room < 0) {
+        throw new SAXException(ConversionException.at(atLine, atColumn,
+            "the chart has more elements than the memory of "
+                + "the Java VM holds, " + (Runtime.getRuntime().maxMemory() >> 20) + " MB"));
+      }
     }
 
     private OldElement made(String name, Attributes attributes, int atLine, int atColumn) {
@@ -108,8 +126,7 @@ final class OldChart {
       if (depth == 2 && current != null && current.name().equals(Vocabulary.WITH_TEXT)) {
         current.addText(content, atLine);
       } else if (depth <= 2 && (depth == 1 || current != null) && !content.isBlank()) {
-        report.lost(atLine, atColumn, "text \"" + OldElement.cut(content.strip()) + "\"",
-            "texts stand in attributes");
+        report.lost(atLine, atColumn, "text \"" + OldElement.cut(content.strip()) + "\"", "texts stand in attributes");
       }
     }
 

@@ -27,8 +27,8 @@ final class OldElement {
     this.name = name;
     this.line = line;
     this.column = column;
-    this.names = names.toArray(String[]::new);
-    this.values = values.toArray(String[]::new);
+    this.names = names.toArray(String[] ::new);
+    this.values = values.toArray(String[] ::new);
     asked = new boolean[this.names.length];
     textLine = line;
   }

@@ -56,7 +56,8 @@ final class PageRules {
     if (root.says("sameunits")) coordinates.add("sameRatioTransform");
     Integer mirror = root.word("mirror", Words.DIMENSIONS);
     if (mirror != null) {
-      coordinates.add("reflectionTransform").set("dimension", mirror.toString())
+      coordinates.add("reflectionTransform")
+          .set("dimension", mirror.toString())
           .set("alternating", root.word("mirrorpanels", Words.REFLECTIONS));
     }
   }
@@ -114,7 +115,9 @@ final class PageRules {
     chart.extension().set(id.replace("frame_legend_", "legend"), id);
     legend.set("style", id + "s").set("tickTextStyle", id + "_texts");
     Looks.ofBox(each, chart.addStyle(id + "s"));
-    chart.addStyle(id + "_texts").set("color", each.color("color")).set("font_size", each.points("size"))
+    chart.addStyle(id + "_texts")
+        .set("color", each.color("color"))
+        .set("font_size", each.points("size"))
         .set("font_family", each.value("font"));
     for (MarkupElement target : targets) legend.add("legendTarget").set("target", target.attribute("id"));
     title(each, legend);

@@ -42,8 +42,10 @@ final class SourceRules {
     for (Map.Entry<OldElement, MarkupElement> each : sources.entrySet()) {
       boolean hasRows = each.getKey().hasText();
       if (each.getValue().name().equals(EMBEDDED)) {
-        if (each.getKey().has("columns")) addRows(each.getKey(), each.getValue());
-        else if (hasRows) each.getKey().required("columns");
+        if (each.getKey().has("columns"))
+          addRows(each.getKey(), each.getValue());
+        else if (hasRows)
+          each.getKey().required("columns");
       } else if (hasRows) {
         OldElement source = each.getKey();
         report.lost(source.line(), source.column(), "the text of \"source\"", "only an embedded source has rows");

@@ -43,8 +43,10 @@ public final class Upgrade {
     for (String name : Vocabulary.elements()) {
       for (OldElement each : old.all(name)) {
         String whyLost = Vocabulary.whyLost(name);
-        if (whyLost != null) report.lost(each, whyLost);
-        else reportRest(each, report);
+        if (whyLost != null)
+          report.lost(each, whyLost);
+        else
+          reportRest(each, report);
       }
     }
   }

@@ -14,7 +14,8 @@ import kestrel.markup.Numbers;
 
 /** The forms in which LumoML 1.4 writes values. Each reader gives null for a text that does not have its form. */
 final class Values {
-  private static final Pattern NUMBER = Pattern.compile("[+-]?(\\d{1,400}(\\.\\d{0,400})?|\\.\\d{1,400})([eE][+-]?\\d{1,3})?");
+  private static final Pattern NUMBER =
+      Pattern.compile("[+-]?(\\d{1,400}(\\.\\d{0,400})?|\\.\\d{1,400})([eE][+-]?\\d{1,3})?");
   private static final Pattern COUNT = Pattern.compile("\\d{1,9}");
   private static final Pattern PART = Pattern.compile("\\d{1,3}");
   private static final double LONGEST = 100_000;
@@ -23,12 +24,12 @@ final class Values {
   /** At most 15 digits, from 0.00001 on: what is written so is its own shortest form. */
   private static final Pattern SHORTEST = Pattern.compile("-?(0|[1-9]\\d{0,7})(\\.(?!00000)\\d{0,6}[1-9])?");
 
-  private static final Map<String, String> NAMED_COLORS = Map.ofEntries(
-      Map.entry("none", "transparent"), Map.entry("black", "#000000"), Map.entry("white", "#FFFFFF"),
-      Map.entry("grey", "#808080"), Map.entry("lightgrey", "#D3D3D3"), Map.entry("darkgrey", "#404040"),
-      Map.entry("red", "#FF0000"), Map.entry("green", "#008000"), Map.entry("blue", "#0000FF"),
-      Map.entry("yellow", "#FFFF00"), Map.entry("orange", "#FFA500"), Map.entry("purple", "#800080"),
-      Map.entry("brown", "#A52A2A"), Map.entry("cyan", "#00FFFF"), Map.entry("magenta", "#FF00FF"));
+  private static final Map<String, String> NAMED_COLORS =
+      Map.ofEntries(Map.entry("none", "transparent"), Map.entry("black", "#000000"), Map.entry("white", "#FFFFFF"),
+          Map.entry("grey", "#808080"), Map.entry("lightgrey", "#D3D3D3"), Map.entry("darkgrey", "#404040"),
+          Map.entry("red", "#FF0000"), Map.entry("green", "#008000"), Map.entry("blue", "#0000FF"),
+          Map.entry("yellow", "#FFFF00"), Map.entry("orange", "#FFA500"), Map.entry("purple", "#800080"),
+          Map.entry("brown", "#A52A2A"), Map.entry("cyan", "#00FFFF"), Map.entry("magenta", "#FF00FF"));
 
   private Values() {}
 

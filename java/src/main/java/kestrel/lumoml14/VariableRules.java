@@ -39,8 +39,8 @@ final class VariableRules {
     List<String> columns = perName(each, "columns", each.list("columns"), names, false);
     List<String> labels = perName(each, "labels", each.list("labels"), names, false);
     List<Variable.Kind> kinds = perName(each, "kinds", each.list("kinds", KINDS::get, oneOf(KINDS)), names, true);
-    List<String> dates = perName(each, "dates",
-        each.list("dates", Words.DATE_FORMS::get, oneOf(Words.DATE_FORMS)), names, true);
+    List<String> dates =
+        perName(each, "dates", each.list("dates", Words.DATE_FORMS::get, oneOf(Words.DATE_FORMS)), names, true);
     String source = sourceOf(each);
     for (int at = 0; at < names.size(); ++at) {
       String name = checked(each, "names", names.get(at));
@@ -65,12 +65,12 @@ final class VariableRules {
   }
 
   /** One item for each name; where `shared`, a single one holds for all. */
-  private static <T> List<T> perName(OldElement each, String attribute, List<T> items, List<String> names, boolean shared)
-      throws ConversionException {
+  private static <T> List<T> perName(
+      OldElement each, String attribute, List<T> items, List<String> names, boolean shared) throws ConversionException {
     if (items.isEmpty() || items.size() == names.size()) return items;
     if (!shared || items.size() != 1) {
-      throw each.malformed(attribute, each.value(attribute),
-          "it has " + items.size() + " items, and \"names\" has " + names.size());
+      throw each.malformed(
+          attribute, each.value(attribute), "it has " + items.size() + " items, and \"names\" has " + names.size());
     }
     List<T> repeated = new ArrayList<>();
     for (int at = 0; at < names.size(); ++at) repeated.add(items.get(0));
@@ -105,9 +105,8 @@ final class VariableRules {
     }
     Variable.Kind kind = each.word("kind", KINDS);
     if (kind == null) kind = Variable.Kind.NUMBER;
-    MarkupElement element = function != null
-        ? new MarkupElement("derivedVariable").set("value", function)
-        : new MarkupElement("expressionVariable").set("expression", expression);
+    MarkupElement element = function != null ? new MarkupElement("derivedVariable").set("value", function)
+                                             : new MarkupElement("expressionVariable").set("expression", expression);
     describe(element, name, each.value("label"), kind);
     chart.add(new Variable(name, kind, null, element));
   }

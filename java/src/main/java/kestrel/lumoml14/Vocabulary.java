@@ -18,12 +18,9 @@ final class Vocabulary {
   private static final Map<String, Set<String>> ELEMENTS = elements(
       "graph: version name description creator date language width height background frame plotbackground plotframe"
           + " transpose polar mirror mirrorpanels sameunits animation",
-      "heading: kind text background frame href" + FONT + PLACE,
-      "source: name kind columns",
-      "variables: source names columns labels kinds dates",
-      "formula: name label function expression kind",
-      "relabels: variable values",
-      "format: variables errorcharacter" + FORMAT,
+      "heading: kind text background frame href" + FONT + PLACE, "source: name kind columns",
+      "variables: source names columns labels kinds dates", "formula: name label function expression kind",
+      "relabels: variable values", "format: variables errorcharacter" + FORMAT,
       "categories: variable order leaveout sort",
       "layer: kind name x y z colorby patternby shapeby dashby sizeby transparencyby colors patterns shapes dashes sizes"
           + " transparencies colormap shapemap arrange gap statistic bins binwidth binstart errorbars labelsby labellines"
@@ -33,26 +30,22 @@ final class Vocabulary {
           + " stagger every grid gridcolor griddash color linewidth labelcolor labelsize labelfont labelbold ticksize"
           + " tickcolor margins nice" + FORMAT,
       "legend: title position explains background frame titlesize titlecolor font size color" + PLACE,
-      "panels: columns rows method gap labels topdown aspect",
-      "reference: axis at name color linewidth dash tooltip",
-      "curve: function name color linewidth dash smooth",
-      "view: distance phi theta zeta frame",
-      "picture: file" + PLACE,
-      "script: event language code");
+      "panels: columns rows method gap labels topdown aspect", "reference: axis at name color linewidth dash tooltip",
+      "curve: function name color linewidth dash smooth", "view: distance phi theta zeta frame",
+      "picture: file" + PLACE, "script: event language code");
 
   /** By "element" or "element/attribute". */
-  private static final Map<String, String> WITHOUT_COUNTERPART = Map.ofEntries(
-      Map.entry("picture", "charts hold no pictures from outside their text"),
-      Map.entry("script", "charts run no programs"),
-      Map.entry("graph/animation", "charts stand still"),
-      Map.entry("heading/href", "texts of a chart are no links"),
-      Map.entry("layer/href", "elements of a chart are no links"),
-      Map.entry("layer/tooltip", "the client makes its own"),
-      Map.entry("layer/smooth", "lines run straight from point to point"),
-      Map.entry("layer/errors", "the client computes the bars"),
-      Map.entry("layer/level", "the client computes the bars"),
-      Map.entry("reference/tooltip", "the client makes its own"),
-      Map.entry("curve/smooth", "a function is drawn as it is"));
+  private static final Map<String, String> WITHOUT_COUNTERPART =
+      Map.ofEntries(Map.entry("picture", "charts hold no pictures from outside their text"),
+          Map.entry("script", "charts run no programs"), Map.entry("graph/animation", "charts stand still"),
+          Map.entry("heading/href", "texts of a chart are no links"),
+          Map.entry("layer/href", "elements of a chart are no links"),
+          Map.entry("layer/tooltip", "the client makes its own"),
+          Map.entry("layer/smooth", "lines run straight from point to point"),
+          Map.entry("layer/errors", "the client computes the bars"),
+          Map.entry("layer/level", "the client computes the bars"),
+          Map.entry("reference/tooltip", "the client makes its own"),
+          Map.entry("curve/smooth", "a function is drawn as it is"));
 
   private Vocabulary() {}
 
@@ -72,9 +65,8 @@ final class Vocabulary {
   static String whyLost(String element, String attribute) {
     String reason = WITHOUT_COUNTERPART.get(element + "/" + attribute);
     if (reason != null) return reason;
-    return ELEMENTS.get(element).contains(attribute)
-        ? "it says nothing together with the other attributes"
-        : "it is not part of LumoML 1.4";
+    return ELEMENTS.get(element).contains(attribute) ? "it says nothing together with the other attributes"
+                                                     : "it is not part of LumoML 1.4";
   }
 
   /** Why nothing comes of an element; null where something does. */

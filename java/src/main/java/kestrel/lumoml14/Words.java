@@ -10,22 +10,22 @@ final class Words {
   static final Map<String, String> SOURCES = table("user", "userSource", "database", "databaseSource", "file",
       "delimitedFileSource", "stream", "streamingSource", "embedded", "embeddedSource");
 
-  static final Map<String, String> DATE_FORMS = table("ymd", "yyyy-MM-dd", "dmy", "dd.MM.yyyy", "mdy", "MM/dd/yyyy", "ym",
-      "yyyy-MM", "y", "yyyy", "time", "HH:mm:ss", "datetime", "yyyy-MM-dd HH:mm:ss");
+  static final Map<String, String> DATE_FORMS = table("ymd", "yyyy-MM-dd", "dmy", "dd.MM.yyyy", "mdy", "MM/dd/yyyy",
+      "ym", "yyyy-MM", "y", "yyyy", "time", "HH:mm:ss", "datetime", "yyyy-MM-dd HH:mm:ss");
 
-  static final Map<String, String> DASHES = table("solid", "", "dotted", "2pt,2pt", "dashed", "6pt,3pt", "longdashed",
-      "12pt,3pt", "dashdotted", "8pt,2pt,2pt,2pt");
+  static final Map<String, String> DASHES = table(
+      "solid", "", "dotted", "2pt,2pt", "dashed", "6pt,3pt", "longdashed", "12pt,3pt", "dashdotted", "8pt,2pt,2pt,2pt");
 
-  static final Map<String, String> SHAPES = table("circle", "circle", "square", "square", "triangle", "triangle", "diamond",
-      "diamond", "cross", "cross", "plus", "plus", "star", "star", "ibeam", "ibeam");
+  static final Map<String, String> SHAPES = table("circle", "circle", "square", "square", "triangle", "triangle",
+      "diamond", "diamond", "cross", "cross", "plus", "plus", "star", "star", "ibeam", "ibeam");
 
   static final Map<String, String> SCALES = table("linear", "1", "log", "2", "power", "3");
 
-  static final Map<String, String> ARRANGEMENTS = table("overlap", "", "stack", "3", "pile", "7", "dots", "8", "cluster",
-      "cluster");
+  static final Map<String, String> ARRANGEMENTS =
+      table("overlap", "", "stack", "3", "pile", "7", "dots", "8", "cluster", "cluster");
 
-  static final Map<String, String> STATISTICS = table("none", "", "percent", "3", "count", null, "sum", null, "mean", null,
-      "median", null);
+  static final Map<String, String> STATISTICS =
+      table("none", "", "percent", "3", "count", null, "sum", null, "mean", null, "median", null);
 
   static final Map<String, Integer> DIMENSIONS = dimensions();
 

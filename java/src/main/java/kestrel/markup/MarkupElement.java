@@ -6,8 +6,8 @@ import java.util.Collections;
 import java.util.List;
 
 /**
- * An element of the current markup as it is being built: children, or a text. Large charts have millions of them, so that
- * they hold no more than they need.
+ * An element of the current markup as it is being built: children, or a text. Large charts have millions of them, so
+ * that they hold no more than they need.
  */
 public final class MarkupElement {
   /** The namespace of the chart markup. */

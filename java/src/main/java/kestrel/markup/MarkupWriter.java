@@ -8,8 +8,8 @@ import java.io.Writer;
 import java.nio.charset.StandardCharsets;
 
 /**
- * Writes a chart as the library itself does: XML 1.0 in UTF-8, without indentation, attributes in the order of their names.
- * Characters that XML cannot hold are left out.
+ * Writes a chart as the library itself does: XML 1.0 in UTF-8, without indentation, attributes in the order of their
+ * names. Characters that XML cannot hold are left out.
  */
 public final class MarkupWriter {
   private static final String DECLARATION = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
@@ -73,12 +73,12 @@ public final class MarkupWriter {
   /** Line ends and tabs would not come back from an attribute, nor carriage returns from anywhere. */
   private static String referenceTo(int character, boolean inAttribute) {
     return switch (character) {
-      case '&' -> "&amp;";
-      case '<' -> "&lt;";
-      case '>' -> "&gt;";
-      case '"' -> inAttribute ? "&quot;" : null;
-      case '\t' -> inAttribute ? "&#x9;" : null;
-      case '\n' -> inAttribute ? "&#xA;" : null;
+      case '&' -> "&amp;"; case '<' -> "&lt;"; case '>' -> "&gt;"; case '"' -> inAttribute ? "&quot;":
+        null;
+      case '\t' -> inAttribute ? "&#x9;":
+        null;
+      case '\n' -> inAttribute ? "&#xA;":
+        null;
       case '\r' -> "&#xD;";
       default -> null;
     };

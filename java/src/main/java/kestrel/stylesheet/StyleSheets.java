@@ -22,7 +22,9 @@ import kestrel.converter.ConversionException;
 import kestrel.converter.SafeReader;
 import kestrel.converter.SafeXml;
 
-/** Applies style sheets (XSLT 1.0) to charts. A sheet is compiled once for as long as it is among the last used ones. */
+/**
+ * Applies style sheets (XSLT 1.0) to charts. A sheet is compiled once for as long as it is among the last used ones.
+ */
 public final class StyleSheets {
   private static final int CACHED = 16;
   private static final String DECLARATION = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>";
@@ -121,12 +123,12 @@ public final class StyleSheets {
     return new ConversionException("the style sheet engine failed: " + failure, failure);
   }
 
-  private static ConversionException refusal(ConversionException ofReader, String context, TransformerException failure) {
+  private static ConversionException refusal(
+      ConversionException ofReader, String context, TransformerException failure) {
     if (ofReader != null) return ofReader;
     Matcher placed = LINE.matcher(String.valueOf(failure.getMessage()));
-    return placed.matches()
-        ? ConversionException.at(Integer.parseInt(placed.group(1)), 1, context + placed.group(2))
-        : new ConversionException(context + failure.getMessage(), failure);
+    return placed.matches() ? ConversionException.at(Integer.parseInt(placed.group(1)), 1, context + placed.group(2))
+                            : new ConversionException(context + failure.getMessage(), failure);
   }
 
   private static String digest(byte[] styleSheet) {

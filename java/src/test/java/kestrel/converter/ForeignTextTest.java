@@ -27,8 +27,7 @@ import org.junit.jupiter.params.provider.ValueSource;
 class ForeignTextTest {
   private static final String CHART = "<graph><heading kind='title' text='\u00e4\uD83D\uDE00'/></graph>";
 
-  @TempDir
-  private Path folder;
+  @TempDir private Path folder;
   private HttpServer server;
   private final AtomicInteger asked = new AtomicInteger();
 
@@ -53,13 +52,13 @@ class ForeignTextTest {
   }
 
   @ParameterizedTest
-  @ValueSource(strings = {
-      "<!DOCTYPE graph><graph/>",
-      "<!DOCTYPE graph SYSTEM 'ADDRESS'><graph/>",
-      "<!DOCTYPE graph [<!ENTITY e SYSTEM 'ADDRESS'>]><graph name='x'>&e;</graph>",
-      "<!DOCTYPE graph [<!ENTITY % p SYSTEM 'ADDRESS'> %p;]><graph/>",
-      "<!DOCTYPE graph [<!ENTITY a 'aaaaaaaaaa'><!ENTITY b '&a;&a;&a;&a;&a;&a;&a;&a;'>]><graph name='&b;'/>"})
-  void aDocumentTypeIsRefusedAndNothingIsFetched(String chart) {
+  @ValueSource(
+      strings = {"<!DOCTYPE graph><graph/>", "<!DOCTYPE graph SYSTEM 'ADDRESS'><graph/>",
+          "<!DOCTYPE graph [<!ENTITY e SYSTEM 'ADDRESS'>]><graph name='x'>&e;</graph>",
+          "<!DOCTYPE graph [<!ENTITY % p SYSTEM 'ADDRESS'> %p;]><graph/>",
+          "<!DOCTYPE graph [<!ENTITY a 'aaaaaaaaaa'><!ENTITY b '&a;&a;&a;&a;&a;&a;&a;&a;'>]><graph name='&b;'/>"})
+  void
+  aDocumentTypeIsRefusedAndNothingIsFetched(String chart) {
     String message = refusal(bytes(chart.replace("ADDRESS", address())));
     assertTrue(message.matches("(?s)line 1, column \\d+: DOCTYPE is disallowed.*"), message);
     assertEquals(0, asked.get());
@@ -75,19 +74,21 @@ class ForeignTextTest {
 
   @Test
   void aSchemaLocationIsOnlyReported() throws ConversionException {
-    byte[][] upgraded = Converter.upgradeWithReport(bytes("<graph xmlns:xsi='http://www.w3.org/2001/XMLSchema-instance' "
-        + "xsi:noNamespaceSchemaLocation='" + address() + "'/>"));
+    byte[][] upgraded =
+        Converter.upgradeWithReport(bytes("<graph xmlns:xsi='http://www.w3.org/2001/XMLSchema-instance' "
+            + "xsi:noNamespaceSchemaLocation='" + address() + "'/>"));
     assertEquals(0, asked.get());
-    assertTrue(text(upgraded[1]).contains("attribute \"xsi:noNamespaceSchemaLocation\" of \"graph\" is not carried over"));
+    assertTrue(
+        text(upgraded[1]).contains("attribute \"xsi:noNamespaceSchemaLocation\" of \"graph\" is not carried over"));
   }
 
   @Test
   void anInstructionToIncludeIsOnlyReported() throws ConversionException {
-    byte[][] upgraded = Converter.upgradeWithReport(bytes("<graph><i:include href='" + address()
-        + "' xmlns:i='http://www.w3.org/2001/XInclude'/></graph>"));
+    byte[][] upgraded = Converter.upgradeWithReport(
+        bytes("<graph><i:include href='" + address() + "' xmlns:i='http://www.w3.org/2001/XInclude'/></graph>"));
     assertEquals(0, asked.get());
-    assertEquals("line 1, column 8: element \"include\" is not carried over: it is not part of LumoML 1.4\n",
-        text(upgraded[1]));
+    assertEquals(
+        "line 1, column 8: element \"include\" is not carried over: it is not part of LumoML 1.4\n", text(upgraded[1]));
   }
 
   @ParameterizedTest
@@ -105,14 +106,16 @@ class ForeignTextTest {
 
   @Test
   void theDeclaredEncodingHolds() throws ConversionException {
-    byte[] chart = "<?xml version='1.0' encoding='windows-1252'?><graph><heading kind='title' text='\u20ac'/></graph>"
-        .getBytes(Charset.forName("windows-1252"));
+    byte[] chart =
+        "<?xml version='1.0' encoding='windows-1252'?><graph><heading kind='title' text='\u20ac'/></graph>".getBytes(
+            Charset.forName("windows-1252"));
     assertTrue(text(Converter.upgrade(chart)).contains("<text>\u20ac</text>"));
   }
 
   @Test
   void aWrongDeclaredEncodingIsRefusedWithItsPlace() {
-    byte[] chart = "<?xml version='1.0' encoding='UTF-8'?>\n<graph name='\u00e4'/>".getBytes(StandardCharsets.ISO_8859_1);
+    byte[] chart =
+        "<?xml version='1.0' encoding='UTF-8'?>\n<graph name='\u00e4'/>".getBytes(StandardCharsets.ISO_8859_1);
     String message = refusal(chart);
     assertTrue(message.matches("line 2, column \\d+: the chart is not in the encoding that it declares .*"), message);
   }
@@ -124,9 +127,11 @@ class ForeignTextTest {
   }
 
   @ParameterizedTest
-  @ValueSource(strings = {"<graph>", "<graph/><graph/>", "graph", "<graph name='a' name='b'/>", "<graph name=a/>", "<a:graph/>",
-      "<graph>&nothing;</graph>", "<graph>\u0000</graph>", "<graph name='&#0;'/>", "\n<?xml version='1.0'?><graph/>"})
-  void whatIsNoXmlIsRefusedWithItsPlace(String chart) {
+  @ValueSource(strings = {"<graph>", "<graph/><graph/>", "graph", "<graph name='a' name='b'/>", "<graph name=a/>",
+                   "<a:graph/>", "<graph>&nothing;</graph>", "<graph>\u0000</graph>", "<graph name='&#0;'/>",
+                   "\n<?xml version='1.0'?><graph/>"})
+  void
+  whatIsNoXmlIsRefusedWithItsPlace(String chart) {
     String message = refusal(bytes(chart));
     assertTrue(message.matches("(?s)line \\d, column \\d+: .+"), message);
   }
@@ -144,7 +149,8 @@ class ForeignTextTest {
 
   @Test
   void aChartMayHaveANamespaceAndAPrefix() throws ConversionException {
-    byte[] chart = bytes("<l:graph xmlns:l='urn:l'><l:heading kind='title' text='a'/><heading kind='note' text='b'/></l:graph>");
+    byte[] chart =
+        bytes("<l:graph xmlns:l='urn:l'><l:heading kind='title' text='a'/><heading kind='note' text='b'/></l:graph>");
     byte[][] upgraded = Converter.upgradeWithReport(chart);
     assertTrue(text(upgraded[0]).contains("<text>a</text>"));
     assertEquals("line 1, column 60: element \"heading\" is not carried over: it is not part of LumoML 1.4\n",

@@ -23,6 +23,15 @@ class UpgradeGoldenTest {
     assertTrue(names().size() >= 10);
   }
 
+  @Test
+  void theExampleOfTheGuideIsCarriedOverWhole() throws Exception {
+    String guide = OldCharts.text(Schemas.read(Schemas.sourceDirectory().resolve("docs/guide/lumoml.md")));
+    byte[] example =
+        OldCharts.bytes(guide.substring(guide.indexOf("<graph version"), guide.indexOf("</graph>\n```") + 8));
+    Schemas.validate("lumoml14.xsd", example);
+    assertEquals("", OldCharts.text(Converter.upgradeWithReport(example)[1]));
+  }
+
   @ParameterizedTest
   @MethodSource("names")
   void theOldChartIsValid(String name) {

@@ -20,7 +20,8 @@ class ValuesTest {
   @ParameterizedTest
   @CsvSource({"12,12", "-0,-0", "0.5,0.5", "0.50,0.5", "007,7", "+1,1", "99999999.9999999,99999999.9999999", "1e3,1000",
       "0.00001,0.00001", "0.000001,1e-6", "123456789012345678,1.2345678901234568e17", ".5,0.5", "5.,5"})
-  void writesNumbersAsTheCurrentMarkupDoes(String text, String written) {
+  void
+  writesNumbersAsTheCurrentMarkupDoes(String text, String written) {
     assertEquals(written, Values.numberText(text));
   }
 
@@ -49,8 +50,10 @@ class ValuesTest {
   }
 
   @ParameterizedTest
-  @CsvSource(delimiter = ';', value = {"0,114,178;#0072B2", "255, 255 ,255;#FFFFFF", "none;transparent", "grey;#808080"})
-  void readsColors(String text, String color) {
+  @CsvSource(
+      delimiter = ';', value = {"0,114,178;#0072B2", "255, 255 ,255;#FFFFFF", "none;transparent", "grey;#808080"})
+  void
+  readsColors(String text, String color) {
     assertEquals(color, Values.color(text));
   }
 

@@ -21,8 +21,8 @@ class VocabularyTest {
 
   @BeforeAll
   static void readSchema() throws Exception {
-    schema = DocumentBuilderFactory.newInstance().newDocumentBuilder()
-        .parse(Schemas.sourceDirectory().resolve("schema/lumoml14.xsd").toFile());
+    schema = DocumentBuilderFactory.newInstance().newDocumentBuilder().parse(
+        Schemas.sourceDirectory().resolve("schema/lumoml14.xsd").toFile());
   }
 
   @Test
@@ -70,8 +70,11 @@ class VocabularyTest {
   }
 
   private static Element named(String tag, String name) {
-    return all(schema.getDocumentElement(), tag).stream().filter(each -> each.getAttribute("name").equals(name))
-        .findFirst().orElseThrow();
+    return all(schema.getDocumentElement(), tag)
+        .stream()
+        .filter(each -> each.getAttribute("name").equals(name))
+        .findFirst()
+        .orElseThrow();
   }
 
   private static List<Element> all(Element owner, String tag) {

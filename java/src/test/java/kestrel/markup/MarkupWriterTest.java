@@ -49,7 +49,8 @@ class MarkupWriterTest {
   @Test
   void signsOfXmlAreReplaced() {
     chart.set("a", "<&>\"'").setText("<&>\"'\n]]>");
-    assertEquals(BEGINNING + " a=\"&lt;&amp;&gt;&quot;'\"" + NAMESPACE + ">&lt;&amp;&gt;\"'\n]]&gt;</chart>\n", written());
+    assertEquals(
+        BEGINNING + " a=\"&lt;&amp;&gt;&quot;'\"" + NAMESPACE + ">&lt;&amp;&gt;\"'\n]]&gt;</chart>\n", written());
   }
 
   @Test

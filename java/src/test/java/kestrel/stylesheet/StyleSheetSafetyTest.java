@@ -4,12 +4,14 @@ import static kestrel.stylesheet.StyleSheetsTest.refusal;
 import static kestrel.stylesheet.StyleSheetsTest.sheet;
 import static kestrel.support.OldCharts.bytes;
 import static kestrel.support.OldCharts.text;
+import static org.junit.jupiter.api.Assertions.assertDoesNotThrow;
 import static org.junit.jupiter.api.Assertions.assertFalse;
 import static org.junit.jupiter.api.Assertions.assertTrue;
 
 import java.io.IOException;
 import java.nio.file.Files;
 import java.nio.file.Path;
+import java.util.Arrays;
 import kestrel.converter.ConversionException;
 import kestrel.converter.Converter;
 import org.junit.jupiter.api.BeforeEach;
@@ -22,8 +24,7 @@ import org.junit.jupiter.params.provider.ValueSource;
 class StyleSheetSafetyTest {
   private static final String SECRET = "wherever-this-is-found-something-was-read";
 
-  @TempDir
-  private Path folder;
+  @TempDir private Path folder;
   private Path secret;
   private Path victim;
 
@@ -49,14 +50,14 @@ class StyleSheetSafetyTest {
   }
 
   @ParameterizedTest
-  @ValueSource(strings = {
-      "<xsl:include href='SECRET'/>",
-      "<xsl:import href='SECRET'/>",
-      "<xsl:template match='/'><a><xsl:copy-of select=\"document('SECRET')\"/></a></xsl:template>",
-      "<xsl:template match='/'><a><xsl:copy-of select=\"document(concat('SECRE', 'T'))\"/></a></xsl:template>",
-      "<xsl:template match='/'><a><xsl:value-of select=\"unparsed-text('SECRET')\"/></a></xsl:template>",
-      "<xsl:template match='/'><a><xsl:copy-of select=\"doc('SECRET')\"/></a></xsl:template>"})
-  void readsNothingFromOutside(String content) {
+  @ValueSource(
+      strings = {"<xsl:include href='SECRET'/>", "<xsl:import href='SECRET'/>",
+          "<xsl:template match='/'><a><xsl:copy-of select=\"document('SECRET')\"/></a></xsl:template>",
+          "<xsl:template match='/'><a><xsl:copy-of select=\"document(concat('SECRE', 'T'))\"/></a></xsl:template>",
+          "<xsl:template match='/'><a><xsl:value-of select=\"unparsed-text('SECRET')\"/></a></xsl:template>",
+          "<xsl:template match='/'><a><xsl:copy-of select=\"doc('SECRET')\"/></a></xsl:template>"})
+  void
+  readsNothingFromOutside(String content) {
     assertFalse(outcome(content).contains(SECRET), content);
   }
 
@@ -68,38 +69,42 @@ class StyleSheetSafetyTest {
   }
 
   @ParameterizedTest
-  @ValueSource(strings = {
-      "<xsl:template match='/'><xsl:result-document href='VICTIM'><a/></xsl:result-document></xsl:template>",
-      "<xsl:template match='/'><r:write file='VICTIM' xmlns:r='http://xml.apache.org/xalan/redirect'><a/></r:write>"
-          + "</xsl:template>",
-      "<xsl:template match='/'><x:document href='VICTIM' xmlns:x='http://exslt.org/common'><a/></x:document></xsl:template>",
-      "<xsl:template match='/'><x:output file='VICTIM' xmlns:x='http://xml.apache.org/xalan/xsltc'><a/></x:output>"
-          + "</xsl:template>"})
-  void writesNoFile(String content) {
+  @ValueSource(
+      strings = {"<xsl:template match='/'><xsl:result-document href='VICTIM'><a/></xsl:result-document></xsl:template>",
+          "<xsl:template match='/'><r:write file='VICTIM' xmlns:r='http://xml.apache.org/xalan/redirect'><a/></r:write>"
+              + "</xsl:template>",
+          "<xsl:template match='/'><x:document href='VICTIM' xmlns:x='http://exslt.org/common'><a/></x:document></xsl:template>",
+          "<xsl:template match='/'><x:output file='VICTIM' xmlns:x='http://xml.apache.org/xalan/xsltc'><a/></x:output>"
+              + "</xsl:template>"})
+  void
+  writesNoFile(String content) {
     outcome(content);
-    outcome(content.replace("<xsl:template match='/'>", "<xsl:template match='/' "
-        + "xmlns:r='http://xml.apache.org/xalan/redirect' xmlns:x='http://xml.apache.org/xalan/xsltc'>"));
+    outcome(content.replace("<xsl:template match='/'>",
+        "<xsl:template match='/' "
+            + "xmlns:r='http://xml.apache.org/xalan/redirect' xmlns:x='http://xml.apache.org/xalan/xsltc'>"));
     assertFalse(Files.exists(victim));
   }
 
   @ParameterizedTest
-  @ValueSource(strings = {
-      "<xsl:template match='/' xmlns:j='http://xml.apache.org/xalan/java/java.lang.System'>"
-          + "<a><xsl:value-of select=\"j:getProperty('java.version')\"/></a></xsl:template>",
-      "<xsl:template match='/' xmlns:j='http://xml.apache.org/xalan/java'>"
-          + "<a><xsl:value-of select=\"j:java.lang.System.getProperty('java.version')\"/></a></xsl:template>",
-      "<xsl:template match='/' xmlns:j='http://xml.apache.org/xslt/java'>"
-          + "<a><xsl:value-of select=\"j:java.lang.System.getProperty('java.version')\"/></a></xsl:template>",
-      "<xsl:template match='/' xmlns:j='java:java.lang.System'>"
-          + "<a><xsl:value-of select=\"j:getProperty('java.version')\"/></a></xsl:template>"})
-  void callsNoJava(String content) {
+  @ValueSource(
+      strings = {"<xsl:template match='/' xmlns:j='http://xml.apache.org/xalan/java/java.lang.System'>"
+              + "<a><xsl:value-of select=\"j:getProperty('java.version')\"/></a></xsl:template>",
+          "<xsl:template match='/' xmlns:j='http://xml.apache.org/xalan/java'>"
+              + "<a><xsl:value-of select=\"j:java.lang.System.getProperty('java.version')\"/></a></xsl:template>",
+          "<xsl:template match='/' xmlns:j='http://xml.apache.org/xslt/java'>"
+              + "<a><xsl:value-of select=\"j:java.lang.System.getProperty('java.version')\"/></a></xsl:template>",
+          "<xsl:template match='/' xmlns:j='java:java.lang.System'>"
+              + "<a><xsl:value-of select=\"j:getProperty('java.version')\"/></a></xsl:template>"})
+  void
+  callsNoJava(String content) {
     assertFalse(outcome(content).contains(System.getProperty("java.version")), outcome(content));
   }
 
   @ParameterizedTest
   @ValueSource(strings = {"<?xml-stylesheet type='text/xsl' href='SECRET'?><v/>",
-      "<v xmlns:xsi='http://www.w3.org/2001/XMLSchema-instance' xsi:noNamespaceSchemaLocation='SECRET'/>"})
-  void theChartNamesNothingThatIsRead(String chart) throws ConversionException {
+                   "<v xmlns:xsi='http://www.w3.org/2001/XMLSchema-instance' xsi:noNamespaceSchemaLocation='SECRET'/>"})
+  void
+  theChartNamesNothingThatIsRead(String chart) throws ConversionException {
     byte[] copy = sheet("<xsl:template match='/'><xsl:copy-of select='*'/></xsl:template>");
     byte[] result = Converter.applyStyleSheet(copy, bytes(chart.replace("SECRET", secret.toUri().toString())));
     assertFalse(text(result).contains(SECRET));
@@ -107,14 +112,16 @@ class StyleSheetSafetyTest {
 
   @Test
   void aDoctypeInTheChartIsRefused() {
-    String message = refusal(sheet("<xsl:template match='/'><a/></xsl:template>"), "<!DOCTYPE v [<!ENTITY e 'x'>]><v>&e;</v>");
+    String message =
+        refusal(sheet("<xsl:template match='/'><a/></xsl:template>"), "<!DOCTYPE v [<!ENTITY e 'x'>]><v>&e;</v>");
     assertTrue(message.contains("DOCTYPE"), message);
   }
 
   @Test
   void aSheetThatCallsItselfForEverIsRefused() {
     String message = refusal(sheet("<xsl:template match='/' name='again'><a><xsl:call-template name='again'/></a>"
-        + "</xsl:template>"), "<v/>");
+                                 + "</xsl:template>"),
+        "<v/>");
     assertTrue(message.contains("recurses too deeply"), message);
   }
 
@@ -133,15 +140,56 @@ class StyleSheetSafetyTest {
 
   @Test
   void aSheetAsDeepAsAllowedIsNoFault() {
-    outcome(sheet("<xsl:template match='/'>" + "<a>".repeat(998) + "</a>".repeat(998) + "</xsl:template>"));
-    outcome(sheet("<xsl:template match='/'>" + "<xsl:if test='1'>".repeat(998) + "</xsl:if>".repeat(998)
-        + "</xsl:template>"));
+    outcome(sheet("<xsl:template match='/'>"
+        + "<a>".repeat(998) + "</a>".repeat(998) + "</xsl:template>"));
+    outcome(sheet("<xsl:template match='/'>"
+        + "<xsl:if test='1'>".repeat(998) + "</xsl:if>".repeat(998) + "</xsl:template>"));
   }
 
   @Test
   void aSheetThatIsDeeperIsRefused() {
-    String outcome = outcome(sheet("<xsl:template match='/'>" + "<a>".repeat(99_999) + "</a>".repeat(99_999)
-        + "</xsl:template>"));
+    String outcome = outcome(sheet("<xsl:template match='/'>"
+        + "<a>".repeat(99_999) + "</a>".repeat(99_999) + "</xsl:template>"));
     assertTrue(outcome.contains("elements are nested more than 1000 levels deep"), outcome);
+  }
+
+  @ParameterizedTest
+  @ValueSource(ints = {0x01, 0x04, 0x10, 0x80})
+  void everyByteOfASheetMayBeFlipped(int mask) {
+    byte[] sheet = sheet("<xsl:variable name='v' select=\"//c:a[@b='1']/@c\"/><xsl:template match='c:a|@*'>"
+        + "<xsl:for-each select='c:b'><xsl:sort select='@n'/><x y='{@z}'><xsl:value-of select='sum(c:d) + 1'/></x>"
+        + "</xsl:for-each></xsl:template>");
+    for (int at = 0; at < sheet.length; ++at) {
+      sheet[at] ^= (byte) mask;
+      survives(sheet);
+      sheet[at] ^= (byte) mask;
+    }
+  }
+
+  @Test
+  void aSheetMayEndAnywhere() {
+    byte[] sheet = sheet("<xsl:template match='/'><a><xsl:value-of select='@b'/></a></xsl:template>");
+    for (int length = 0; length < sheet.length; ++length) survives(Arrays.copyOf(sheet, length));
+  }
+
+  private void survives(byte[] sheet) {
+    assertDoesNotThrow(() -> outcome(sheet));
+  }
+
+  @Test
+  void aSheetOfTooManyOperationsIsRefused() {
+    String outcome = outcome(sheet("<xsl:template match='/'><xsl:value-of select='1"
+        + "+1".repeat(20_000) + "'/></xsl:template>"));
+    assertTrue(outcome.startsWith("the style sheet is refused: "), outcome);
+  }
+
+  @Test
+  void aSheetThatWantsTooMuchMemoryIsRefused() {
+    String message =
+        refusal(sheet("<xsl:template match='/'><xsl:call-template name='x'/></xsl:template>"
+                    + "<xsl:template name='x'><xsl:param name='s' select=\"'aaaaaaaaaa'\"/><xsl:call-template name='x'>"
+                    + "<xsl:with-param name='s' select='concat($s, $s)'/></xsl:call-template></xsl:template>"),
+            "<v/>");
+    assertTrue(message.startsWith("the style sheet needs more memory than the Java VM was given ("), message);
   }
 }

@@ -19,7 +19,8 @@ class StyleSheetsTest {
 
   static byte[] sheet(String content) {
     return bytes("<xsl:stylesheet version='1.0' xmlns:xsl='http://www.w3.org/1999/XSL/Transform' "
-        + "xmlns:c='http://xml.vexa.example/visualization' exclude-result-prefixes='c'>\n" + content + "</xsl:stylesheet>");
+        + "xmlns:c='http://xml.vexa.example/visualization' exclude-result-prefixes='c'>\n" + content
+        + "</xsl:stylesheet>");
   }
 
   static String applied(String content, String chart) throws ConversionException {
@@ -30,15 +31,19 @@ class StyleSheetsTest {
     return assertThrows(ConversionException.class, () -> Converter.applyStyleSheet(sheet, bytes(chart))).getMessage();
   }
 
-  private static final String COPY = "<xsl:template match='@*|node()'><xsl:copy><xsl:apply-templates select='@*|node()'/>"
+  private static final String COPY =
+      "<xsl:template match='@*|node()'><xsl:copy><xsl:apply-templates select='@*|node()'/>"
       + "</xsl:copy></xsl:template>";
 
   @Test
   void reworksTheChart() throws ConversionException {
-    String result = applied(COPY + "<xsl:template match='c:style/@color'><xsl:attribute name='color'>blue</xsl:attribute>"
-        + "</xsl:template>", CHART);
+    String result =
+        applied(COPY + "<xsl:template match='c:style/@color'><xsl:attribute name='color'>blue</xsl:attribute>"
+                + "</xsl:template>",
+            CHART);
     assertEquals("<?xml version=\"1.0\" encoding=\"UTF-8\"?><v xmlns=\"http://xml.vexa.example/visualization\">"
-        + "<style color=\"blue\"/></v>", result);
+            + "<style color=\"blue\"/></v>",
+        result);
   }
 
   @Test
@@ -48,14 +53,16 @@ class StyleSheetsTest {
 
   @Test
   void aSheetThatWantsNoDeclarationGetsNone() throws ConversionException {
-    assertEquals("<a/>",
-        applied("<xsl:output omit-xml-declaration='yes'/><xsl:template match='/'><a/></xsl:template>", CHART));
+    assertEquals(
+        "<a/>", applied("<xsl:output omit-xml-declaration='yes'/><xsl:template match='/'><a/></xsl:template>", CHART));
   }
 
   @Test
   void aSheetOfTextGivesText() throws ConversionException {
-    assertEquals("red", applied("<xsl:output method='text'/><xsl:template match='/'>"
-        + "<xsl:value-of select='//@color'/></xsl:template>", CHART));
+    assertEquals("red",
+        applied("<xsl:output method='text'/><xsl:template match='/'>"
+                + "<xsl:value-of select='//@color'/></xsl:template>",
+            CHART));
   }
 
   @Test
@@ -68,8 +75,8 @@ class StyleSheetsTest {
   @Test
   void theChartIsReadInTheEncodingThatItDeclares() throws ConversionException {
     byte[] chart = "<?xml version='1.0' encoding='ISO-8859-1'?><a>\u00e4</a>".getBytes(StandardCharsets.ISO_8859_1);
-    assertEquals("<?xml version=\"1.0\" encoding=\"UTF-8\"?><a>\u00e4</a>",
-        text(Converter.applyStyleSheet(sheet(COPY), chart)));
+    assertEquals(
+        "<?xml version=\"1.0\" encoding=\"UTF-8\"?><a>\u00e4</a>", text(Converter.applyStyleSheet(sheet(COPY), chart)));
   }
 
   @Test
@@ -85,13 +92,14 @@ class StyleSheetsTest {
 
   @Test
   void aBrokenChartIsRefusedWithItsPlace() {
-    assertTrue(refusal(sheet(COPY), "<a>\n\n<b></a>").startsWith("line 3, column 6: the style sheet could not be applied: "));
+    assertTrue(
+        refusal(sheet(COPY), "<a>\n\n<b></a>").startsWith("line 3, column 6: the style sheet could not be applied: "));
   }
 
   @Test
   void aSheetMayEndTheMatter() {
-    String message = refusal(sheet("<xsl:template match='/'><xsl:message terminate='yes'>no</xsl:message></xsl:template>"),
-        CHART);
+    String message =
+        refusal(sheet("<xsl:template match='/'><xsl:message terminate='yes'>no</xsl:message></xsl:template>"), CHART);
     assertEquals("the style sheet could not be applied: Termination forced by an xsl:message instruction", message);
   }
 

@@ -26,8 +26,11 @@ public final class OldCharts {
   /** The names of the charts in the folder. */
   public static List<String> names() {
     try (Stream<Path> files = Files.list(folder())) {
-      return files.map(file -> file.getFileName().toString()).filter(name -> name.endsWith(OLD))
-          .map(name -> name.substring(0, name.length() - OLD.length())).sorted().toList();
+      return files.map(file -> file.getFileName().toString())
+          .filter(name -> name.endsWith(OLD))
+          .map(name -> name.substring(0, name.length() - OLD.length()))
+          .sorted()
+          .toList();
     } catch (IOException failure) {
       throw new UncheckedIOException(failure);
     }

@@ -34,7 +34,8 @@ public final class Schemas {
   /** Throws where the text is not valid against schema/`name`. */
   public static void validate(String name, byte[] text) throws SAXException {
     try {
-      SCHEMAS.computeIfAbsent(name, Schemas::load).newValidator()
+      SCHEMAS.computeIfAbsent(name, Schemas::load)
+          .newValidator()
           .validate(new StreamSource(new ByteArrayInputStream(text)));
     } catch (IOException failure) {
       throw new UncheckedIOException(failure);
