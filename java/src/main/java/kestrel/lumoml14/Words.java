@@ -25,7 +25,7 @@ final class Words {
       table("overlap", "", "stack", "3", "pile", "7", "dots", "8", "cluster", "cluster");
 
   static final Map<String, String> STATISTICS =
-      table("none", "", "percent", "3", "count", null, "sum", null, "mean", null, "median", null);
+      table("none", "", "percent", "3", "count", "10", "sum", "1", "mean", "2", "median", "4", "deviation", null);
 
   static final Map<String, Integer> DIMENSIONS = dimensions();
 

@@ -23,7 +23,7 @@ class ReportTest {
           "<picture file='x'/> ! element \"picture\" is not carried over: charts hold no pictures from outside their text",
           "<script code='x'/> ! element \"script\" is not carried over: charts run no programs",
           "<layer kind='bar' x='t' tooltip='x'/> ! attribute \"tooltip\" of \"layer\" is not carried over: the client makes its own",
-          "<layer kind='bar' x='t' statistic='median'/> ! attribute \"statistic\" of \"layer\" is not carried over: values are drawn as they are in the data",
+          "<layer kind='bar' x='t' statistic='deviation'/> ! attribute \"statistic\" of \"layer\" is not carried over: values are drawn as they are in the data",
           "<layer kind='bar' x='t' bins='4'/> ! attribute \"bins\" of \"layer\" is not carried over: it says nothing together with the other attributes",
           "<layer kind='bar' x='t' sizes='1|2'/> ! attribute \"sizes\" of \"layer\" is not carried over: it says nothing together with the other attributes",
           "<axis of='x' second='yes' scale='log'/> ! attribute \"scale\" of \"axis\" is not carried over: it says nothing together with the other attributes",

@@ -101,6 +101,8 @@ class UpgradeRulesTest {
           "kind='bar' x='t' y='a' errorbars='yes' ! </interval><interval id=\"element_errorbar_1\" style=\"element_errorbar_1s\"><summaryStatistic method=\"7\"/><x variable=\"t\"/><y variable=\"a\"/></interval>",
           "kind='box' x='t' y='a' mediancolor='red' ! <schema id=\"element_box_1\" medianStyle=\"element_median_1s\" style=\"element_box_1s\"><x variable=\"t\"/><y variable=\"a\"/><tukeyStatistic/></schema>",
           "kind='bar' x='t' statistic='percent' ! <summaryStatistic method=\"3\"/>",
+          "kind='bar' x='t' statistic='mean' ! <summaryStatistic method=\"2\"/>",
+          "kind='bar' x='t' statistic='count' ! <summaryStatistic method=\"10\"/>",
           "kind='bar' x='t' arrange='stack' ! positionModifier=\"3\"",
           "kind='point' x='t' arrange='dots' ! positionModifier=\"8\"",
           "kind='bar' x='t' overlap='hide' ! labelCollisionHandling=\"2\"",
