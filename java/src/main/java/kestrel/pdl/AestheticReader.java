@@ -29,53 +29,56 @@ final class AestheticReader extends PdlBaseVisitor<Void> {
     AestheticReader reader = new AestheticReader(new Aesthetic(kind, variable));
     Once once = new Once();
     for (AestheticOptionContext option : statement.aestheticOption()) {
-      String word = option.getStart().getText();
-      if (!word.equals("value")) once.say(word, option);
-      reader.checkFits(option);
-      reader.visit(option);
+          String word = option.getStart().getText();
+          if (!word.equals("value")) once.say(word, option);
+          reader.checkFits(option);
+          reader.visit(option);
+        }
+        return reader.aesthetic;
     }
-    return reader.aesthetic;
-  }
 
-  private void checkFits(AestheticOptionContext option) {
-    boolean range = option instanceof AestheticRangeContext;
-    boolean ranged = aesthetic.kind.property() == null;
-    boolean mapped = aesthetic.kind == Aesthetic.Kind.COLOR || aesthetic.kind == Aesthetic.Kind.SHAPE;
-    if (range == ranged && (mapped || !(option instanceof AestheticValueContext))) return;
-    throw new Refusal(Place.of(option), "found \"" + option.getStart().getText() + "\" for " + aesthetic.kind.word()
-        + ", expected " + (ranged ? "\"range\"" : mapped ? "\"values\" or \"value\"" : "\"values\""));
-  }
-
-  @Override
-  public Void visitAestheticValues(AestheticValuesContext option) {
-    List<String> values = new ArrayList<>();
-    for (LookContext look : option.look()) values.add(read(look));
-    aesthetic.values = values;
-    return null;
-  }
-
-  @Override
-  public Void visitAestheticValue(AestheticValueContext option) {
-    if (!aesthetic.variable.kind.isCategorical()) {
-      throw Scope.wrongKind(aesthetic.variable, Place.of(option), "a categorical variable for \"value\"");
+    private void checkFits(AestheticOptionContext option) {
+      boolean range = option instanceof AestheticRangeContext;
+      boolean ranged = aesthetic.kind.property() == null;
+      boolean mapped = aesthetic.kind == Aesthetic.Kind.COLOR || aesthetic.kind == Aesthetic.Kind.SHAPE;
+      if (range == ranged && (mapped || !(option instanceof AestheticValueContext))) return;
+      throw new Refusal(Place.of(option),
+          "found \"" + option.getStart().getText() + "\" for " + aesthetic.kind.word() + ", expected "
+              + (ranged        ? "\"range\""
+                      : mapped ? "\"values\" or \"value\""
+                               : "\"values\""));
     }
-    String code = Scope.code(aesthetic.variable, option.value());
-    if (aesthetic.mappings.putIfAbsent(code, read(option.look())) != null) {
-      throw new Refusal(Place.of(option.value()),
-          "found a second look for the category " + option.value().getText() + ", expected one");
+
+    @Override
+    public Void visitAestheticValues(AestheticValuesContext option) {
+      List<String> values = new ArrayList<>();
+      for (LookContext look : option.look()) values.add(read(look));
+      aesthetic.values = values;
+      return null;
     }
-    return null;
-  }
 
-  @Override
-  public Void visitAestheticRange(AestheticRangeContext option) {
-    aesthetic.low = read(option.look(0));
-    aesthetic.high = read(option.look(1));
-    return null;
-  }
+    @Override
+    public Void visitAestheticValue(AestheticValueContext option) {
+      if (!aesthetic.variable.kind.isCategorical()) {
+        throw Scope.wrongKind(aesthetic.variable, Place.of(option), "a categorical variable for \"value\"");
+      }
+      String code = Scope.code(aesthetic.variable, option.value());
+      if (aesthetic.mappings.putIfAbsent(code, read(option.look())) != null) {
+        throw new Refusal(Place.of(option.value()),
+            "found a second look for the category " + option.value().getText() + ", expected one");
+      }
+      return null;
+    }
 
-  private String read(LookContext look) {
-    return switch (aesthetic.kind) {
+    @Override
+    public Void visitAestheticRange(AestheticRangeContext option) {
+      aesthetic.low = read(option.look(0));
+      aesthetic.high = read(option.look(1));
+      return null;
+    }
+
+    private String read(LookContext look) {
+      return switch (aesthetic.kind) {
       case COLOR -> Looks.color(text(look), Place.of(look));
       case SHAPE -> Looks.symbol(text(look), Place.of(look));
       case DASH -> Looks.dash(text(look), Place.of(look));

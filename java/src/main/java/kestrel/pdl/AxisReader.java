@@ -36,8 +36,9 @@ final class AxisReader extends PdlBaseVisitor<Void> {
   static void read(AxisContext statement, Dimension dimension) {
     boolean second = statement.getStart().getText().equals("second");
     if ((second ? dimension.secondAxis : dimension.axis) != null) {
-      throw new Refusal(Place.of(statement), "found the " + (second ? "second " : "") + "axis of "
-          + dimension.name.word() + " for the second time, expected it once");
+      throw new Refusal(Place.of(statement),
+          "found the " + (second ? "second " : "") + "axis of " + dimension.name.word()
+              + " for the second time, expected it once");
     }
     AxisReader reader = new AxisReader(dimension, second);
     reader.read(statement.axisOption());
@@ -85,8 +86,7 @@ final class AxisReader extends PdlBaseVisitor<Void> {
   }
 
   private static Refusal misplaced(AxisOptionContext option, String expected) {
-    return new Refusal(Place.of(option),
-        "found \"" + option.getStart().getText() + "\", expected it in " + expected);
+    return new Refusal(Place.of(option), "found \"" + option.getStart().getText() + "\", expected it in " + expected);
   }
 
   @Override
@@ -131,8 +131,8 @@ final class AxisReader extends PdlBaseVisitor<Void> {
   public Void visitTickAngle(TickAngleContext option) {
     double angle = Literals.number(option.number());
     if (Math.abs(angle) > FULL_TURN) {
-      throw new Refusal(Place.of(option.number()),
-          "found " + option.number().getText() + ", expected an angle from -360 to 360");
+      throw new Refusal(
+          Place.of(option.number()), "found " + option.number().getText() + ", expected an angle from -360 to 360");
     }
     axis.ticks.angle = angle;
     return null;

@@ -43,8 +43,8 @@ final class CoordinatesReader extends PdlBaseVisitor<Void> {
     Dimension.Name dimension = Dimension.Name.of(option.dimension());
     boolean alternating = option.getStop().getText().equals("alternating");
     if (coordinates.reflections.put(dimension, alternating) != null) {
-      throw new Refusal(Place.of(option),
-          "found a second reflection of " + dimension.word() + ", expected one of each dimension");
+      throw new Refusal(
+          Place.of(option), "found a second reflection of " + dimension.word() + ", expected one of each dimension");
     }
     if (dimension == Dimension.Name.Z && !inSpace) throw withoutSpace(option, "a reflection of z");
     return null;

@@ -23,8 +23,8 @@ final class DescriptionParser {
 
   static PdlParser.DescriptionContext parse(String description) {
     if (description.length() > MAXIMUM_LENGTH) {
-      throw new Refusal(new Place(1, 1), "found a description of " + description.length()
-          + " characters, expected no more than " + MAXIMUM_LENGTH);
+      throw new Refusal(new Place(1, 1),
+          "found a description of " + description.length() + " characters, expected no more than " + MAXIMUM_LENGTH);
     }
     PdlLexer lexer = new PdlLexer(CharStreams.fromString(description));
     PdlParser parser = new PdlParser(new CommonTokenStream(new ListTokenSource(wordsOf(lexer))));
@@ -47,8 +47,8 @@ final class DescriptionParser {
       if (word.getText().equals("(")) ++depth;
       if (word.getText().equals(")")) --depth;
       if (depth > MAXIMUM_DEPTH) {
-        throw new Refusal(Place.of(word), "found " + depth + " parentheses within each other, expected no more than "
-            + MAXIMUM_DEPTH);
+        throw new Refusal(Place.of(word),
+            "found " + depth + " parentheses within each other, expected no more than " + MAXIMUM_DEPTH);
       }
     } while (word.getType() != Token.EOF);
     return words;

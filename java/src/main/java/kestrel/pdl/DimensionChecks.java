@@ -35,8 +35,9 @@ final class DimensionChecks {
 
   private static void cluster(Dimension x, Element element) {
     if (x.cluster != null && x.cluster != element.cluster) {
-      throw new Refusal(element.place, "found clusters by " + Wording.quoted(element.cluster.name)
-          + ", expected clusters by " + Wording.quoted(x.cluster.name) + " as those of another element");
+      throw new Refusal(element.place,
+          "found clusters by " + Wording.quoted(element.cluster.name) + ", expected clusters by "
+              + Wording.quoted(x.cluster.name) + " as those of another element");
     }
     x.cluster = element.cluster;
   }

@@ -29,8 +29,9 @@ final class DimensionReader extends PdlBaseVisitor<Void> {
 
   static void readScale(ScaleContext statement, Dimension dimension) {
     if (dimension.scale != null) {
-      throw new Refusal(Place.of(statement), "found a second scale of " + dimension.name.word()
-          + ", expected one; the first is in line " + dimension.scale.place.line());
+      throw new Refusal(Place.of(statement),
+          "found a second scale of " + dimension.name.word() + ", expected one; the first is in line "
+              + dimension.scale.place.line());
     }
     dimension.scale = new Scale(Place.of(statement));
     DimensionReader reader = new DimensionReader(dimension, dimension.scale);
@@ -44,8 +45,9 @@ final class DimensionReader extends PdlBaseVisitor<Void> {
     if (kind == Kind.CATEGORICAL) return Scope.code(dimension.variables.iterator().next(), value);
     if (kind == Kind.DATE) return date(value);
     if (value.number() != null) return Numbers.text(Literals.number(value.number()));
-    throw new Refusal(Place.of(value), "found the string " + Wording.quoted(Literals.text(value.text()))
-        + ", expected a number, because " + dimension.name.word() + " shows no dates and no categories");
+    throw new Refusal(Place.of(value),
+        "found the string " + Wording.quoted(Literals.text(value.text())) + ", expected a number, because "
+            + dimension.name.word() + " shows no dates and no categories");
   }
 
   private static String date(ValueContext value) {
@@ -60,8 +62,8 @@ final class DimensionReader extends PdlBaseVisitor<Void> {
     } catch (DateTimeParseException notADate) {
       // Told below.
     }
-    throw new Refusal(Place.of(value), "found " + Wording.quoted(text)
-        + ", expected a date such as \"2012-06-30\" or \"2012-06-30T12:00:00\"");
+    throw new Refusal(Place.of(value),
+        "found " + Wording.quoted(text) + ", expected a date such as \"2012-06-30\" or \"2012-06-30T12:00:00\"");
   }
 
   private void setMethod(ScaleOptionContext option, Scale.Method method) {
@@ -70,8 +72,9 @@ final class DimensionReader extends PdlBaseVisitor<Void> {
     }
     if (dimension.kind() == Kind.CATEGORICAL || (dimension.kind() == Kind.DATE && method != Scale.Method.LINEAR)) {
       Variable variable = dimension.variables.iterator().next();
-      throw new Refusal(Place.of(option), "found a " + option.getStart().getText() + " scale over "
-          + Wording.quoted(variable.name) + ", which is " + variable.kind.phrase() + ", expected a numeric variable");
+      throw new Refusal(Place.of(option),
+          "found a " + option.getStart().getText() + " scale over " + Wording.quoted(variable.name) + ", which is "
+              + variable.kind.phrase() + ", expected a numeric variable");
     }
     scale.method = method;
   }
@@ -170,10 +173,12 @@ final class DimensionReader extends PdlBaseVisitor<Void> {
     checkPositive(statement, scale.minimum);
     checkPositive(statement, scale.maximum);
     if (scale.minimum == null || scale.maximum == null) return;
-    boolean rising = dimension.kind() == Kind.DATE ? scale.minimum.compareTo(scale.maximum) < 0
+    boolean rising = dimension.kind() == Kind.DATE
+        ? scale.minimum.compareTo(scale.maximum) < 0
         : Double.parseDouble(scale.minimum) < Double.parseDouble(scale.maximum);
     if (rising) return;
-    throw new Refusal(Place.of(statement), "found the minimum " + scale.minimum + " and the maximum " + scale.maximum
-        + ", expected a minimum below the maximum");
+    throw new Refusal(Place.of(statement),
+        "found the minimum " + scale.minimum + " and the maximum " + scale.maximum
+            + ", expected a minimum below the maximum");
   }
 }

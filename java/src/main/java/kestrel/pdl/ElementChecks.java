@@ -26,9 +26,9 @@ final class ElementChecks {
 
   static void checkOnly(Only only, Panels panels) {
     if (only == null || panels.levels().contains(only.variable())) return;
-    throw new Refusal(only.place(), "found \"only\" for " + Wording.quoted(only.variable().name)
-        + ", expected a variable of the panels"
-        + Suggestions.hint(only.variable().name, panels.levels().stream().map(variable -> variable.name).toList()));
+    throw new Refusal(only.place(),
+        "found \"only\" for " + Wording.quoted(only.variable().name) + ", expected a variable of the panels"
+            + Suggestions.hint(only.variable().name, panels.levels().stream().map(variable -> variable.name).toList()));
   }
 
   private void checkPositions() {
@@ -40,8 +40,9 @@ final class ElementChecks {
       throw refusal("without x", "\"x\" and the name of a variable");
     }
     if (hasY || (computesY && element.kind != ElementKind.BOX)) return;
-    throw refusal("without y", "\"y\" and the name of a variable"
-        + (element.kind == ElementKind.BOX ? "" : ", or a \"statistic\" such as count"));
+    throw refusal("without y",
+        "\"y\" and the name of a variable"
+            + (element.kind == ElementKind.BOX ? "" : ", or a \"statistic\" such as count"));
   }
 
   private void checkBins() {
@@ -106,8 +107,8 @@ final class ElementChecks {
     }
     for (Variable variable : element.positions.getOrDefault(Dimension.Name.X, List.of())) {
       if (!variable.kind.isCategorical()) {
-        throw Scope.wrongKind(variable, element.positionPlaces.get(Dimension.Name.X),
-            "a categorical variable on x for clusters");
+        throw Scope.wrongKind(
+            variable, element.positionPlaces.get(Dimension.Name.X), "a categorical variable on x for clusters");
       }
     }
     if (!element.shows(Dimension.Name.X)) throw refusal("with clusters and no x", "\"x\" with a categorical variable");

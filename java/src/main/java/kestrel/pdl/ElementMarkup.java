@@ -14,8 +14,7 @@ final class ElementMarkup {
   private static final List<Map.Entry<String, String>> BOX_STYLES =
       List.of(Map.entry("extremeStyle", "element_tukeyExtremes_1s"),
           Map.entry("fenceStyle", "element_tukeyInnerFence_1s"), Map.entry("hingeStyle", "element_tukeyHinges_1s"),
-          Map.entry("medianStyle", "element_median_1s"),
-          Map.entry("outlierStyle", "element_tukeyOutliers_1s"));
+          Map.entry("medianStyle", "element_median_1s"), Map.entry("outlierStyle", "element_tukeyOutliers_1s"));
 
   private static final Style ERROR_BAR = new Style().with("symbol", "ibeam").with("width", "25%");
 
@@ -81,7 +80,8 @@ final class ElementMarkup {
   private static void writeStatistics(Element element, MarkupElement written) {
     if (element.isDots()) written.add("binStatistic").set("gridType", "1");
     if (element.bins != null) {
-      written.add("binStatistic").set("binCount", forAllDimensions(element.bins.count, ""))
+      written.add("binStatistic")
+          .set("binCount", forAllDimensions(element.bins.count, ""))
           .set("binStart", forAllDimensions(element.bins.start, ""))
           .set("binWidth", forAllDimensions(element.bins.width, "d"));
     }
@@ -99,10 +99,14 @@ final class ElementMarkup {
   }
 
   private void writeLabels(Element element, MarkupElement written, String id) {
-    MarkupElement labeling = written.add("labeling").set("connectingLines", "false").set("dimension", "0")
-        .set("variable", element.label.id).set("style", parts.style(id + "_labelStyle"))
-        .set("textFrameStyle", parts.style(id + "_textFrameStyle",
-            new Style().with("color", "transparent").with("color2", "transparent")));
+    MarkupElement labeling = written.add("labeling")
+                                 .set("connectingLines", "false")
+                                 .set("dimension", "0")
+                                 .set("variable", element.label.id)
+                                 .set("style", parts.style(id + "_labelStyle"))
+                                 .set("textFrameStyle",
+                                     parts.style(id + "_textFrameStyle",
+                                         new Style().with("color", "transparent").with("color2", "transparent")));
     if (element.labelFormat != null) element.labelFormat.writeTo(labeling.add("format"));
   }
 
@@ -118,8 +122,11 @@ final class ElementMarkup {
   private void writeAesthetic(Aesthetic aesthetic, MarkupElement written, String elementId) {
     String id = elementId + "_" + aesthetic.kind.word() + "1";
     aestheticIds.put(aesthetic, id);
-    MarkupElement look = written.add(aesthetic.kind.word()).set("id", id).set("variable", aesthetic.variable.id)
-        .set("low", aesthetic.low).set("high", aesthetic.high);
+    MarkupElement look = written.add(aesthetic.kind.word())
+                             .set("id", id)
+                             .set("variable", aesthetic.variable.id)
+                             .set("low", aesthetic.low)
+                             .set("high", aesthetic.high);
     if (!aesthetic.values.isEmpty()) look.set("cycle", writeCycle(aesthetic));
     String mapping = aesthetic.kind == Aesthetic.Kind.COLOR ? "colorMapping" : "symbolMapping";
     aesthetic.mappings.forEach((code, value) -> look.add(mapping).set("from", code).set("to", value));

@@ -86,17 +86,17 @@ final class ElementReader extends PdlBaseVisitor<Void> {
     element.bins = new Element.Bins();
     Once settings = new Once();
     for (BinOptionContext setting : option.binOption()) {
-      settings.say(setting.setting.getText(), setting);
-      readBins(setting);
+          settings.say(setting.setting.getText(), setting);
+          readBins(setting);
+        }
+        if (element.bins.count != null && element.bins.width != null) {
+          throw new Refusal(Place.of(option), "found both a count and a width of bins, expected only one of them");
+        }
+        return null;
     }
-    if (element.bins.count != null && element.bins.width != null) {
-      throw new Refusal(Place.of(option), "found both a count and a width of bins, expected only one of them");
-    }
-    return null;
-  }
 
-  private void readBins(BinOptionContext setting) {
-    switch (setting.setting.getText()) {
+    private void readBins(BinOptionContext setting) {
+      switch (setting.setting.getText()) {
       case "count" -> element.bins.count = String.valueOf(Literals.whole(setting.number(), 1, MOST_BINS, "bins"));
       case "width" -> element.bins.width = Numbers.text(Literals.positive(setting.number(), "the width of bins"));
       default -> element.bins.start = Numbers.text(Literals.number(setting.number()));

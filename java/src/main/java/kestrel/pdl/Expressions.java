@@ -18,10 +18,10 @@ import kestrel.pdl.PdlParser.SumContext;
 /** Expressions as the markup writes them: "log(sourceVariable1) + 0.5*x". */
 final class Expressions {
   /** Functions, and how many arguments they have; 0 stands for two and more. */
-  private static final Map<String, Integer> FUNCTIONS = Map.ofEntries(Map.entry("abs", 1), Map.entry("ceiling", 1),
-      Map.entry("cos", 1), Map.entry("exp", 1), Map.entry("floor", 1), Map.entry("log", 1), Map.entry("log10", 1),
-      Map.entry("max", 0), Map.entry("min", 0), Map.entry("round", 1), Map.entry("sin", 1), Map.entry("sqrt", 1),
-      Map.entry("tan", 1));
+  private static final Map<String, Integer> FUNCTIONS =
+      Map.ofEntries(Map.entry("abs", 1), Map.entry("ceiling", 1), Map.entry("cos", 1), Map.entry("exp", 1),
+          Map.entry("floor", 1), Map.entry("log", 1), Map.entry("log10", 1), Map.entry("max", 0), Map.entry("min", 0),
+          Map.entry("round", 1), Map.entry("sin", 1), Map.entry("sqrt", 1), Map.entry("tan", 1));
 
   /** Sorted, so that of functions that are equally near always the same is suggested. */
   private static final List<String> FUNCTION_NAMES = FUNCTIONS.keySet().stream().sorted().toList();
@@ -84,13 +84,15 @@ final class Expressions {
     String function = Literals.name(term.name());
     Integer arguments = FUNCTIONS.get(function);
     if (arguments == null) {
-      throw new Refusal(Place.of(term), "found the function " + Wording.quoted(function) + ", expected "
-          + Wording.anyOf(FUNCTION_NAMES) + Suggestions.hint(function, FUNCTION_NAMES));
+      throw new Refusal(Place.of(term),
+          "found the function " + Wording.quoted(function) + ", expected " + Wording.anyOf(FUNCTION_NAMES)
+              + Suggestions.hint(function, FUNCTION_NAMES));
     }
     int given = term.sum().size();
     if (arguments == 0 ? given < 2 : given != arguments) {
-      throw new Refusal(Place.of(term), "found " + Wording.quoted(function) + " with " + given
-          + (given == 1 ? " argument" : " arguments") + ", expected " + (arguments == 0 ? "two or more" : "one"));
+      throw new Refusal(Place.of(term),
+          "found " + Wording.quoted(function) + " with " + given + (given == 1 ? " argument" : " arguments")
+              + ", expected " + (arguments == 0 ? "two or more" : "one"));
     }
     text.append(function);
     parentheses(term.sum());

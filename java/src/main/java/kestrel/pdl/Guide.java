@@ -2,12 +2,7 @@ package kestrel.pdl;
 
 /** Something drawn over the elements that depends on no data. */
 final class Guide {
-  enum Kind {
-    REFERENCE,
-    FUNCTION,
-    PLANE,
-    FRAME
-  }
+  enum Kind { REFERENCE, FUNCTION, PLANE, FRAME }
 
   final Place place;
   final Kind kind;

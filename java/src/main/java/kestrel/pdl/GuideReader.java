@@ -50,8 +50,9 @@ final class GuideReader extends PdlBaseVisitor<Void> {
   private static String onlyX(NameContext name) {
     String word = Literals.name(name);
     if (word.equals("x")) return word;
-    throw new Refusal(Place.of(name), "found " + Wording.quoted(word)
-        + " in a function line, expected \"x\", which stands for the place along the x dimension");
+    throw new Refusal(Place.of(name),
+        "found " + Wording.quoted(word)
+            + " in a function line, expected \"x\", which stands for the place along the x dimension");
   }
 
   @Override
@@ -81,27 +82,27 @@ final class GuideReader extends PdlBaseVisitor<Void> {
   private Void readOptions(List<GuideOptionContext> options) {
     Once once = new Once();
     for (GuideOptionContext option : options) {
-      once.say(option.getStart().getText(), option);
-      visit(option);
+          once.say(option.getStart().getText(), option);
+          visit(option);
+        }
+        return null;
     }
-    return null;
-  }
 
-  @Override
-  public Void visitGuideName(GuideNameContext option) {
-    guide.name = Literals.text(option.text());
-    return null;
-  }
+    @Override
+    public Void visitGuideName(GuideNameContext option) {
+      guide.name = Literals.text(option.text());
+      return null;
+    }
 
-  @Override
-  public Void visitGuideOnly(GuideOnlyContext option) {
-    guide.only = ElementReader.readOnly(option.only(), scope);
-    return null;
-  }
+    @Override
+    public Void visitGuideOnly(GuideOnlyContext option) {
+      guide.only = ElementReader.readOnly(option.only(), scope);
+      return null;
+    }
 
-  @Override
-  public Void visitGuideStyle(GuideStyleContext option) {
-    guide.style = StyleReader.read(option.style());
-    return null;
+    @Override
+    public Void visitGuideStyle(GuideStyleContext option) {
+      guide.style = StyleReader.read(option.style());
+      return null;
+    }
   }
-}

@@ -48,8 +48,8 @@ final class Literals {
   static int whole(NumberContext number, int least, int greatest, String what) {
     double value = number(number);
     if (value == Math.rint(value) && value >= least && value <= greatest) return (int) value;
-    throw new Refusal(Place.of(number), "found " + number.getText() + ", expected a whole number from " + least
-        + " to " + greatest + " for " + what);
+    throw new Refusal(Place.of(number),
+        "found " + number.getText() + ", expected a whole number from " + least + " to " + greatest + " for " + what);
   }
 
   /** A number and its unit, the number in its shortest form. */
@@ -95,8 +95,8 @@ final class Literals {
   }
 
   private static Refusal badEscape(String escape, Place place) {
-    return new Refusal(place,
-        "found " + Wording.quoted(escape) + " in a string, expected \\\", \\\\, \\n, \\t or \\u{1F427}");
+    return new Refusal(
+        place, "found " + Wording.quoted(escape) + " in a string, expected \\\", \\\\, \\n, \\t or \\u{1F427}");
   }
 
   /** Refuses what the chart's markup cannot hold. */

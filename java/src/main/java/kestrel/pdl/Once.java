@@ -19,16 +19,17 @@ final class Once {
   void say(String what, Place place) {
     Place first = said.putIfAbsent(what, place);
     if (first != null) {
-      throw new Refusal(place, "found " + Wording.quoted(what) + " twice, expected it once; the first is in line "
-          + first.line() + ", column " + first.column());
+      throw new Refusal(place,
+          "found " + Wording.quoted(what) + " twice, expected it once; the first is in line " + first.line()
+              + ", column " + first.column());
     }
   }
 
   /** Refuses an option beside another one; `other` may be null. */
   void sayWithout(String other, String what, ParserRuleContext part) {
     if (other != null && used.contains(other)) {
-      throw new Refusal(Place.of(part), "found " + Wording.quoted(what) + " beside " + Wording.quoted(other)
-          + ", expected only one of them");
+      throw new Refusal(Place.of(part),
+          "found " + Wording.quoted(what) + " beside " + Wording.quoted(other) + ", expected only one of them");
     }
     used.add(what);
   }

@@ -22,7 +22,9 @@ final class PageMarkup {
 
   /** `elements` has written the aesthetics that the legends explain. */
   void write(ElementMarkup elements) {
-    parts.root.set("id", "frame_graph_1").set("version", MARKUP_VERSION).set("lang", chart.language)
+    parts.root.set("id", "frame_graph_1")
+        .set("version", MARKUP_VERSION)
+        .set("lang", chart.language)
         .set("description", chart.description);
     parts.graph.set("id", "frame_data_1");
     if (!chart.pageStyle.attributes.isEmpty()) parts.root.set("style", parts.style("frame_graph_1s", chart.pageStyle));
@@ -64,8 +66,10 @@ final class PageMarkup {
   private void writeLegend(Variable variable, List<Aesthetic> aesthetics, Legend said, ElementMarkup elements) {
     String id = parts.idFrom1("frame_legend_");
     parts.extension.set(id.replace("frame_legend_", "legend"), id);
-    MarkupElement legend = parts.root.add("legend").set("id", id).set("style", parts.style(id + "s"))
-        .set("tickTextStyle", parts.style(id + "_legend_1s"));
+    MarkupElement legend = parts.root.add("legend")
+                               .set("id", id)
+                               .set("style", parts.style(id + "s"))
+                               .set("tickTextStyle", parts.style(id + "_legend_1s"));
     for (int at = 0; at < aesthetics.size(); ++at) {
       legend.add("legendTarget").set("id", id + "_legendTarget" + at).set("target", elements.idOf(aesthetics.get(at)));
     }

@@ -58,8 +58,9 @@ final class PageReader extends PdlBaseVisitor<Void> {
     Heading.Kind kind = Heading.Kind.valueOf(statement.kind.getText().toUpperCase(Locale.ROOT));
     List<Heading> before = chart.headings.stream().filter(heading -> heading.kind() == kind).toList();
     if (before.size() == kind.most()) {
-      throw new Refusal(Place.of(statement), "found one " + kind.word() + " too many, expected no more than "
-          + kind.most() + (kind.most() == 1 ? "" : " of them"));
+      throw new Refusal(Place.of(statement),
+          "found one " + kind.word() + " too many, expected no more than " + kind.most()
+              + (kind.most() == 1 ? "" : " of them"));
     }
     chart.headings.add(new Heading(kind, Literals.text(statement.text()), StyleReader.readFirst(statement.style())));
     return null;
@@ -78,11 +79,13 @@ final class PageReader extends PdlBaseVisitor<Void> {
     if (chart.legends.put(variable, legend) != null) {
       throw new Refusal(legend.place, "found a second legend of " + Wording.quoted(variable.name) + ", expected one");
     }
-    boolean shown = chart.elements.stream().flatMap(element -> element.aesthetics.stream())
-        .anyMatch(aesthetic -> aesthetic.variable == variable);
+    boolean shown = chart.elements.stream()
+                        .flatMap(element -> element.aesthetics.stream())
+                        .anyMatch(aesthetic -> aesthetic.variable == variable);
     if (!shown) {
-      throw new Refusal(Place.of(statement.name()), "found a legend of " + Wording.quoted(variable.name)
-          + ", expected a variable that an element shows by its color, shape or another look");
+      throw new Refusal(Place.of(statement.name()),
+          "found a legend of " + Wording.quoted(variable.name)
+              + ", expected a variable that an element shows by its color, shape or another look");
     }
     Once once = new Once();
     for (LegendOptionContext option : statement.legendOption()) {

@@ -44,8 +44,8 @@ final class PanelMarkup {
 
   private void writeSplit() {
     boolean nested = panels.columns.nested || panels.rows.nested;
-    MarkupElement cross = parts.graph.add("faceting").set("id", "faceting0").set("method", nested ? "nest" : "cross")
-        .add("cross");
+    MarkupElement cross =
+        parts.graph.add("faceting").set("id", "faceting0").set("method", nested ? "nest" : "cross").add("cross");
     int column = 0;
     int row = 0;
     while (column < panels.columns.variables.size() || row < panels.rows.variables.size()) {
@@ -91,11 +91,15 @@ final class PanelMarkup {
   private void writeLevel(MarkupElement layout, Variable variable, int level, boolean pyramid) {
     boolean row = panels.rows.variables.contains(variable);
     String usual = !pyramid ? USUAL_GAP : row ? GAP_OF_PYRAMIDS : GAP_OF_HALVES;
-    MarkupElement axis = layout.add("facetLevel").set("gap", panels.gap == null ? usual : panels.gap)
-        .set("id", "facetLabel_panel_" + level).set("level", String.valueOf(level)).add("axis");
+    MarkupElement axis = layout.add("facetLevel")
+                             .set("gap", panels.gap == null ? usual : panels.gap)
+                             .set("id", "facetLabel_panel_" + level)
+                             .set("level", String.valueOf(level))
+                             .add("axis");
     axis.set("opposite", "true").set("style", parts.style("axis_panel_" + level + "s"));
-    MarkupElement label = axis.add("label").set("style", parts.style("label_panel_" + level + "s"))
-        .set("textFrameStyle", parts.style("textFrame_panel_" + level + "s", hidden()));
+    MarkupElement label = axis.add("label")
+                              .set("style", parts.style("label_panel_" + level + "s"))
+                              .set("textFrameStyle", parts.style("textFrame_panel_" + level + "s", hidden()));
     label.add("text").setText(variable.labelOrName());
     writeTicks(axis, "majorTicks_axis_panel_" + level, hidden()).set("labelAngle", row && !pyramid ? "90" : null);
   }
@@ -104,12 +108,16 @@ final class PanelMarkup {
     MarkupElement axis =
         layout.add("facetLevel").set("id", "facetLabel_matrixscatterx_1").set("level", "1").add("axis");
     axis.set("style", parts.style("axis_matrixscatterx_1s"));
-    writeTicks(axis, "majorTicks_axis_matrixscatterx_1", new Style()).set("base", "0").set("labelAngle", "0")
-        .set("length", "0.0px").set("stagger", "false");
+    writeTicks(axis, "majorTicks_axis_matrixscatterx_1", new Style())
+        .set("base", "0")
+        .set("labelAngle", "0")
+        .set("length", "0.0px")
+        .set("stagger", "false");
   }
 
   private MarkupElement writeTicks(MarkupElement axis, String id, Style frame) {
-    return axis.add("majorTicks").set("markStyle", parts.style(id + "markStyle"))
+    return axis.add("majorTicks")
+        .set("markStyle", parts.style(id + "markStyle"))
         .set("style", parts.style(id + "tickLabelStyle"))
         .set("tickFrameStyle", parts.style(id + "tickFrameStyle", frame));
   }

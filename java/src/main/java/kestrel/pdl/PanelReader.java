@@ -55,8 +55,8 @@ final class PanelReader extends PdlBaseVisitor<Void> {
     for (NameContext name : option.name()) {
       Variable variable = unused(scope.measured(name, "a blend"), name);
       if (!blend.isEmpty() && variable.kind.measured() != blend.get(0).kind.measured()) {
-        throw Scope.wrongKind(variable, Place.of(name), "one that is " + blend.get(0).kind.phrase() + " as "
-            + Wording.quoted(blend.get(0).name));
+        throw Scope.wrongKind(variable, Place.of(name),
+            "one that is " + blend.get(0).kind.phrase() + " as " + Wording.quoted(blend.get(0).name));
       }
       blend.add(variable);
     }
@@ -66,8 +66,8 @@ final class PanelReader extends PdlBaseVisitor<Void> {
 
   private Variable unused(Variable variable, NameContext name) {
     if (used.add(variable)) return variable;
-    throw new Refusal(Place.of(name),
-        "found " + Wording.quoted(variable.name) + " twice in the panels, expected each variable once");
+    throw new Refusal(
+        Place.of(name), "found " + Wording.quoted(variable.name) + " twice in the panels, expected each variable once");
   }
 
   @Override

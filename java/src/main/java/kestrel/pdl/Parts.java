@@ -53,7 +53,6 @@ final class Parts {
     if (only == null) return;
     if (!styles.containsKey(HIDDEN)) style(HIDDEN, new Style().with("visible", "false"));
     int level = panels.levels().indexOf(only.variable()) + 1;
-    part.add("conditionalStyle").set("style", HIDDEN)
-        .set("when", "facet" + level + " != \"" + only.code() + "\"");
+    part.add("conditionalStyle").set("style", HIDDEN).set("when", "facet" + level + " != \"" + only.code() + "\"");
   }
 }

@@ -80,8 +80,8 @@ final class Scope {
   }
 
   static Refusal wrongKind(Variable variable, Place place, String expected) {
-    return new Refusal(place, "found " + Wording.quoted(variable.name) + ", which is " + variable.kind.phrase()
-        + ", expected " + expected);
+    return new Refusal(place,
+        "found " + Wording.quoted(variable.name) + ", which is " + variable.kind.phrase() + ", expected " + expected);
   }
 
   /** The code of a category that is named by its text, or by the code itself. */
@@ -91,23 +91,25 @@ final class Scope {
     String code = variable.codes.get(text);
     if (code != null) return code;
     Set<String> known = variable.codes.keySet();
-    throw new Refusal(Place.of(value), "found " + Wording.quoted(text) + ", expected one of the categories of "
-        + Wording.quoted(variable.name) + (known.isEmpty() ? ", for which no \"categories\" are given" : "")
-        + Suggestions.hint(text, known));
+    throw new Refusal(Place.of(value),
+        "found " + Wording.quoted(text) + ", expected one of the categories of " + Wording.quoted(variable.name)
+            + (known.isEmpty() ? ", for which no \"categories\" are given" : "") + Suggestions.hint(text, known));
   }
 
   private void declare(String what, String name, Place place) {
     Place first = places.putIfAbsent(what + " " + name, place);
     if (first != null) {
-      throw new Refusal(place, "found a second " + what + " " + Wording.quoted(name)
-          + ", expected another name; the first is in line " + first.line() + ", column " + first.column());
+      throw new Refusal(place,
+          "found a second " + what + " " + Wording.quoted(name) + ", expected another name; the first is in line "
+              + first.line() + ", column " + first.column());
     }
   }
 
   private <T> T unknown(String what, NameContext name, Map<String, T> known) {
     String unknown = Literals.name(name);
-    throw new Refusal(Place.of(name), "found " + Wording.quoted(unknown) + ", expected the name of a " + what
-        + (complete || what.equals("source") ? "" : " that is declared before it is used")
-        + Suggestions.hint(unknown, known.keySet()));
+    throw new Refusal(Place.of(name),
+        "found " + Wording.quoted(unknown) + ", expected the name of a " + what
+            + (complete || what.equals("source") ? "" : " that is declared before it is used")
+            + Suggestions.hint(unknown, known.keySet()));
   }
 }

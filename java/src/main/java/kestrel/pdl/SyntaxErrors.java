@@ -18,9 +18,9 @@ final class SyntaxErrors extends BaseErrorListener {
   private static final String UNCLOSED_NAME =
       "found a name that is not closed, expected a backquote before the end of the line";
 
-  private static final Map<Integer, String> KINDS = Map.of(Token.EOF, "the end of the description", PdlParser.NAME,
-      "a name", PdlParser.NUMBER, "a number", PdlParser.LENGTH, "a length such as 5pt", PdlParser.STRING,
-      "a string in double quotes");
+  private static final Map<Integer, String> KINDS =
+      Map.of(Token.EOF, "the end of the description", PdlParser.NAME, "a name", PdlParser.NUMBER, "a number",
+          PdlParser.LENGTH, "a length such as 5pt", PdlParser.STRING, "a string in double quotes");
 
   private static final Set<Integer> VALUES = Set.of(PdlParser.NUMBER, PdlParser.LENGTH, PdlParser.STRING);
 
@@ -56,23 +56,23 @@ final class SyntaxErrors extends BaseErrorListener {
     List<String> parts = new ArrayList<>();
     List<String> words = new ArrayList<>();
     for (int type : types) {
-      String literal = type == Token.EOF ? null : vocabulary.getLiteralName(type);
-      boolean word = literal != null && Character.isLetter(literal.charAt(1));
-      if (type == PdlParser.QUOTED_NAME || (word && name)) continue;
-      if (word) words.add(unquoted(literal));
-      parts.add(literal == null ? KINDS.get(type) : "\"" + unquoted(literal) + "\"");
-    }
-    return Wording.anyOf(parts) + Suggestions.hint(found.getText(), words);
+          String literal = type == Token.EOF ? null : vocabulary.getLiteralName(type);
+          boolean word = literal != null && Character.isLetter(literal.charAt(1));
+          if (type == PdlParser.QUOTED_NAME || (word && name)) continue;
+          if (word) words.add(unquoted(literal));
+          parts.add(literal == null ? KINDS.get(type) : "\"" + unquoted(literal) + "\"");
+        }
+        return Wording.anyOf(parts) + Suggestions.hint(found.getText(), words);
   }
 
   /** Behind a value no second one follows without a comma. */
   private static String commaHint(Parser parser, Token found) {
-    if (!VALUES.contains(found.getType()) || found.getTokenIndex() == 0) return "";
-    Token before = parser.getTokenStream().get(found.getTokenIndex() - 1);
-    return before.getType() == found.getType() ? "; in a list a comma stands between two values" : "";
+      if (!VALUES.contains(found.getType()) || found.getTokenIndex() == 0) return "";
+      Token before = parser.getTokenStream().get(found.getTokenIndex() - 1);
+      return before.getType() == found.getType() ? "; in a list a comma stands between two values" : "";
   }
 
   private static String unquoted(String literal) {
-    return literal.substring(1, literal.length() - 1);
+      return literal.substring(1, literal.length() - 1);
   }
-}
+  }

@@ -29,7 +29,9 @@ final class VariableMarkup {
   }
 
   private MarkupElement column(Variable variable) {
-    return parts.root.add("sourceVariable").set("id", variable.id).set("source", variable.source)
+    return parts.root.add("sourceVariable")
+        .set("id", variable.id)
+        .set("source", variable.source)
         .set("sourceName", variable.column)
         .set("creator", variable.kind == Kind.CASE ? CASE_CREATOR : COLUMN_CREATOR)
         .set("inputDateFormatPattern", variable.input)
@@ -65,13 +67,20 @@ final class VariableMarkup {
     StringBuilder expression = new StringBuilder();
     for (Variable variable : panels.blend) {
       String label = variable.id + "label";
-      MarkupElement constant = parts.root.add("derivedVariable").set("id", label).set("categorical", "true")
-          .set("label", label).set("value", "constant(label" + variable.id + ")");
+      MarkupElement constant = parts.root.add("derivedVariable")
+                                   .set("id", label)
+                                   .set("categorical", "true")
+                                   .set("label", label)
+                                   .set("value", "constant(label" + variable.id + ")");
       constant.add("format").add("relabel").set("from", "label" + variable.id).set("to", variable.labelOrName());
       if (expression.length() > 0) expression.append(" + ");
       expression.append(variable.id).append('/').append(label);
     }
-    parts.root.add("expressionVariable").set("id", ElementMarkup.BLEND).set("categorical", "false")
-        .set("expression", expression.toString()).set("shortLabel", "Y Axis").add("format");
+    parts.root.add("expressionVariable")
+        .set("id", ElementMarkup.BLEND)
+        .set("categorical", "false")
+        .set("expression", expression.toString())
+        .set("shortLabel", "Y Axis")
+        .add("format");
   }
 }

@@ -27,12 +27,10 @@ import kestrel.pdl.PdlParser.VariableWeightContext;
 /** Reads the variables of a chart. */
 final class VariableReader extends PdlBaseVisitor<Void> {
   /** What the columns of a source have, by their kinds. */
-  private static final Map<Kind, List<String>> OPTIONS = Map.of(
-      Kind.CATEGORICAL,
-      List.of("from", "column", "label", "categories", "show", "order", "sort", "exclude", "format"),
-      Kind.NUMERIC, List.of("from", "column", "label", "show", "weight", "format"),
-      Kind.DATE, List.of("from", "column", "label", "input", "format"),
-      Kind.CASE, List.of("from", "label", "format"));
+  private static final Map<Kind, List<String>> OPTIONS = Map.of(Kind.CATEGORICAL,
+      List.of("from", "column", "label", "categories", "show", "order", "sort", "exclude", "format"), Kind.NUMERIC,
+      List.of("from", "column", "label", "show", "weight", "format"), Kind.DATE,
+      List.of("from", "column", "label", "input", "format"), Kind.CASE, List.of("from", "label", "format"));
 
   private static final List<String> OPTIONS_OF_DERIVED = List.of("label", "show", "format");
   private static final Map<String, String> EITHER_OR =
@@ -59,8 +57,8 @@ final class VariableReader extends PdlBaseVisitor<Void> {
       variable = new Variable(name, "derivedVariable" + number, Kind.NUMERIC);
       variable.expression = Expressions.text(statement.sum(), used -> idIn(scope, used));
     } else {
-      variable = new Variable(name, "sourceVariable" + number,
-          Kind.valueOf(statement.kind.getText().toUpperCase(Locale.ROOT)));
+      variable = new Variable(
+          name, "sourceVariable" + number, Kind.valueOf(statement.kind.getText().toUpperCase(Locale.ROOT)));
       variable.source = scope.defaultSource();
       variable.column = variable.kind == Kind.CASE ? Variable.CASE_COLUMN : name;
     }
@@ -89,9 +87,10 @@ final class VariableReader extends PdlBaseVisitor<Void> {
   private void checkKind(String word, VariableOptionContext option) {
     List<String> options = variable.isDerived() ? OPTIONS_OF_DERIVED : OPTIONS.get(variable.kind);
     if (options.contains(word)) return;
-    throw new Refusal(Place.of(option), "found " + Wording.quoted(word) + " of a variable that is "
-        + (variable.isDerived() ? "derived" : variable.kind.phrase()) + ", expected "
-        + Wording.anyOf(options.stream().map(Wording::quoted).toList()));
+    throw new Refusal(Place.of(option),
+        "found " + Wording.quoted(word) + " of a variable that is "
+            + (variable.isDerived() ? "derived" : variable.kind.phrase()) + ", expected "
+            + Wording.anyOf(options.stream().map(Wording::quoted).toList()));
   }
 
   private void completeDate() {
@@ -110,8 +109,9 @@ final class VariableReader extends PdlBaseVisitor<Void> {
   public Void visitVariableColumn(VariableColumnContext option) {
     variable.column = Literals.text(option.text());
     if (variable.column.isEmpty() || variable.column.startsWith("$")) {
-      throw new Refusal(Place.of(option.text()), "found " + Wording.quoted(variable.column)
-          + ", expected the name of a column, which is not empty and does not begin with a dollar sign");
+      throw new Refusal(Place.of(option.text()),
+          "found " + Wording.quoted(variable.column)
+              + ", expected the name of a column, which is not empty and does not begin with a dollar sign");
     }
     return null;
   }
@@ -128,8 +128,8 @@ final class VariableReader extends PdlBaseVisitor<Void> {
       String category = Literals.text(text);
       String code = String.valueOf(variable.relabels.size() + 1);
       if (variable.codes.putIfAbsent(category, code) != null) {
-        throw new Refusal(Place.of(text),
-            "found the category " + Wording.quoted(category) + " twice, expected it once");
+        throw new Refusal(
+            Place.of(text), "found the category " + Wording.quoted(category) + " twice, expected it once");
       }
       variable.relabels.put(code, category);
     }

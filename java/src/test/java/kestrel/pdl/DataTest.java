@@ -50,14 +50,15 @@ class DataTest {
   @Test
   void elementsMayStandBeforeTheVariablesThatTheyShow() throws Exception {
     assertTrue(Descriptions.translated("chart { point { x a y b } variable b numeric variable a numeric }")
-        .contains("<x variable=\"sourceVariable1\"/><y variable=\"sourceVariable0\"/>"));
+                   .contains("<x variable=\"sourceVariable1\"/><y variable=\"sourceVariable0\"/>"));
   }
 
   @Test
   void everyWordOfTheLanguageMayBeAName() throws Exception {
     for (String word : Grammar.words()) {
       String markup = Descriptions.translated("chart { source " + word + " variable " + word + " numeric { from " + word
-          + " } variable v = " + word + " + 1 point { x " + word + " y v size " + word + " } legend " + word + " { } }");
+          + " } variable v = " + word + " + 1 point { x " + word + " y v size " + word + " } legend " + word
+          + " { } }");
       assertTrue(markup.contains("sourceName=\"" + word + "\""), markup);
     }
   }
@@ -73,7 +74,7 @@ class DataTest {
   @Test
   void lineEndsInAttributesComeBack() throws Exception {
     assertTrue(Descriptions.translated("chart \"a\\nb\" { variable a numeric point { x a y a } }")
-        .contains("description=\"a&#xA;b\""));
+                   .contains("description=\"a&#xA;b\""));
   }
 
   @Test

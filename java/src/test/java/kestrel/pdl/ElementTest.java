@@ -8,7 +8,9 @@ import org.junit.jupiter.api.Test;
 import org.junit.jupiter.params.ParameterizedTest;
 import org.junit.jupiter.params.provider.CsvSource;
 
-/** What elements, their statistics and their aesthetics become. a and b are numbers, c and e categories, d is a date. */
+/**
+ * What elements, their statistics and their aesthetics become. a and b are numbers, c and e categories, d is a date.
+ */
 class ElementTest {
   @ParameterizedTest
   @CsvSource(delimiterString = " => ", quoteCharacter = '~', textBlock = """

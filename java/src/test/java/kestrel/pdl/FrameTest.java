@@ -121,14 +121,16 @@ class FrameTest {
   void rowsOfAPyramidNestOrCrossWithinTheCross() throws Exception {
     String pyramid = "variable f categorical coordinates { reflect x alternating } panels { columns c rows e ";
     contains("<variableReference ref=\"sourceVariable3\"/><cross><unity/><variableReference ref=\"sourceVariable5\"/>"
-        + "</cross></cross></cross></faceting>", pyramid + "* f }");
+            + "</cross></cross></cross></faceting>",
+        pyramid + "* f }");
     contains("<nest><variableReference ref=\"sourceVariable3\"/><variableReference ref=\"sourceVariable5\"/></nest>"
-        + "</cross></cross></faceting>", pyramid + "/ f }");
+            + "</cross></cross></faceting>",
+        pyramid + "/ f }");
   }
 
   private static void contains(String markup, String statements) throws Exception {
-    String actual = statements.startsWith("point {") ? Descriptions.markup(statements)
-        : Descriptions.markupWithPoints(statements);
+    String actual =
+        statements.startsWith("point {") ? Descriptions.markup(statements) : Descriptions.markupWithPoints(statements);
     assertTrue(actual.contains(markup), actual);
   }
 }

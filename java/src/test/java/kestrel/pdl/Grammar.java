@@ -15,13 +15,15 @@ final class Grammar {
   private Grammar() {}
 
   static Set<String> words() {
-    String grammar = Descriptions.text(
-        Schemas.read(Schemas.sourceDirectory().resolve("java/src/main/antlr/kestrel/pdl/Pdl.g4")));
+    String grammar =
+        Descriptions.text(Schemas.read(Schemas.sourceDirectory().resolve("java/src/main/antlr/kestrel/pdl/Pdl.g4")));
     return wordsIn(grammar.substring(0, grammar.indexOf("// --- words ---")), WORD);
   }
 
   static Set<String> wordsIn(String text, Pattern word) {
-    return word.matcher(text).results().map((MatchResult found) -> found.group(1))
+    return word.matcher(text)
+        .results()
+        .map((MatchResult found) -> found.group(1))
         .collect(Collectors.toCollection(TreeSet::new));
   }
 }

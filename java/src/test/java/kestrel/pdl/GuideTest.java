@@ -49,7 +49,8 @@ class GuideTest {
   @ParameterizedTest
   @MethodSource("descriptions")
   void allThatItShowsCanBeRead(String description) {
-    assertDoesNotThrow(() -> Descriptions.translated(description.contains("chart ") ? description : chartOf(description)));
+    assertDoesNotThrow(
+        () -> Descriptions.translated(description.contains("chart ") ? description : chartOf(description)));
   }
 
   /** A part of a chart with the variables and the element that it lacks. */

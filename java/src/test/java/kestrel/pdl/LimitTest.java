@@ -20,27 +20,36 @@ class LimitTest {
 
   @Test
   void aHundredParenthesesAreRead() throws Exception {
-    String expression = "(".repeat(100) + "a" + ")".repeat(100);
-    String value = "value=\"" + "(".repeat(100) + "sourceVariable0" + ")".repeat(100) + "\"";
+    String expression = "(".repeat(100) + "a"
+        + ")".repeat(100);
+    String value = "value=\""
+        + "(".repeat(100) + "sourceVariable0"
+        + ")".repeat(100) + "\"";
     assertTrue(Descriptions.translated(BEGIN + "variable b = " + expression + " }").contains(value));
   }
 
   @Test
   void aHundredThousandParenthesesAreRefused() {
     assertEquals("line 1, column 159: found 101 parentheses within each other, expected no more than 100",
-        soon(() -> Descriptions.refusal(BEGIN + "variable b = " + "(".repeat(100_000) + "a")));
+        soon(()
+                 -> Descriptions.refusal(BEGIN + "variable b = "
+                     + "(".repeat(100_000) + "a")));
   }
 
   @Test
   void aHundredThousandCallsAreRefused() {
-    assertTrue(soon(() -> Descriptions.refusal(BEGIN + "function " + "log(".repeat(100_000)))
-        .endsWith("found 101 parentheses within each other, expected no more than 100"));
+    assertTrue(soon(()
+                        -> Descriptions.refusal(BEGIN + "function "
+                            + "log(".repeat(100_000)))
+                   .endsWith("found 101 parentheses within each other, expected no more than 100"));
   }
 
   @Test
   void aHundredThousandBracesAreRefused() {
-    assertTrue(soon(() -> Descriptions.refusal("chart " + "{".repeat(100_000)))
-        .endsWith("found more than 100000 words and signs, expected fewer"));
+    assertTrue(soon(()
+                        -> Descriptions.refusal("chart "
+                            + "{".repeat(100_000)))
+                   .endsWith("found more than 100000 words and signs, expected fewer"));
   }
 
   @Test
@@ -51,15 +60,18 @@ class LimitTest {
 
   @Test
   void aLongSumTakesNoLongerThanItsLength() throws Exception {
-    String sum = soon(() -> Descriptions.translated(BEGIN + "variable b = a" + " + a".repeat(40_000) + " }"));
+    String sum = soon(()
+                          -> Descriptions.translated(BEGIN + "variable b = a"
+                              + " + a".repeat(40_000) + " }"));
     assertTrue(sum.contains("sourceVariable0 + sourceVariable0 + "));
   }
 
   @Test
   void manySignsAndPowersDoNotNest() throws Exception {
-    String signs = "-".repeat(20_001) + "a" + "^2".repeat(20_000);
+    String signs = "-".repeat(20_001) + "a"
+        + "^2".repeat(20_000);
     assertTrue(soon(() -> Descriptions.translated(BEGIN + "variable b = " + signs + " }"))
-        .contains("value=\"-sourceVariable0^2^2"));
+                   .contains("value=\"-sourceVariable0^2^2"));
   }
 
   @Test
@@ -76,7 +88,9 @@ class LimitTest {
 
   @Test
   void aLongNumberIsReadAsItsNearest() throws Exception {
-    assertTrue(soon(() -> Descriptions.translated(BEGIN + "reference x 0." + "3".repeat(900_000) + " }"))
-        .contains("x=\"0.3333333333333333\""));
+    assertTrue(soon(()
+                        -> Descriptions.translated(BEGIN + "reference x 0."
+                            + "3".repeat(900_000) + " }"))
+                   .contains("x=\"0.3333333333333333\""));
   }
 }

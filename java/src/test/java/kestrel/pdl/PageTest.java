@@ -47,11 +47,13 @@ class PageTest {
   @Test
   void aBlendNamesEachOfItsVariables() throws Exception {
     String markup = Descriptions.markup("line { x d } panels { blend a + b }");
-    String constants = "<derivedVariable categorical=\"true\" id=\"sourceVariable1label\" label=\"sourceVariable1label\" "
+    String constants =
+        "<derivedVariable categorical=\"true\" id=\"sourceVariable1label\" label=\"sourceVariable1label\" "
         + "value=\"constant(labelsourceVariable1)\"><format><relabel from=\"labelsourceVariable1\" to=\"B\"/></format>";
     assertTrue(markup.contains(constants), markup);
     String sum = "sourceVariable0/sourceVariable0label + sourceVariable1/sourceVariable1label";
-    assertTrue(markup.contains("expression=\"" + sum + "\" id=\"expressionVariable1\" shortLabel=\"Y Axis\"><format/>"));
+    assertTrue(
+        markup.contains("expression=\"" + sum + "\" id=\"expressionVariable1\" shortLabel=\"Y Axis\"><format/>"));
     assertTrue(markup.contains("<x variable=\"sourceVariable4\"/><y variable=\"expressionVariable1\"/></line>"));
     assertTrue(markup.contains("<facetLayout topDown=\"true\"><facetLevel id=\"facetLabel_matrixscatterx_1\""));
     assertFalse(markup.contains("<faceting"));

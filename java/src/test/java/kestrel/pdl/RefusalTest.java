@@ -66,6 +66,8 @@ class RefusalTest {
   @Test
   void whatIsFoundIsShownOnOneLineAndCutShort() {
     String message = Descriptions.refusal(BEGIN + "n".repeat(1000) + " }");
-    assertEquals("line 1, column 52: found \"" + "n".repeat(40) + "...\", expected a string in double quotes", message);
+    assertEquals("line 1, column 52: found \""
+            + "n".repeat(40) + "...\", expected a string in double quotes",
+        message);
   }
 }

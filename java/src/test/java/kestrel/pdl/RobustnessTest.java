@@ -79,5 +79,5 @@ class RobustnessTest {
       }
     }).toList();
     for (byte[] each : together) assertArrayEquals(alone, each);
-  }
-}
+      }
+    }

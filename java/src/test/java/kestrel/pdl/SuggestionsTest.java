@@ -10,8 +10,10 @@ import org.junit.jupiter.params.provider.CsvSource;
 
 class SuggestionsTest {
   @ParameterizedTest
-  @CsvSource({"point,points,1", "point,piont,1", "point,oint,1", "point,paint,1", "point,,5", "ab,ba,1", "kitten,sitting,3"})
-  void theDistanceCountsWhatIsToBeChanged(String from, String to, int distance) {
+  @CsvSource(
+      {"point,points,1", "point,piont,1", "point,oint,1", "point,paint,1", "point,,5", "ab,ba,1", "kitten,sitting,3"})
+  void
+  theDistanceCountsWhatIsToBeChanged(String from, String to, int distance) {
     assertEquals(distance, Suggestions.distance(from, to == null ? "" : to));
   }
 

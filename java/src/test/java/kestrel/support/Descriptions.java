@@ -30,8 +30,11 @@ public final class Descriptions {
   /** The names of the examples. */
   public static List<String> names() {
     try (Stream<Path> files = Files.list(folder())) {
-      return files.map(file -> file.getFileName().toString()).filter(name -> name.endsWith(SUFFIX))
-          .map(name -> name.substring(0, name.length() - SUFFIX.length())).sorted().toList();
+      return files.map(file -> file.getFileName().toString())
+          .filter(name -> name.endsWith(SUFFIX))
+          .map(name -> name.substring(0, name.length() - SUFFIX.length()))
+          .sorted()
+          .toList();
     } catch (IOException failure) {
       throw new UncheckedIOException(failure);
     }
