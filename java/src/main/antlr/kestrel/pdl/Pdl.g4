@@ -232,5 +232,5 @@ SPACE: [ \t\r\n\f\u00A0\uFEFF]+ -> skip ;
 STRANGE: . ;
 
 fragment DIGITS: [0-9]+ ('.' [0-9]+)? ([eE] [+-]? [0-9]+)? ;
-fragment UNIT: 'px' | 'pt' | 'cm' | 'in' | '%' ;
+fragment UNIT: 'px' | 'pt' | 'mm' | 'cm' | 'in' | '%' ;
 fragment CHARACTER: '\\' ~[\r\n] | ~["\\\r\n] ;

@@ -9,7 +9,7 @@ final class Looks {
       List.of("circle", "square", "triangle", "diamond", "cross", "plus", "star", "ibeam");
 
   private static final Pattern COLOR = Pattern.compile("#[0-9A-Fa-f]{6}|[A-Za-z]{1,30}");
-  private static final String LENGTH = "[0-9]{1,6}(\\.[0-9]{1,6})?(px|pt|cm|in|%)";
+  private static final String LENGTH = "[0-9]{1,6}(\\.[0-9]{1,6})?(px|pt|mm|cm|in|%)";
   private static final Pattern DASH = Pattern.compile("(" + LENGTH + "(," + LENGTH + "){0,20})?");
 
   private Looks() {}

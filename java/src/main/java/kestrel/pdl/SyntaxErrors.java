@@ -42,7 +42,7 @@ final class SyntaxErrors extends BaseErrorListener {
       case Token.EOF -> "the end of the description";
       case PdlParser.STRING -> "the string " + Wording.quoted(text.substring(1, text.length() - 1));
       case PdlParser.BAD_NUMBER -> Wording.quoted(text)
-          + " (neither a number nor a length; the units of lengths are px, pt, cm, in and %)";
+          + " (neither a number nor a length; the units of lengths are px, pt, mm, cm, in and %)";
       case PdlParser.STRANGE -> Wording.character(text.codePointAt(0));
       default -> Wording.quoted(text);
     };

@@ -27,6 +27,7 @@ class DataTest {
       variable v categorical { sort ascending } => <sourceVariable categorical="true" creator="external_datasource" domain="categoricalDomain0"
       variable v categorical { order "y", "x" categories "x", "y" } => <simpleSort><categoryOrder>2;1</categoryOrder></simpleSort>
       variable v categorical { categories "x", "y" exclude "y", 7 } => <categories remove="true">2;7</categories>
+      variable v categorical { exclude "no" show 0 as "no" } => <categories remove="true">0</categories>
       variable v = log(a) => <derivedVariable categorical="false" id="derivedVariable0" label="v" value="log(sourceVariable0)"/>
       variable v = a / b - 1.50 { label "L" format { suffix "%" } } => <derivedVariable categorical="false" id="derivedVariable0" label="L" value="sourceVariable0/sourceVariable1 - 1.5"><format suffix="%"/></derivedVariable>
       variable v = a variable w = v * -2 => <derivedVariable categorical="false" id="derivedVariable1" label="w" value="derivedVariable0*-2"/>

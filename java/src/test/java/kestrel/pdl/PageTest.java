@@ -12,7 +12,7 @@ import org.junit.jupiter.params.provider.CsvSource;
 class PageTest {
   @ParameterizedTest
   @CsvSource(delimiterString = " => ", quoteCharacter = '~', textBlock = """
-      page { width 625px height 10cm } => <location method="0" part="4" value="625px"/><location method="0" part="5" value="10cm"/>
+      page { width 625px height 102.50mm } => <location method="0" part="4" value="625px"/><location method="0" part="5" value="102.5mm"/>
       page { style { color "#FFFFFF" } } => <visualization id="frame_graph_1" style="frame_graph_1s" version="2.8"
       page { style { color "#FFFFFF" } } => <style color="#FFFFFF" id="frame_graph_1s"/>
       language "de-DE" => <visualization id="frame_graph_1" lang="de-DE" version="2.8" xmlns="http://xml.vexa.example/visualization"><graph id="frame_data_1">
