@@ -7,18 +7,24 @@
 #include "problem.h"
 
 #include "host/data_store.h"
+#include "kestrelhost/missing.h"
 #include "model/chartstring.h"
 #include "model/document.h"
 #include "model/variables.h"
 
 #include <algorithm>
 #include <cstdlib>
-#include <iterator>
 #include <map>
+#include <numeric>
+#include <set>
+#include <utility>
 
 namespace kestrel::tool {
 
 namespace {
+
+/// Stands for the number of the row where no column is named so.
+constexpr char const* rowNumberName = "$CASENUM";
 
 std::string utf8(char16_t const* text) { return ChartString(text).toUTF8(); }
 
@@ -102,56 +108,98 @@ LumoFormat& formatOf(LumoSourceVariable& variable) {
   return formats.empty() ? *variable.addFormat() : *formats.front();
 }
 
-/// The numbers of a column's categories in their order; new ones become relabels.
-std::vector<double> numberCategories(LumoSourceVariable& variable,
-                                     std::vector<std::string> const& categories) {
-  std::map<std::string, double> const known = knownCategories(variable);
-  double last = 0;
-  for (auto const& [text, number] : known) last = std::max(last, number);
-  std::vector<double> numbers;
-  for (std::string const& category : categories) {
-    auto const found = known.find(category);
-    if (found != known.end()) {
-      numbers.push_back(found->second);
-      continue;
+/// Numbers the categories of one variable: as its relabels do, and new ones behind those.
+class Categories {
+ public:
+  explicit Categories(LumoSourceVariable& variable)
+      : mVariable(variable), mNumbers(knownCategories(variable)) {
+    for (auto const& [text, number] : mNumbers) {
+      mLast = std::max(mLast, number);
+      mKnown.insert(number);
     }
-    numbers.push_back(++last);
-    ChartString from;
-    from.appendDouble(last);
-    ChartString to;
-    to.assignUTF8(category);
-    formatOf(variable).addRelabel(from.xc_str(), to.xc_str());
   }
-  return numbers;
+
+  bool empty() const { return mNumbers.empty(); }
+  bool knows(double number) const { return mKnown.count(number) != 0; }
+  bool knows(std::string const& text) const { return mNumbers.count(text) != 0; }
+
+  double numberOf(std::string const& text) {
+    auto const [place, isNew] = mNumbers.try_emplace(text, mLast + 1);
+    if (isNew) relabel(text);
+    return place->second;
+  }
+
+ private:
+  void relabel(std::string const& text) {
+    ChartString from;
+    from.appendDouble(++mLast);
+    ChartString to;
+    to.assignUTF8(text);
+    formatOf(mVariable).addRelabel(from.xc_str(), to.xc_str());
+  }
+
+  LumoSourceVariable& mVariable;
+  std::map<std::string, double> mNumbers;
+  std::set<double> mKnown;
+  double mLast = 0;
+};
+
+/// Each cell by its text. Where the chart has relabels, a number is a category by its text or, as it stands,
+/// by what a relabel is from.
+std::vector<double> categoryCells(Categories& categories, CsvTable const& table, std::size_t index,
+                                  Column const& column) {
+  bool const isText = column.type == ColumnType::Text;
+  std::vector<double> cells;
+  for (std::size_t row = 0; row < table.rows(); ++row) {
+    double const value = column.values[row];
+    std::string const text(table.cell(row, index));
+    // The numbers of texts are the column's own, which are not those of the chart.
+    bool const byNumber = !isText && !categories.knows(text) && categories.knows(value);
+    cells.push_back(value == host::systemMissing || byNumber ? value : categories.numberOf(text));
+  }
+  return cells;
 }
 
 /// The cells of a column as the chart takes them.
-std::vector<double> cellsOf(LumoSourceVariable& variable, Column column, std::string const& file) {
-  if (column.type != ColumnType::Text) return std::move(column.values);
-  if (!variable.getCategorical()) {
+std::vector<double> cellsOf(LumoSourceVariable& variable, CsvTable const& table, std::size_t index,
+                            std::string const& file) {
+  Column column = readColumn(table, index, variable.getCategorical());
+  bool const isText = column.type == ColumnType::Text;
+  if (isText && !variable.getCategorical()) {
     throw badInput(file, "column " + inQuotes(column.name) + " holds text such as " +
                              inQuotes(column.categories.front()) + ", but the variable " +
                              inQuotes(utf8(variable.getId())) + " is one of numbers; make it categorical");
   }
-  std::vector<double> const numbers = numberCategories(variable, column.categories);
-  for (double& value : column.values) {
-    auto const category = static_cast<std::size_t>(value);
-    if (value >= 1 && category <= numbers.size()) value = numbers[category - 1];
-  }
-  return std::move(column.values);
+  Categories categories(variable);
+  if (!isText && (!variable.getCategorical() || categories.empty())) return std::move(column.values);
+  return categoryCells(categories, table, index, column);
 }
 
-void readFileInto(SourceFile const& data, Sources const& sources, VarDataProcessor& store) {
+/// The numbers of the rows, from 1.
+std::vector<double> rowNumbers(CsvTable const& table) {
+  std::vector<double> numbers(table.rows());
+  std::iota(numbers.begin(), numbers.end(), 1.0);
+  return numbers;
+}
+
+void store(VarDataProcessor& target, std::string const& source, std::string const& column,
+           std::vector<double> const& cells) {
+  target.AddVariable(source, column, nullptr);
+  unsigned int row = 0;
+  for (double const cell : cells) target.SetVariableValue(source, column, row++, cell);
+}
+
+void readFileInto(SourceFile const& data, Sources const& sources, VarDataProcessor& target) {
   CsvTable const table = readCsv(data.file, readFile(data.file));
-  store.AddDataSource(data.source, 0);
+  target.AddDataSource(data.source, 0);
   for (LumoSourceVariable* const variable : sources.variables(data.source)) {
-    std::size_t const index = columnOf(*variable, table, data.file);
+    std::string const name = utf8(variable->getSourceName());
+    bool const inTable = std::find(table.names().begin(), table.names().end(), name) != table.names().end();
     std::vector<double> const cells =
-        cellsOf(*variable, readColumn(table, index, variable->getCategorical()), data.file);
-    std::string const& name = table.names()[index];
-    store.AddVariable(data.source, name, nullptr);
-    unsigned int row = 0;
-    for (double const cell : cells) store.SetVariableValue(data.source, name, row++, cell);
+        name == rowNumberName && !inTable
+            ? rowNumbers(table)
+            : cellsOf(*variable, table, columnOf(*variable, table, data.file), data.file);
+    store(target, data.source, name, cells);
   }
 }
 
