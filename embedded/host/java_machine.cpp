@@ -44,7 +44,7 @@ std::string& saidAtStart() {
 std::atomic<bool> listening{false};
 
 // The machine's hook, whose form is C's.
-jint JNICALL hear(FILE* stream, char const* format, va_list arguments) {
+[[gnu::format(printf, 2, 0)]] jint JNICALL hear(FILE* stream, char const* format, va_list arguments) {
   if (!listening) return std::vfprintf(stream, format, arguments);
   std::array<char, 1024> line{};
   int const length = std::vsnprintf(line.data(), line.size(), format, arguments);
