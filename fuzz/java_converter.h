@@ -19,6 +19,8 @@ namespace kestrel::fuzzing {
 
 /// The converter, running.
 inline LumoConverter& converter() {
+  // Ends with the process, and closes what it has opened.
+  static host::ScopedHost const scope{host::Host()};
   static LumoConverter& running = []() -> LumoConverter& {
     JNIEnv_* environment = nullptr;
     if (VexaJVM::GetInstance() == nullptr || !VexaJVM::GetInstance()->StartJVM() ||

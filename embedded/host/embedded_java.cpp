@@ -118,15 +118,22 @@ class JavaClasses {
   JavaClasses(JNIEnv& java, std::vector<std::string> const& archives) {
     JavaFrame const frame(java);
     jobject loader = loaderOf(java, archives);
-    mConverter = static_cast<jclass>(java.NewGlobalRef(loaded(java, loader, converterClass)));
-    mRefusal = static_cast<jclass>(java.NewGlobalRef(loaded(java, loader, refusalClass)));
+    jclass converter = loaded(java, loader, converterClass);
+    jclass refusal = loaded(java, loader, refusalClass);
+    mLoader = java.NewGlobalRef(loader);
+    mConverter = static_cast<jclass>(java.NewGlobalRef(converter));
+    mRefusal = static_cast<jclass>(java.NewGlobalRef(refusal));
   }
 
+  /// Closes the archives, where the thread may speak to the machine.
   ~JavaClasses() {
-    if (JNIEnv* const java = JavaMachine::instance().environment()) {
-      java->DeleteGlobalRef(mConverter);
-      java->DeleteGlobalRef(mRefusal);
-    }
+    JNIEnv* const java = JavaMachine::instance().environment();
+    if (java == nullptr) return;
+    jmethodID close = java->GetMethodID(java->GetObjectClass(mLoader), "close", "()V");
+    if (close != nullptr) java->CallVoidMethod(mLoader, close);
+    java->ExceptionClear();
+    for (jobject reference : {mLoader, static_cast<jobject>(mConverter), static_cast<jobject>(mRefusal)})
+      java->DeleteGlobalRef(reference);
   }
 
   JavaClasses(JavaClasses const&) = delete;
@@ -150,6 +157,7 @@ class JavaClasses {
   }
 
  private:
+  jobject mLoader;
   jclass mConverter;
   jclass mRefusal;
 };
