@@ -18,6 +18,7 @@
 #include <algorithm>
 #include <memory>
 #include <string>
+#include <unordered_set>
 
 using kestrel::objectsOf;
 using kestrel::present;
@@ -140,14 +141,28 @@ bool isBlank(LumoLabelFrame const* frame) {
   return text.empty();
 }
 
-/// In the first empty slot, unless it stands in one before that.
-void recordLegend(LumoLegend const& legend, LumoExtensionVis& record) {
-  unsigned int slot = 1;
-  for (; LumoLegend const* const recorded = record.getLegend(slot); ++slot) {
-    if (recorded->getImplementation() == legend.getImplementation()) return;
+/// The legends of a record. A legend goes into the first empty slot, unless it stands in one before that.
+class RecordedLegends {
+ public:
+  explicit RecordedLegends(LumoExtensionVis& record) : mRecord(record) { passFilledSlots(); }
+
+  void add(LumoLegend const& legend) {
+    if (!mBefore.insert(legend.getImplementation()).second) return;
+    mRecord.setLegend(mSlot++, legend);
+    passFilledSlots();
   }
-  record.setLegend(slot, legend);
-}
+
+ private:
+  void passFilledSlots() {
+    for (; LumoLegend const* const recorded = mRecord.getLegend(mSlot); ++mSlot)
+      mBefore.insert(recorded->getImplementation());
+  }
+
+  LumoExtensionVis& mRecord;
+  /// The first empty slot, and what stands before it.
+  unsigned int mSlot = 1;
+  std::unordered_set<xercesc::DOMElement const*> mBefore;
+};
 
 }  // namespace
 
@@ -169,9 +184,9 @@ void ChartUpdater::addExtensions() {
   for (BlankableSlot const& slot : blankables) {
     if (isBlank((record.*slot.get)())) (record.*slot.remove)();
   }
-  for (LumoLegend const* legend : objectsOf<LumoLegend>(visualization, LumoUni::_legend)) {
-    recordLegend(*legend, record);
-  }
+  RecordedLegends legends(record);
+  for (LumoLegend const* legend : objectsOf<LumoLegend>(visualization, LumoUni::_legend))
+    legends.add(*legend);
   for (LumoStyleCycle const* cycle : objectsOf<LumoStyleCycle>(visualization, LumoUni::_styleCycle)) {
     if (XMLString::equals(cycle->getId(), ChartBase::_styleCycleRepository))
       record.setStyleCycleRepository(*cycle);

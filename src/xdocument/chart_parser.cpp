@@ -16,7 +16,11 @@ namespace {
 
 constexpr char16_t doctypeRefused[] = u"A document type declaration is not allowed in chart text.";
 constexpr char16_t depthRefused[] = u"Elements are nested too deeply: chart text may have 1000 levels.";
-constexpr char16_t lengthRefused[] = u"The text is too long: chart text may have 512 MiB.";
+constexpr char16_t lengthRefused[] = u"The text is too long: chart text may have 128 MiB.";
+constexpr char16_t attributesRefused[] =
+    u"An element has too many attributes: in chart text it may have 10000.";
+constexpr char16_t nodesRefused[] =
+    u"The text has too many elements: chart text may have 4000000 elements and attributes.";
 
 xercesc::Locator const& locatorOf(xercesc::XMLScanner const& scanner) { return *scanner.getLocator(); }
 xercesc::Locator const& locatorOf(xercesc::XMLScanner const* scanner) { return *scanner->getLocator(); }
@@ -29,6 +33,7 @@ class Limited : public Parser {
 
   void startDocument() override {
     mDepth = 0;
+    mNodes = 0;
     Parser::startDocument();
   }
 
@@ -41,6 +46,9 @@ class Limited : public Parser {
                     bool isEmpty, bool isRoot) override {
     unsigned int const depth = mDepth + 1;
     if (depth > deepestElement) refuse(depthRefused);
+    if (attributeCount > mostAttributes) refuse(attributesRefused);
+    mNodes += 1 + attributeCount;
+    if (mNodes > mostNodes) refuse(nodesRefused);
     mDepth = depth;
     Parser::startElement(declaration, uri, prefix, attributes, attributeCount, isEmpty, isRoot);
     // Not every parser calls endElement for an empty element.
@@ -59,6 +67,7 @@ class Limited : public Parser {
   }
 
   unsigned int mDepth = 0;
+  std::size_t mNodes = 0;
 };
 
 class ChartParser final : public Limited<xercesc::XercesDOMParser> {

@@ -21,6 +21,12 @@ void refuseUnsafeText(std::string_view text, xercesc::XercesDOMParser const& par
 constexpr unsigned int deepestElement = 1000;
 
 /// Chart text longer than this is refused, in bytes.
-constexpr std::size_t longestText = std::size_t{512} * 1024 * 1024;
+constexpr std::size_t longestText = std::size_t{128} * 1024 * 1024;
+
+/// An element with more attributes is refused: the DOM searches them one by one.
+constexpr std::size_t mostAttributes = 10'000;
+
+/// Text with more elements and attributes than this is refused. In memory each takes a few hundred bytes.
+constexpr std::size_t mostNodes = 4'000'000;
 
 }  // namespace kestrel

@@ -1,6 +1,7 @@
 // The record that names a chart's special parts.
 
 #include "updater_fixture.h"
+#include "work_growth.h"
 
 #include "host/chartbase.h"
 #include "host/messages.h"
@@ -462,6 +463,18 @@ TEST_F(Record, LetsEveryFailurePassAndKeepsWhatWasWritten) {
       },
       [](ChartOfOneRun& chart) { ChartUpdater(chart.document).addExtensions(); }};
   expectFailuresToPass(recorder, operation);
+}
+
+TEST(RecordedLegends, AreRecordedOneByOne) {
+  // Two thousand took half a minute when every slot was read again for each of them.
+  auto const record = [](std::size_t count) {
+    LumoDocument document;
+    for (std::size_t at = 0; at < count; ++at) document.getVisualization()->addLegend(u"legend");
+    ChartUpdater(document).addExtensions();
+    EXPECT_NE(document.getVisualization()->getExtension()->getLegend(static_cast<unsigned int>(count)),
+              nullptr);
+  };
+  EXPECT_LT(secondsOf(record, 2000), 5);
 }
 
 }  // namespace

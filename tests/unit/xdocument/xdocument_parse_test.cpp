@@ -344,6 +344,34 @@ TEST_F(Parse, DoesNotLetTheCallersParserSeeWhatIsRefused) {
   EXPECT_EQ(counting.elements, 0);
 }
 
+std::string withAttributes(std::size_t count) {
+  std::string text = "<a";
+  for (std::size_t at = 0; at < count; ++at) text += " a" + std::to_string(at) + "=''";
+  return text + "/>";
+}
+
+TEST_F(Parse, TakesAnElementWithAsManyAttributesAsMayBe) {
+  EXPECT_NE(XDocument::parseDocument(withAttributes(mostAttributes), errorText, makeChartParser().get()),
+            nullptr);
+}
+
+TEST_F(Parse, RefusesAnElementWithMoreAttributes) {
+  EXPECT_EQ(XDocument::parseDocument(withAttributes(mostAttributes + 1), errorText, makeChartParser().get()),
+            nullptr);
+  EXPECT_EQ(errorText, "An element has too many attributes: in chart text it may have 10000.");
+}
+
+TEST_F(Parse, RefusesMoreElementsAndAttributesThanFitIntoMemory) {
+  // The root counts too.
+  auto const text = [](std::size_t pairs) {
+    std::string elements = "<r>";
+    for (std::size_t at = 0; at < pairs; ++at) elements += "<a b=''/>";
+    return elements + "</r>";
+  };
+  EXPECT_NO_THROW(refuseUnsafeText(text(mostNodes / 2 - 1), parser));
+  EXPECT_THROW(refuseUnsafeText(text(mostNodes / 2), parser), xercesc::SAXParseException);
+}
+
 TEST_F(Parse, RefusesATextThatIsLongerThanAnyChart) {
   // Reserved, and never read or filled.
   std::size_t const size = longestText + 1;
