@@ -13,6 +13,7 @@
 
 using namespace kestrel::test;
 using testing::AllOf;
+using testing::EndsWith;
 using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
@@ -72,12 +73,12 @@ TEST_F(Description, ThatIsRefusedIsNotShownAgain) {
   EXPECT_EQ(outcome.err.find('\n'), outcome.err.size() - 1);
 }
 
-TEST_F(Description, WithoutJavaSaysWhatWasLookedForWhere) {
-  Outcome const outcome = shell("PATH=/nowhere JAVA_HOME=/nowhere KESTREL_SHARE=" + folder.string() +
-                                " $KESTREL send " + described("scatter") + " -o out");
-  // Where Java stands in a usual place it is found all the same.
-  if (outcome.exit == 0) return;
-  EXPECT_THAT(outcome.err, HasSubstr("/nowhere/lib/server"));
+TEST_F(Description, IsInUTF8) {
+  write("latin.pdl", "chart \"x\" {\n  title \"M\xE4rz\"\n}\n");
+  Outcome const outcome = kestrel({"send", "latin.pdl", "-o", "out"});
+  EXPECT_EQ(outcome.exit, 1);
+  EXPECT_EQ(outcome.err,
+            "kestrel: latin.pdl:2: the byte 0xE4 at offset 22 is not UTF-8; save the file as UTF-8 text\n");
 }
 
 TEST_F(Description, OptionDataGoesWithNoTable) {
@@ -156,9 +157,10 @@ TEST_F(StyleSheet, ThatIsWrongIsToldAndLeavesTheChartAsItIs) {
   write("looks.xsl", "<xsl:stylesheet");
   Outcome const outcome =
       kestrel({"send", "chart.xml", "--protect", "--stylesheet", "looks.xsl", "-o", "out"});
-  EXPECT_EQ(outcome.exit, 0);
+  EXPECT_EQ(outcome.exit, 3);
   EXPECT_THAT(outcome.err,
-              AllOf(HasSubstr("Error occurred while applying a stylesheet looks.xsl."), HasSubstr("line 1")));
+              AllOf(HasSubstr("Error occurred while applying a stylesheet looks.xsl."), HasSubstr("line 1"),
+                    EndsWith("kestrel: the chart was sent without the style sheet\n")));
   EXPECT_THAT(chartText(), HasSubstr("as it came"));
 }
 

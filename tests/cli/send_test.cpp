@@ -58,6 +58,18 @@ TEST_F(Send, CompletesTheChartAndSaysWhatItWrote) {
   EXPECT_THAT(typesOf(contents()), Not(Contains(8u)));
 }
 
+TEST_F(Send, KeepsTheDescriptionOfTheChart) {
+  std::string described = birdsChart;
+  described.insert(described.find(" lang="), " description=\"Points of birds\"");
+  write("chart.xml", described);
+  for (std::vector<std::string> const& more :
+       {std::vector<std::string>{}, std::vector<std::string>{"--protect"}}) {
+    ASSERT_EQ(send(more).exit, 0);
+    EXPECT_THAT(chartText(), HasSubstr("description=\"Points of birds\""));
+    EXPECT_EQ(onlyContent(contents(), 0).bytes, "Points of birds");
+  }
+}
+
 TEST_F(Send, LeavesAProtectedChartAsItIs) {
   EXPECT_EQ(send({"--protect"}).exit, 0);
   EXPECT_EQ(chartText(), birdsChart);

@@ -2,6 +2,7 @@
 
 #include "files.h"
 #include "problem.h"
+#include "text_input.h"
 #include "xdocument.h"
 
 #include "kestrelhost/host.h"
@@ -41,7 +42,11 @@ std::string withoutDescription(std::string message) {
 }
 
 std::unique_ptr<XDocument> parsed(std::string const& file, std::string const& text) {
-  if (isDescription(file)) return std::make_unique<XDocument>(text, XDocument::UseUTF8);
+  if (isDescription(file)) {
+    // The library would put other characters in the place of what is no text.
+    requireUtf8(file, text);
+    return std::make_unique<XDocument>(text, XDocument::UseUTF8);
+  }
   return std::make_unique<XDocument>(text);
 }
 

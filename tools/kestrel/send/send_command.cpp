@@ -9,6 +9,8 @@
 
 #include "host/data_store.h"
 #include "kestrelhost/host.h"
+#include "model/chartstring.h"
+#include "model/document.h"
 
 #include <filesystem>
 #include <memory>
@@ -25,6 +27,24 @@ std::string contentOf(std::string const& file, char const* what) {
 
 /// In the chart, files go by their names alone: whose machine they lay on is nobody's business.
 std::string nameOf(std::string const& file) { return std::filesystem::path(file).filename().string(); }
+
+/// Sending stamps the chart with the description that it is told: here the chart has its own.
+void keepDescription(XDocument& document) {
+  ChartString const description(
+      document.getVisualization()->getImplementation()->getAttribute(u"description"));
+  if (!description.empty()) document.SetDescription(description);
+}
+
+/// Shows messages as usual, and knows whether the style sheet was one of their subjects.
+class WatchedMessages : public host::StandardMessages {
+ public:
+  void show(BpCellText const& text, BpErrorShow show, BpErrorLevel level) override {
+    if (text.text().find("applying a stylesheet") != std::string::npos) styleSheetFailed = true;
+    StandardMessages::show(text, show, level);
+  }
+
+  bool styleSheetFailed = false;
+};
 
 void addSideContents(XDocument& document, SendRequest const& request) {
   if (!request.styleSheet.empty())
@@ -51,16 +71,21 @@ void runSend(SendRequest const& request) {
   if (request.isProtected) document->doNotModify(true);
   readSourceData(*document->getVisualization(), request.data, store);
   if (!request.data.empty()) document->SetChartData(&store);
+  keepDescription(*document);
   addSideContents(*document, request);
   ChartDelivery delivery(request.output, request.send);
   host::Host host;
   templates.install(host);
   host.channel = delivery.channel();
+  auto const messages = std::make_shared<WatchedMessages>();
+  host.messages = messages;
   host::ScopedHost const scope(host);
   templates.addTo(*document);
   delivery.finish(document->SendChart(false, false, false));
   print(printable(delivery.name()) + ": " + counted(delivery.messages(), "message") + ", " +
         counted(delivery.bytes(), "byte") + "\n");
+  if (messages->styleSheetFailed)
+    throw Problem("the chart was sent without the style sheet", Exit::NotWritten);
 }
 
 }  // namespace kestrel::tool
