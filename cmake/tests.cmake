@@ -66,6 +66,7 @@ function(kestrel_unit_tests family)
   if(family STREQUAL "host" AND KESTREL_JAVA)
     target_include_directories(unit_host_process SYSTEM PRIVATE "${KESTREL_JNI_INCLUDE_DIR}"
       "${KESTREL_JNI_PLATFORM_INCLUDE_DIR}")
+    target_compile_definitions(unit_host_process PRIVATE KESTREL_JAVA_DIR="${KESTREL_JAVA_DIR}")
     add_dependencies(unit_host_process kestrel_java)
   endif()
 endfunction()

@@ -24,6 +24,12 @@ constexpr char mainArchive[] = "kestrel-java.jar";
 constexpr char converterClass[] = "kestrel.converter.Converter";
 constexpr char refusalClass[] = "kestrel.converter.ConversionException";
 constexpr char notRunning[] = "the Java converter does not run: the log says why";
+#ifdef __APPLE__
+constexpr char usualPlaces[] = ", in /Library/Java/JavaVirtualMachines, or where the command java leads";
+#else
+constexpr char usualPlaces[] =
+    ", in the folders of /usr/lib/jvm, /usr/java and /opt/java, or where the command java leads";
+#endif
 constexpr char runtimeNeeded[] = "install a Java runtime of version 17 or later, or set JAVA_HOME to one";
 
 bool isFile(std::string const& path) {
@@ -51,8 +57,10 @@ std::string& lastReport() {
   return report;
 }
 
-/// Callers catch failures of a conversion by pointer and leave the object alone.
+/// Callers catch failures of a conversion by pointer and leave the object alone. What is no refusal is a
+/// fault on this side, which somebody has to mend: it goes to the log, too.
 [[noreturn]] void throwKept(std::string const& message) {
+  note("A conversion failed in Java: " + message);
   static thread_local JException kept;
   kept = JException(message);
   throw &kept;  // NOLINT(misc-throw-by-value-catch-by-reference): callers expect it so
@@ -173,7 +181,8 @@ std::string EmbeddedJava::library() const {
   std::vector<std::string> const places = machineLibraries(mSettings.home);
   auto const found = std::find_if(places.begin(), places.end(), isFile);
   if (found != places.end()) return *found;
-  note("Java is not used: there is no virtual machine in " + joined(places) + "; " + runtimeNeeded);
+  note("Java is not used: there is no virtual machine in " + joined(places) +
+       (mSettings.home.empty() ? usualPlaces : "") + "; " + runtimeNeeded);
   return {};
 }
 
@@ -218,6 +227,7 @@ bool EmbeddedJava::converterStarted() { return mClasses != nullptr; }
 
 bool EmbeddedJava::startConverter(JNIEnv_* environment) {
   if (environment == nullptr) return false;
+  std::lock_guard const lock(mLoading);
   if (mClasses != nullptr) return true;
   std::vector<std::string> const files = archives();
   if (files.empty()) return false;

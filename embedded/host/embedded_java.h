@@ -3,6 +3,7 @@
 #include "kestrelhost/conversion.h"
 
 #include <memory>
+#include <mutex>
 #include <string>
 #include <vector>
 
@@ -37,6 +38,7 @@ class EmbeddedJava : public JavaSide {
   JavaClasses const* running();
 
   JavaSettings mSettings;
+  std::mutex mLoading;
   std::unique_ptr<JavaClasses> mClasses;
 };
 

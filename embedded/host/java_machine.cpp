@@ -4,11 +4,7 @@
 #include <sys/mman.h>
 
 #include <algorithm>
-#include <array>
-#include <atomic>
-#include <cstdarg>
 #include <cstddef>
-#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <mutex>
@@ -34,24 +30,6 @@ std::mutex& starting() {
   return mutex;
 }
 
-/// What the machine says while it starts.
-std::string& saidAtStart() {
-  static std::string& text = *new std::string;
-  return text;
-}
-
-/// Only what is said at the start is kept; later words go where they would have gone.
-std::atomic<bool> listening{false};
-
-// The machine's hook, whose form is C's.
-[[gnu::format(printf, 2, 0)]] jint JNICALL hear(FILE* stream, char const* format, va_list arguments) {
-  if (!listening) return std::vfprintf(stream, format, arguments);
-  std::array<char, 1024> line{};
-  int const length = std::vsnprintf(line.data(), line.size(), format, arguments);
-  saidAtStart() += line.data();
-  return length;
-}
-
 /// A machine that finds no room for its heap ends the process, so it is asked for room first.
 bool hasRoom(std::size_t mebibytes) {
   std::size_t const size = mebibytes * mebibyte;
@@ -59,12 +37,6 @@ bool hasRoom(std::size_t mebibytes) {
   if (room == MAP_FAILED) return false;
   ::munmap(room, size);
   return true;
-}
-
-std::string trimmed(std::string text) {
-  std::replace(text.begin(), text.end(), '\n', ' ');
-  while (!text.empty() && text.back() == ' ') text.pop_back();
-  return text;
 }
 
 using CreateMachine = jint(JNICALL*)(JavaVM**, void**, void*);
@@ -95,15 +67,10 @@ std::vector<std::string> options(unsigned int heap) {
 /// @return what JNI says of it
 jint createMachine(CreateMachine create, std::vector<std::string>& texts, JavaVM*& machine) {
   std::vector<JavaVMOption> list;
-  char hookName[] = "vfprintf";
-  list.push_back({hookName, reinterpret_cast<void*>(&hear)});
   for (std::string& text : texts) list.push_back({text.data(), nullptr});
   JavaVMInitArgs arguments{JNI_VERSION_10, static_cast<jint>(list.size()), list.data(), JNI_FALSE};
   void* environment = nullptr;
-  listening = true;
-  jint const result = create(&machine, &environment, &arguments);
-  listening = false;
-  return result;
+  return create(&machine, &environment, &arguments);
 }
 
 std::string linkError() {
@@ -205,12 +172,11 @@ std::string JavaMachine::create(std::string const& library, unsigned int heap) {
   if (!hasRoom(heap + besideHeap))
     return "the process may not take " + std::to_string(heap + besideHeap) + " MiB of address space";
   std::vector<std::string> texts = options(heap);
-  saidAtStart().clear();
   jint const result = createMachine(create, texts, mMachine);
   if (result == JNI_OK) return {};
   mMachine = nullptr;
-  std::string const said = trimmed(saidAtStart());
-  return "it does not start (code " + std::to_string(result) + ")" + (said.empty() ? "" : ": " + said);
+  // Why, it says itself on standard error.
+  return "it does not start (code " + std::to_string(result) + ")";
 }
 
 JNIEnv* JavaMachine::environment() {

@@ -344,6 +344,9 @@ class RecordedJava : public Recorded<JavaSide> {
     return noted(Operation::GetErrorMessage) ? inner().errorMessage() : std::string();
   }
 
+  // No operation of the host interface: callers of that cannot see it.
+  std::string upgradeReport() override { return inner().upgradeReport(); }
+
   std::string applyStyleSheet(std::string const& styleSheet, std::string const& chart) override {
     bool const succeeds = noted(Operation::ApplyStyleSheet, {{"styleSheet", styleSheet}, {"chart", chart}});
     return succeeds ? inner().applyStyleSheet(styleSheet, chart) : std::string();

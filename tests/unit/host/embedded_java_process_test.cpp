@@ -252,4 +252,113 @@ TEST_F(EmbeddedJavaTest, WithoutARuntimeAppliesNoStyleSheetSilently) {
   EXPECT_THAT(line(), HasSubstr(folder.path()));
 }
 
+constexpr char description[] = "chart \"Größe 😀\" {\n  variable a numeric\n  point { x a  y a }\n}\n";
+
+std::string refusedFor(bool (LumoConverter::*conversion)(std::string const&, std::string&),
+                       std::string const& text) {
+  std::string out = "untouched";
+  EXPECT_FALSE((LumoConverter::GetInstance()->*conversion)(text, out)) << out;
+  EXPECT_EQ(out, "untouched");
+  return LumoConverter::GetInstance()->GetErrorMessage();
+}
+
+TEST_F(EmbeddedJavaTest, ConvertsADescriptionWithEveryCharacter) {
+  use();
+  start();
+  std::string out;
+  EXPECT_TRUE(LumoConverter::GetInstance()->PDLtoXML(description, out));
+  EXPECT_THAT(out, AllOf(HasSubstr("<visualization "), HasSubstr("Größe 😀")));
+  EXPECT_EQ(LumoConverter::GetInstance()->GetErrorMessage(), "");
+}
+
+TEST_F(EmbeddedJavaTest, PassesADescriptionWithAZeroAsAWhole) {
+  use();
+  start();
+  std::string const text = std::string("chart \"x\" {\n  title \"a") + '\0' + "b\"\n}\n";
+  EXPECT_THAT(refusedFor(&LumoConverter::PDLtoXML, text), HasSubstr("line 2, column "));
+}
+
+TEST_F(EmbeddedJavaTest, SaysInUTF8WhyADescriptionIsRefused) {
+  services.locale->page = "windows-1252";
+  use();
+  start();
+  EXPECT_THAT(refusedFor(&LumoConverter::PDLtoXML, "chart \"x\" {\n  point { x Größe }\n}\n"),
+              AllOf(testing::StartsWith("line 2, column 13: "), HasSubstr("Größe")));
+}
+
+TEST_F(EmbeddedJavaTest, SaysInTheLocalCodePageWhyAnOldChartIsRefused) {
+  services.locale->page = "windows-1252";
+  use();
+  start();
+  EXPECT_THAT(refusedFor(&LumoConverter::UpgradeXML, "<graph version='Größe'/>"),
+              AllOf(HasSubstr("line 1, column "), HasSubstr("Gr\xF6\xDF"
+                                                            "e")));
+}
+
+TEST_F(EmbeddedJavaTest, ForgetsAMessageAtTheNextConversion) {
+  use();
+  start();
+  EXPECT_NE(refusedFor(&LumoConverter::PDLtoXML, "nonsense"), "");
+  std::string out;
+  EXPECT_TRUE(LumoConverter::GetInstance()->PDLtoXML(description, out));
+  EXPECT_EQ(LumoConverter::GetInstance()->GetErrorMessage(), "");
+  EXPECT_NE(refusedFor(&LumoConverter::UpgradeXML, "nonsense"), "");
+  EXPECT_TRUE(LumoConverter::GetInstance()->UpgradeXML("<graph version='1.4'/>", out));
+  EXPECT_EQ(LumoConverter::GetInstance()->GetErrorMessage(), "");
+}
+
+TEST_F(EmbeddedJavaTest, KeepsTheMessageOfEachThread) {
+  use();
+  start();
+  EXPECT_NE(refusedFor(&LumoConverter::PDLtoXML, "nonsense"), "");
+  std::thread([] {
+    JNIEnv_* environment = nullptr;
+    VexaJVM::GetInstance()->AttachCurrentThread(&environment);
+    EXPECT_EQ(LumoConverter::GetInstance()->GetErrorMessage(), "");
+  }).join();
+}
+
+TEST_F(EmbeddedJavaTest, SaysWhatAnUpgradeHasLost) {
+  use();
+  start();
+  std::string out;
+  ASSERT_TRUE(LumoConverter::GetInstance()->UpgradeXML("<graph version='1.4' animation='yes'/>", out));
+  EXPECT_THAT(out, HasSubstr("<visualization "));
+  EXPECT_THAT(Host::current().java->upgradeReport(), HasSubstr("animation"));
+  ASSERT_TRUE(LumoConverter::GetInstance()->UpgradeXML("<graph version='1.4'/>", out));
+  EXPECT_EQ(Host::current().java->upgradeReport(), "");
+}
+
+/// Everything but the parser of descriptions, which the jar itself names as its neighbour.
+TEST_F(EmbeddedJavaTest, ThrowsWhatIsNoRefusalByPointerAndLogsIt) {
+  std::filesystem::copy(KESTREL_JAVA_DIR "/kestrel-java.jar", folder / "kestrel-java.jar");
+  use(archivesIn(folder.path()));
+  start();
+  std::string out;
+  try {
+    LumoConverter::GetInstance()->PDLtoXML(description, out);
+    FAIL() << "it was converted";
+  } catch (JException const* failure) {
+    EXPECT_THAT(failure->getMessage(), HasSubstr("NoClassDefFoundError"));
+    EXPECT_EQ(line(), "A conversion failed in Java: " + failure->getMessage());
+  }
+}
+
+TEST_F(EmbeddedJavaTest, NeedsAThreadThatIsAttached) {
+  use();
+  start();
+  std::thread([] {
+    EXPECT_EQ(refusedFor(&LumoConverter::PDLtoXML, description),
+              "the Java converter does not run: the log says why");
+  }).join();
+}
+
+TEST_F(EmbeddedJavaTest, SaysThatAMachineWillNotStart) {
+  ::setenv("JAVA_TOOL_OPTIONS", "-XX:NoSuchOption=1", 1);
+  use();
+  EXPECT_FALSE(VexaJVM::GetInstance()->StartJVM());
+  EXPECT_FALSE(VexaJVM::GetInstance()->IsStarted());
+  EXPECT_THAT(line(), HasSubstr("it does not start (code -6); install a Java runtime"));
+}
+
 }  // namespace
