@@ -5,7 +5,7 @@
 #include "chartupdater_data.h"
 
 #include "support/chart_parts.h"
-#include "support/failure.h"
+#include "support/product_paths.h"
 
 #include "host/chartbase.h"
 #include "host/files.h"
@@ -15,45 +15,16 @@
 
 #include <xercesc/util/XMLString.hpp>
 
-#include <algorithm>
 #include <memory>
 #include <string>
 #include <unordered_set>
 
 using kestrel::objectsOf;
-using kestrel::present;
 using xercesc::XMLString;
 
 namespace {
 
 // --- Texts
-
-struct LanguageCodePage {
-  char const* language;
-  char const* codePage;
-};
-/// Taiwan is written with an underscore here, unlike elsewhere: relied upon.
-constexpr LanguageCodePage codePages[] = {{"ru", "CP1251"},   {"pl", "CP1250"}, {"zh_tw", "CP950"},
-                                          {"zh-cn", "CP936"}, {"ko", "CP949"},  {"ja", "CP932"}};
-
-PathInstance const& paths() {
-  constexpr int productPaths = 3;
-  return present(PathFactory::getPathInstance(productPaths), "path to the dictionaries");
-}
-
-/// The folder right behind the base path.
-std::string languageOf(std::string const& resourcePath) {
-  std::string const base = paths().getBasePath();
-  std::string const rest = resourcePath.substr(std::min(base.size(), resourcePath.size()));
-  return rest.substr(0, rest.find('/'));
-}
-
-std::string codePageOf(std::string const& language) {
-  for (LanguageCodePage const& row : codePages) {
-    if (language == row.language) return row.codePage;
-  }
-  return "CP1252";
-}
 
 /// A label of several texts becomes one of a single text.
 void updateTexts(LumoLabel& label, FacSTDictionary& dictionary, std::string const& codePage) {
@@ -169,9 +140,9 @@ class RecordedLegends {
 void ChartUpdater::addExtensions() {
   LumoVisualization& visualization = mData->visualization();
   LumoExtensionVis& record = kestrel::findOrMakeExtension(visualization);
-  std::string const resourcePath = paths().getDictionaryPath();
+  std::string const resourcePath = kestrel::productPaths().getDictionaryPath();
   FacSTDictionary dictionary(resourcePath);
-  std::string const codePage = codePageOf(languageOf(resourcePath));
+  std::string const codePage = kestrel::codePageOfDictionary(resourcePath);
   dictionary.SetProcedure("GRAPH");
 
   for (LumoLabelFrame const* frame : objectsOf<LumoLabelFrame>(visualization, LumoUni::_labelFrame)) {

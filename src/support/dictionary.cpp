@@ -2,22 +2,15 @@
 
 #include "xutility.h"
 
-#include "support/failure.h"
+#include "support/product_paths.h"
 
 #include "host/files.h"
 
 namespace kestrel {
 
-namespace {
-
-std::string dictionaryPath() {
-  // 3 is the number under which the host keeps the product's own paths.
-  return present(PathFactory::getPathInstance(3), "path to its dictionaries").getDictionaryPath();
+ChartDictionary::ChartDictionary() : mTable(productPaths().getDictionaryPath()) {
+  mTable.SetProcedure("GRAPH");
 }
-
-}  // namespace
-
-ChartDictionary::ChartDictionary() : mTable(dictionaryPath()) { mTable.SetProcedure("GRAPH"); }
 
 ChartString ChartDictionary::text(char const* key) {
   return XUtility::ChartStringFromOLANG(mTable.LookUp(key).c_str());

@@ -9,7 +9,7 @@ namespace {
 
 /// What every message of the library passes to the host; what the numbers mean is the host's.
 constexpr auto shown = static_cast<BpErrorShow>(2);
-constexpr auto level = static_cast<BpErrorLevel>(2);
+constexpr auto usualLevel = static_cast<BpErrorLevel>(2);
 
 void log(ChartException const& failure) {
   ChartErrorHandler handler;
@@ -27,15 +27,19 @@ void logFailure(std::string const& message, char const* file, unsigned int line)
   log(ChartException(message, file, line));
 }
 
-void tellUser(BpCellText const& message) { BpError(message, shown, level); }
+void tellUser(BpCellText const& message) { BpError(message, shown, usualLevel); }
 
 void tellUser(char const* text) { tellUser(BpString(text, true)); }
 
 void tellUser(char const* pattern, std::string const& detail) {
+  tellUser(pattern, BpString(detail, false), usualLevel);
+}
+
+void tellUser(char const* pattern, BpString const& detail, BpErrorLevel level) {
   BpComposite message(pattern, true);
-  message.Add(BpString(detail, false));
+  message.Add(detail);
   message.Finish();
-  tellUser(message);
+  BpError(message, shown, level);
 }
 
 void reportAndThrow(std::string const& message, char const* file, unsigned int line) {

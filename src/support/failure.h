@@ -3,6 +3,8 @@
 #include <string>
 
 class BpCellText;
+class BpString;
+enum BpErrorLevel : int;
 
 namespace kestrel {
 
@@ -17,6 +19,9 @@ void logFailure(std::string const& message, char const* file, unsigned int line)
 /// is being converted: clients know it.
 inline constexpr char const* unknownError = "Unknown Error occurred while converting to LumoML2.0.";
 
+/// What the user is told of a file that cannot be read.
+inline constexpr char const* noAccess = "File ^1 has no access...";
+
 /// Shows a message to the user, as gravely as every message of the library.
 void tellUser(BpCellText const& message);
 
@@ -25,6 +30,9 @@ void tellUser(char const* text);
 
 /// Shows the user a message of the system with one detail, which came from outside, in the place of "^1".
 void tellUser(char const* pattern, std::string const& detail);
+
+/// The same with a detail that may be the system's own, and as gravely as it is said.
+void tellUser(char const* pattern, BpString const& detail, BpErrorLevel level);
 
 /// Logs a failure that leaves the caller nothing to work with, and throws it.
 [[noreturn]] void reportAndThrow(std::string const& message, char const* file = __builtin_FILE(),

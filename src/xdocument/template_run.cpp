@@ -1,8 +1,8 @@
 #include "template_run.h"
 
-#include "chart_parser.h"
 #include "xdocument.h"
 
+#include "support/chart_parser.h"
 #include "support/failure.h"
 
 #include "host/messages.h"

@@ -1,8 +1,8 @@
 #include "xdocument.h"
 
-#include "chart_parser.h"
 #include "xdocument_data.h"
 
+#include "support/chart_parser.h"
 #include "support/guard.h"
 
 #include "host/chartbase.h"

@@ -2,11 +2,11 @@
 
 #include "xdocument.h"
 
-#include "chart_parser.h"
 #include "chartupdater.h"
 #include "xdocument_data.h"
 #include "xutility.h"
 
+#include "support/chart_parser.h"
 #include "support/failure.h"
 #include "support/float_env_preserver.h"
 

@@ -2,11 +2,12 @@
 
 #include "xdocument.h"
 
-#include "chart_parser.h"
 #include "template_run.h"
 #include "xdocument_data.h"
 
+#include "support/chart_parser.h"
 #include "support/failure.h"
+#include "support/product_paths.h"
 
 #include "host/files.h"
 #include "host/messages.h"
@@ -21,7 +22,6 @@
 #include <vector>
 
 using kestrel::logFailure;
-using kestrel::present;
 using kestrel::TemplateDumps;
 
 namespace {
@@ -105,13 +105,7 @@ void XDocument::applyStyleTemplate() {
   }
 }
 
-std::string XDocument::fetchTemplateFile(std::string name) {
-  constexpr int productPaths = 3;
-  // No separator: the base folder ends with one.
-  name.insert(0,
-              present(PathFactory::getPathInstance(productPaths), "base folder").getBasePath() + "template/");
-  return fetch(name);
-}
+std::string XDocument::fetchTemplateFile(std::string name) { return fetch(kestrel::productTemplate(name)); }
 
 bool XDocument::useColorsOnly() {
   for (std::string const& name : OTemplate().Get()) {

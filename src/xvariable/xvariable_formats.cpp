@@ -4,15 +4,16 @@
 
 #include "support/chart_text.h"
 #include "support/dictionary.h"
+#include "support/display_of_type.h"
 #include "support/guard.h"
 
 #include "host/chartbase.h"
 #include "model/tokens.h"
 #include "model/variables.h"
 
-#include <algorithm>
 #include <span>
 
+using kestrel::Display;
 using kestrel::guarded;
 using kestrel::isEmpty;
 using kestrel::present;
@@ -23,46 +24,6 @@ constexpr char const* numberFormatFailed = "Error in XVariable::SetNumberFormat(
 
 constexpr char16_t datePattern[] = u"yyyy-MM-dd";
 constexpr char16_t dateTimePattern[] = u"yyyy-MM-dd'T'HH:mm:ss.SSS";
-
-/// What a host's format type does to the format element.
-enum class Display {
-  None,
-  Number,
-  CustomCurrency,
-  Date,
-  DateTime,
-  Time,
-  ElapsedTime,
-  DayOfWeek,
-  MonthOfYear
-};
-
-struct DisplayOfType {
-  unsigned int type;
-  Display display;
-};
-
-/// Types that are not here, the strings among them, leave the format element empty.
-constexpr DisplayOfType displays[] = {
-    {3, Display::Number},          {4, Display::Number},          {5, Display::Number},
-    {8, Display::Number},          {9, Display::Number},          {12, Display::Number},
-    {15, Display::Number},         {16, Display::Number},         {17, Display::Number},
-    {31, Display::Number},         {32, Display::Number},         {40, Display::Number},
-    {33, Display::CustomCurrency}, {34, Display::CustomCurrency}, {35, Display::CustomCurrency},
-    {36, Display::CustomCurrency}, {37, Display::CustomCurrency}, {20, Display::Date},
-    {23, Display::Date},           {24, Display::Date},           {28, Display::Date},
-    {29, Display::Date},           {30, Display::Date},           {38, Display::Date},
-    {39, Display::Date},           {22, Display::DateTime},       {86, Display::DateTime},
-    {21, Display::Time},           {85, Display::Time},           {25, Display::ElapsedTime},
-    {26, Display::DayOfWeek},      {27, Display::MonthOfYear},
-};
-
-Display displayOf(unsigned int type) {
-  auto const* const row =
-      std::find_if(std::begin(displays), std::end(displays),
-                   [type](DisplayOfType const& candidate) { return candidate.type == type; });
-  return row != std::end(displays) ? row->display : Display::None;
-}
 
 /// A value, and the dictionary's keys of its long and its short name.
 struct NamedValue {
@@ -156,7 +117,7 @@ void XVariable::setFormat(Vexa_Format hostFormat) {
 }
 
 void XVariable::fillFormat(LumoFormat& format, Vexa_Format hostFormat) {
-  Display display = displayOf(hostFormat.TypeEx());
+  Display display = kestrel::displayOf(hostFormat.TypeEx());
   bool const named = display == Display::DayOfWeek || display == Display::MonthOfYear;
   // Names stand for the values of a categorical variable only.
   if (named && !getCategorical()) display = Display::Date;

@@ -2,9 +2,10 @@
 
 #include "xdocument.h"
 
-#include "chart_parser.h"
 #include "chart_test.h"
 #include "story.h"
+
+#include "support/chart_parser.h"
 
 #include "host/messages.h"
 #include "kestrelhost/log.h"

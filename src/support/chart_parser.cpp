@@ -1,4 +1,8 @@
-#include "chart_parser.h"
+#include "support/chart_parser.h"
+
+#include "host/chartbase.h"
+#include "host/log.h"
+#include "model/chartstring.h"
 
 #include <xercesc/dom/DOM.hpp>
 #include <xercesc/framework/MemBufInputSource.hpp>
@@ -7,6 +11,8 @@
 #include <xercesc/sax/HandlerBase.hpp>
 #include <xercesc/sax/SAXParseException.hpp>
 #include <xercesc/util/PlatformUtils.hpp>
+
+#include <utility>
 
 using xercesc::SAXParseException;
 
@@ -98,6 +104,37 @@ void inspect(xercesc::InputSource const& source) {
   inspector.parse(source);
 }
 
+void configure(xercesc::XercesDOMParser& parser, ChartErrorHandler& handler) {
+  parser.setValidationScheme(xercesc::XercesDOMParser::Val_Never);
+  parser.setDoNamespaces(true);
+  parser.setDoSchema(true);
+  parser.setIncludeIgnorableWhitespace(false);
+  // Nothing outside the text is loaded: the handler resolves every entity to nothing, and nothing goes around
+  // it.
+  parser.setLoadSchema(false);
+  parser.setLoadExternalDTD(false);
+  parser.setDisableDefaultEntityResolution(true);
+  parser.setErrorHandler(&handler);
+  parser.setEntityResolver(&handler);
+}
+
+/// Ends a parser's use of a handler that is about to go.
+class HandlerScope {
+ public:
+  explicit HandlerScope(xercesc::XercesDOMParser& parser) : mParser(parser) {}
+  HandlerScope(HandlerScope const&) = delete;
+  HandlerScope& operator=(HandlerScope const&) = delete;
+  ~HandlerScope() {
+    mParser.setErrorHandler(nullptr);
+    mParser.setEntityResolver(nullptr);
+  }
+
+ private:
+  xercesc::XercesDOMParser& mParser;
+};
+
+constexpr char const* parseFailed = "parseDocument fatal error while parsing";
+
 }  // namespace
 
 std::unique_ptr<xercesc::XercesDOMParser> makeChartParser() { return std::make_unique<ChartParser>(); }
@@ -107,6 +144,28 @@ void refuseUnsafeText(std::string_view text, xercesc::XercesDOMParser const& par
   if (dynamic_cast<ChartParser const*>(&parser) != nullptr) return;
   auto const* const bytes = reinterpret_cast<XMLByte const*>(text.data());
   inspect(xercesc::MemBufInputSource(bytes, text.size(), "ChartBase"));
+}
+
+xercesc::DOMDocument* parsedText(std::string const& text, char const* source, std::string& errorText,
+                                 xercesc::XercesDOMParser& parser) {
+  auto const handler = std::make_unique<ChartErrorHandler>();
+  HandlerScope const scope(parser);
+  try {
+    configure(parser, *handler);
+    refuseUnsafeText(text, parser);
+    xercesc::MemBufInputSource const input(reinterpret_cast<XMLByte const*>(text.data()), text.size(), source,
+                                           false, xercesc::XMLPlatformUtils::fgMemoryManager);
+    parser.parse(input);
+    return parser.getDocument();
+  } catch (SAXParseException const& failure) {
+    std::string message = ChartString(failure.getMessage()).toUTF8();
+    errorText = std::move(message);
+    ChartBase::printString(text, "parseError_", ".xml", 0, ChartBase::PrintChart);
+    handler->error(ChartException(std::string(parseFailed) + ": " + errorText, __FILE__, __LINE__));
+  } catch (...) {
+    handler->error(ChartException(parseFailed, __FILE__, __LINE__));
+  }
+  return nullptr;
 }
 
 }  // namespace kestrel

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <string>
 #include <string_view>
 
 namespace kestrel {
@@ -16,6 +17,15 @@ std::unique_ptr<xercesc::XercesDOMParser> makeChartParser();
 /// can take, and more text than a chart can be. Text that is not well formed is left to the parser.
 /// @throws xercesc::SAXParseException
 void refuseUnsafeText(std::string_view text, xercesc::XercesDOMParser const& parser);
+
+/// Parses a text with the caller's parser, loading nothing from outside the text. What fails is logged, and a
+/// text that is not well formed is dumped too; the user is not told.
+/// @param source names the text to the parser
+/// @param errorText takes the parser's message where the text is not well formed
+/// @return the document, owned by the parser and valid until its next parse; null on any failure, the host's
+/// unwinding signal among them, which is relied upon
+xercesc::DOMDocument* parsedText(std::string const& text, char const* source, std::string& errorText,
+                                 xercesc::XercesDOMParser& parser);
 
 /// Elements nested deeper than this are refused.
 constexpr unsigned int deepestElement = 1000;
