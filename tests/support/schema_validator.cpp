@@ -94,3 +94,13 @@ std::vector<std::string> templateSchemaErrors(std::string const& xml) {
   static Validator& validator = makeValidator("template.xsd");
   return validator.errorsOf(xml);
 }
+
+std::vector<std::string> templateRequestSchemaErrors(std::string const& xml) {
+  static Validator& validator = makeValidator("template-request.xsd");
+  return validator.errorsOf(xml);
+}
+
+std::vector<std::string> templateReplySchemaErrors(std::string const& xml) {
+  static Validator& validator = makeValidator("template-reply.xsd");
+  return validator.errorsOf(xml);
+}

@@ -9,3 +9,7 @@ std::vector<std::string> schemaErrors(std::string const& xml);
 
 /// The same of the text of a chart template, by the schema of the template language.
 std::vector<std::string> templateSchemaErrors(std::string const& xml);
+
+/// The same of a request for a chart from a visualization template, and of a reply to one.
+std::vector<std::string> templateRequestSchemaErrors(std::string const& xml);
+std::vector<std::string> templateReplySchemaErrors(std::string const& xml);
