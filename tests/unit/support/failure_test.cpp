@@ -3,6 +3,7 @@
 #include "chart_test.h"
 
 #include "host/log.h"
+#include "host/messages.h"
 
 #include <string>
 #include <vector>
@@ -93,6 +94,13 @@ TEST_F(Failure, IsToldToTheUserWithADetailThatIsNotFixed) {
   EXPECT_EQ(recorder.userMessages(),
             (std::vector<RecordedMessage>{
                 {"PDL error bad line", true, "PDL error ^1", {RecordedCell{"bad line", false}}, 2, 2}}));
+}
+
+TEST_F(Failure, IsToldToTheUserAsGravelyAsItIsSaidWithADetailOfTheSystem) {
+  tellUser("Failed... ^1.", BpString("no reply", true), BpLevelSevere);
+  EXPECT_EQ(recorder.userMessages(),
+            (std::vector<RecordedMessage>{
+                {"Failed... no reply.", true, "Failed... ^1.", {RecordedCell{"no reply", true}}, 2, 3}}));
 }
 
 TEST_F(Failure, KeepsAPlaceholderThatStandsInTheDetail) {
