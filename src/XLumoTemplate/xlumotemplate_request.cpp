@@ -1,5 +1,6 @@
 // The request as the converter gets it.
 
+#include "request_memory.h"
 #include "xlumotemplate_data.h"
 
 #include "support/chart_parser.h"
@@ -14,10 +15,8 @@
 #include "model/variables.h"
 
 #include <xercesc/dom/DOM.hpp>
-#include <xercesc/framework/MemoryManager.hpp>
 
 #include <algorithm>
-#include <new>
 #include <sstream>
 
 using xercesc::DOMDocument;
@@ -35,19 +34,6 @@ constexpr char16_t chartNamespace[] = u"http://xml.vexa.example/visualization";
 constexpr char16_t local[] = u"local";
 constexpr char16_t repository[] = u"KOS";
 constexpr char16_t file[] = u"file";
-
-/// Requests stay for ever, by which a leak check tells their memory from what should have been freed.
-class RequestMemory final : public xercesc::MemoryManager {
- public:
-  static RequestMemory& instance() {
-    static RequestMemory memory;
-    return memory;
-  }
-
-  xercesc::MemoryManager* getExceptionMemoryManager() override { return this; }
-  void* allocate(XMLSize_t size) override { return ::operator new(size); }
-  void deallocate(void* memory) override { ::operator delete(memory); }
-};
 
 void set(DOMElement& element, char16_t const* name, char16_t const* value) {
   element.setAttribute(name, value);
@@ -206,7 +192,7 @@ bool XLumoTemplate::Data::createDocument(XML_ENCODING) {
   try {
     auto& xml = kestrel::present(xercesc::DOMImplementationRegistry::getDOMImplementation(u"LS"),
                                  "XML implementation");
-    mDocument = xml.createDocument(requestNamespace, u"lumoTemplate", nullptr, &RequestMemory::instance());
+    mDocument = xml.createDocument(requestNamespace, u"lumoTemplate", nullptr, &kestrel::requestMemory());
     mDocument->setStrictErrorChecking(true);
     mDocument->setXmlStandalone(false);
     mDocument->setXmlVersion(u"1.0");

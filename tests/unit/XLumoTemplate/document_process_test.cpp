@@ -12,6 +12,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace kestrel::test {
@@ -40,8 +41,9 @@ class RequestDocument : public LumoTemplateTest {
   RequestDocument() { xercesc::DOMImplementationRegistry::getDOMImplementation(u"LS"); }
 
   static void watch(std::function<void(std::string const&)> action) {
-    // The registry keeps it.
-    xercesc::DOMImplementationRegistry::addSource(new WatchedSource(std::move(action)));
+    // The registry does not own it, and cannot let go of it.
+    static WatchedSource source(std::move(action));
+    xercesc::DOMImplementationRegistry::addSource(&source);
   }
 };
 
