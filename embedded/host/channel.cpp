@@ -1,15 +1,21 @@
 #include "host/channel.h"
 
 #include "capture_format.h"
-#include "quiet_pipe.h"
+#include "descriptor.h"
+#include "timed_writer.h"
 
 #include "kestrelhost/host.h"
 #include "kestrelhost/stream_channel.h"
 
+#include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdlib>
 #include <string_view>
+#include <thread>
+#include <utility>
 
 namespace kestrel::host {
 
@@ -28,6 +34,46 @@ std::shared_ptr<Channel> channelOf(std::string const& chosen) {
   return std::make_shared<CaptureChannel>(chosen.empty() ? "capture.kcap" : chosen);
 }
 
+bool isNamedPipe(std::string const& path) {
+  struct stat status {};
+  return ::stat(path.c_str(), &status) == 0 && S_ISFIFO(status.st_mode);
+}
+
+bool isNamedPipe(Descriptor const& file) {
+  struct stat status {};
+  return ::fstat(file.get(), &status) == 0 && S_ISFIFO(status.st_mode);
+}
+
+/// Opens a file for writing, or nothing, with the reason in errno. Opening a named pipe fails for as long as
+/// nobody reads from it; it is tried again within the patience.
+Descriptor openForWriting(std::string const& path, std::chrono::milliseconds patience) {
+  constexpr int flags = O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NONBLOCK;
+  constexpr mode_t mode = S_IRUSR | S_IWUSR | S_IRGRP | S_IWGRP | S_IROTH | S_IWOTH;
+  constexpr std::chrono::milliseconds betweenTries{10};
+  auto const deadline = std::chrono::steady_clock::now() + patience;
+  for (;;) {
+    Descriptor file(::open(path.c_str(), flags, mode));
+    int const error = errno;
+    bool const mayCome = !file.valid() && (error == ENXIO || error == EINTR) && isNamedPipe(path);
+    if (mayCome && std::chrono::steady_clock::now() < deadline) {
+      std::this_thread::sleep_for(betweenTries);
+      continue;
+    }
+    errno = error;
+    return file;
+  }
+}
+
+/// A buffered file, which waits for the disk as files do.
+std::FILE* fileOf(Descriptor descriptor) {
+  ::fcntl(descriptor.get(), F_SETFL, ::fcntl(descriptor.get(), F_GETFL) & ~O_NONBLOCK);
+  std::FILE* const file = ::fdopen(descriptor.get(), "wb");
+  if (file == nullptr) return nullptr;
+  std::setvbuf(file, nullptr, _IOFBF, captureBuffer);
+  descriptor.release();
+  return file;
+}
+
 }  // namespace
 
 Channel::~Channel() = default;
@@ -39,21 +85,28 @@ int MemoryChannel::put(std::int64_t identifier, void const* bytes, std::size_t l
 
 int NullChannel::put(std::int64_t, void const*, std::size_t) { return success; }
 
-CaptureChannel::CaptureChannel(std::string const& path) : mFile(std::fopen(path.c_str(), "wbe")) {
+CaptureChannel::CaptureChannel(std::string const& path, std::chrono::milliseconds patience) {
+  Descriptor opened = openForWriting(path, patience);
+  if (!opened.valid()) return;
+  if (isNamedPipe(opened)) {
+    mPipe = std::make_unique<TimedWriter>(std::move(opened), patience);
+    mGood = mPipe->writeSignature();
+    return;
+  }
+  mFile = fileOf(std::move(opened));
   mGood = mFile != nullptr;
-  if (!mGood) return;
-  std::setvbuf(mFile, nullptr, _IOFBF, captureBuffer);
   write(signature, sizeof signature - 1);
 }
 
 CaptureChannel::~CaptureChannel() {
-  QuietPipe const quiet;
   if (mFile != nullptr) std::fclose(mFile);
 }
 
 int CaptureChannel::put(std::int64_t identifier, void const* bytes, std::size_t length) {
-  // The file may be a named pipe.
-  QuietPipe const quiet;
+  if (mPipe) {
+    mGood = mPipe->writeMessage(identifier, bytes, length);
+    return mGood ? success : failure;
+  }
   std::string const head = captureHead(identifier, length);
   bool const written = write(head.data(), head.size()) && write(bytes, length);
   // Through to the file at once, so that a put which could not be stored is not taken for a success.
@@ -61,7 +114,7 @@ int CaptureChannel::put(std::int64_t identifier, void const* bytes, std::size_t 
 }
 
 bool CaptureChannel::flush() {
-  mGood = mGood && std::fflush(mFile) == 0;
+  mGood = mGood && (mFile == nullptr || std::fflush(mFile) == 0);
   return mGood;
 }
 

@@ -24,6 +24,8 @@ class Descriptor {
 
   bool valid() const { return mNumber >= 0; }
   int get() const { return mNumber; }
+  /// Leaves it open, and to the caller.
+  int release() { return std::exchange(mNumber, -1); }
 
  private:
   int mNumber = -1;

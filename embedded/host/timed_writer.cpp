@@ -32,9 +32,9 @@ std::error_code errorOf(int number) { return {number, std::generic_category()}; 
 TimedWriter::TimedWriter(int descriptor, std::chrono::milliseconds patience)
     : mDescriptor(descriptor), mKind(kindOf(descriptor)), mPatience(patience) {}
 
-TimedWriter::TimedWriter(Descriptor socket, std::chrono::milliseconds patience)
-    : TimedWriter(socket.get(), patience) {
-  mOwned = std::move(socket);
+TimedWriter::TimedWriter(Descriptor opened, std::chrono::milliseconds patience)
+    : TimedWriter(opened.get(), patience) {
+  mOwned = std::move(opened);
 }
 
 TimedWriter::Kind TimedWriter::kindOf(int descriptor) {

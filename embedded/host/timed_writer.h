@@ -17,8 +17,8 @@ class TimedWriter {
  public:
   /// The descriptor stays the caller's.
   TimedWriter(int descriptor, std::chrono::milliseconds patience);
-  /// Owns the socket.
-  TimedWriter(Descriptor socket, std::chrono::milliseconds patience);
+  /// Owns the socket or pipe.
+  TimedWriter(Descriptor opened, std::chrono::milliseconds patience);
 
   bool writeSignature();
   bool writeMessage(std::int64_t identifier, void const* bytes, std::size_t length);

@@ -6,10 +6,17 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/un.h>
 #include <unistd.h>
 
+#include <chrono>
+#include <cstring>
+#include <thread>
+
 using namespace kestrel::host;
+using namespace std::chrono_literals;
 
 namespace {
 
@@ -132,6 +139,65 @@ TEST(CaptureChannelTest, FailsWithoutASignalWhereTheReaderOfANamedPipeIsGone) {
   ::close(reader);
   EXPECT_NE(channel.put(307, "a", 1), 0);
   EXPECT_FALSE(channel.good());
+}
+
+/// A named pipe that nobody reads yet.
+class CaptureChannelOfAPipeTest : public testing::Test {
+ protected:
+  void SetUp() override { ASSERT_EQ(::mkfifo(path.c_str(), 0600), 0); }
+
+  TemporaryFolder const folder;
+  std::string const path = folder / "pipe";
+  /// Far more than a pipe takes without a reader.
+  std::string const large = std::string(std::size_t{8} << 20, 'x');
+};
+
+TEST_F(CaptureChannelOfAPipeTest, WaitsForAReaderNoLongerThanItsPatience) {
+  CaptureChannel channel(path, 50ms);
+  EXPECT_FALSE(channel.good());
+  EXPECT_NE(channel.put(307, "a", 1), 0);
+}
+
+TEST_F(CaptureChannelOfAPipeTest, SendsAllToAReaderThatComesLater) {
+  std::string got;
+  std::thread reader([&] {
+    std::this_thread::sleep_for(50ms);
+    got = contentOf(path);
+  });
+  {
+    CaptureChannel channel(path);
+    EXPECT_EQ(channel.put(7, "abc", 3), 0);
+    EXPECT_EQ(channel.put(8, large.data(), large.size()), 0);
+    EXPECT_TRUE(channel.flush());
+  }
+  reader.join();
+  EXPECT_EQ(got.size(), 8 + 16 + 3 + 16 + large.size());
+  EXPECT_TRUE(got.starts_with("KCAP0001" + captured(7, "abc")));
+}
+
+TEST_F(CaptureChannelOfAPipeTest, FailsWhereTheReaderReadsNothingInTime) {
+  int const reader = ::open(path.c_str(), O_RDONLY | O_NONBLOCK);
+  CaptureChannel channel(path, 50ms);
+  EXPECT_TRUE(channel.good());
+  EXPECT_NE(channel.put(307, large.data(), large.size()), 0);
+  EXPECT_FALSE(channel.good());
+  EXPECT_FALSE(channel.flush());
+  EXPECT_NE(channel.put(307, "a", 1), 0);
+  ::close(reader);
+}
+
+TEST(CaptureChannelTest, DoesNotWaitForASocketThatIsNoFile) {
+  TemporaryFolder const folder;
+  int const socket = ::socket(AF_UNIX, SOCK_STREAM, 0);
+  sockaddr_un address{};
+  address.sun_family = AF_UNIX;
+  std::strncpy(address.sun_path, (folder / "s").c_str(), sizeof address.sun_path - 1);
+  ASSERT_EQ(::bind(socket, reinterpret_cast<sockaddr const*>(&address), sizeof address), 0);
+  auto const before = std::chrono::steady_clock::now();
+  CaptureChannel const channel(folder / "s");
+  EXPECT_FALSE(channel.good());
+  EXPECT_LT(std::chrono::steady_clock::now() - before, usualPatience);
+  ::close(socket);
 }
 
 TEST(CaptureChannelTest, ThatIsFullFailsFromThenOn) {

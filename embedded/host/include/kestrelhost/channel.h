@@ -2,6 +2,7 @@
 
 #include "host/export.h"
 
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
@@ -10,6 +11,12 @@
 #include <vector>
 
 namespace kestrel::host {
+
+class TimedWriter;
+
+/// How long one put to a reader may take before it fails. It counts for a message as a whole: a reader that
+/// takes a few bytes now and then does not make it longer.
+inline constexpr std::chrono::milliseconds usualPatience{30'000};
 
 /// The way to the client.
 class VEXA_API Channel {
@@ -53,8 +60,10 @@ class VEXA_API CaptureChannel : public Channel {
  public:
   static constexpr char signature[] = "KCAP0001";
 
-  /// Opens the file at once, over one that is there. good() tells whether that worked.
-  explicit CaptureChannel(std::string const& path);
+  /// Opens the file at once, over one that is there. good() tells whether that worked. `patience` counts
+  /// where the path is that of a named pipe: for how long its reader may be waited for, and how long each put
+  /// may take.
+  explicit CaptureChannel(std::string const& path, std::chrono::milliseconds patience = usualPatience);
   ~CaptureChannel() override;
   CaptureChannel(CaptureChannel const&) = delete;
   CaptureChannel& operator=(CaptureChannel const&) = delete;
@@ -69,8 +78,10 @@ class VEXA_API CaptureChannel : public Channel {
  private:
   bool write(void const* bytes, std::size_t length);
 
-  std::FILE* mFile;
-  bool mGood;
+  std::FILE* mFile = nullptr;
+  /// In place of the file, where that is a named pipe.
+  std::unique_ptr<TimedWriter> mPipe;
+  bool mGood = false;
 };
 
 /// The channel of a process that chose none. The environment variable KESTREL_CAPTURE names a capture file,

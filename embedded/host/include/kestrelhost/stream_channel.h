@@ -11,12 +11,6 @@
 
 namespace kestrel::host {
 
-class TimedWriter;
-
-/// How long one put may take before it fails. It counts for a message as a whole: a reader that takes a few
-/// bytes now and then does not make it longer.
-inline constexpr std::chrono::milliseconds usualPatience{30'000};
-
 /// Writes the messages to an open file of the system, such as standard output, in the form of a capture file.
 ///
 /// A put has succeeded when all bytes of its message are with the system; that the reader has taken them is
