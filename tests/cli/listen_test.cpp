@@ -1,7 +1,6 @@
 // `kestrel listen`, and `kestrel chart --send` that sends to it.
 
-#include "cli_fixture.h"
-#include "listener_process.h"
+#include "listen_fixture.h"
 #include "wire_decoder.h"
 
 #include <gmock/gmock.h>
@@ -11,8 +10,9 @@
 #include <csignal>
 #include <thread>
 
-using kestrel::test::CliTest;
 using kestrel::test::decodeCapture;
+using kestrel::test::description;
+using kestrel::test::Listen;
 using kestrel::test::ListenerProcess;
 using kestrel::test::Outcome;
 using kestrel::test::Sender;
@@ -24,40 +24,12 @@ using testing::StartsWith;
 
 namespace {
 
-/// Message 307 of type 0 with the payload "abc".
-std::string const description(
-    "\x33\x01\0\0\0\0\0\0\x0F\0\0\0\0\0\0\0"
-    "\0\0\0\0\x03\0\0\0"
-    "abc"
-    "\0\0\0\0",
-    31);
-
 /// In groups of three digits.
 std::string grouped(std::size_t number) {
   std::string digits = std::to_string(number);
   for (std::size_t at = digits.size(); at > 3; at -= 3) digits.insert(at - 3, ",");
   return digits;
 }
-
-class Listen : public CliTest {
- protected:
-  /// A chart that is sent, with nothing but that.
-  Outcome send(std::vector<std::string> const& more = {}) const {
-    write("t.csv", "a,b\n1,2\n");
-    std::vector<std::string> arguments = {"chart", "t.csv", "--element", "point",  "--x",
-                                          "a",     "--y",   "b",         "--send", "unix:s"};
-    arguments.insert(arguments.end(), more.begin(), more.end());
-    return kestrel(arguments);
-  }
-
-  /// A chart as a capture has it.
-  std::string capture() const {
-    chartOf("a,b\n1,2\n", {"--description", "abc"});
-    return read("out/capture.kcap");
-  }
-
-  std::filesystem::path socket() const { return folder / "s"; }
-};
 
 TEST_F(Listen, WritesAChartAndItsContents) {
   ListenerProcess listener(folder, {"--once"});
@@ -114,6 +86,19 @@ TEST_F(Listen, GivesEachChartOfAConnectionAFile) {
   EXPECT_EQ(listener.wait(), 0);
   EXPECT_EQ(read("got/001.kcap"), chart);
   EXPECT_EQ(read("got/002.kcap"), chart);
+}
+
+TEST_F(Listen, GivesASendWithoutEndRecordAFileOfItsOwn) {
+  std::string const chart = capture();
+  ListenerProcess listener(folder, {"--once"});
+  Sender sender(socket());
+  EXPECT_TRUE(sender.send("KCAP0001" + description + chart.substr(8)));
+  sender.close();
+  EXPECT_EQ(listener.wait(), 2);
+  EXPECT_EQ(read("got/001.kcap"), "KCAP0001" + description);
+  EXPECT_EQ(read("got/002.kcap"), chart);
+  EXPECT_THAT(listener.out(), HasSubstr("got/002.kcap: chart, 8 messages, "));
+  EXPECT_THAT(listener.err(), testing::Not(HasSubstr("got/002.kcap")));
 }
 
 TEST_F(Listen, WritesAChartWhenItIsWholeThoughItsSenderStays) {
@@ -352,7 +337,9 @@ TEST_F(Listen, EndsSoonWhereASenderSendsTheSameVeryOften) {
   ListenerProcess listener(folder, {"--once"});
   Sender sender(socket());
   std::string many = "KCAP0001";
-  for (int i = 0; i < 3'000; ++i) many += description;
+  std::string english = description;
+  english[16] = 9;  // the type: each description of type 0 would be a chart of its own
+  for (int i = 0; i < 3'000; ++i) many += english;
   sender.send(many);
   sender.close();
   EXPECT_EQ(listener.wait(), 2);

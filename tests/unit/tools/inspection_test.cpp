@@ -175,6 +175,33 @@ TEST(CaptureFault, IsAChartThatStopsBehindItsDescription) {
               ElementsAre("the chart ends without chart text", "the chart ends without done"));
 }
 
+TEST(CaptureFault, IsASendWithoutEndRecordAloneBeforeASoundOne) {
+  std::string const next = chart().endRecord().bytes().substr(8);
+  for (CaptureBuilder const& failed : {described(), CaptureBuilder().content(0, "x")}) {
+    std::string const bytes = failed.bytes() + next;
+    Inspection const inspection(bytes);
+    EXPECT_THAT(inspection.sends(), SizeIs(2));
+    EXPECT_THAT(faultsOf(bytes),
+                ElementsAre("the chart ends without chart text", "the chart ends without done"));
+    EXPECT_EQ(inspection.faults().back().offset, failed.bytes().size() + 16);
+  }
+}
+
+TEST(SoundCapture, HasADescriptionOfSeveralChunks) {
+  CaptureBuilder const capture =
+      CaptureBuilder().content(0, std::string(70'000, 'x')).chartText("<a/>").endRecord();
+  EXPECT_THAT(faultsOf(capture), IsEmpty());
+  EXPECT_THAT(Inspection(capture.bytes()).sends(), SizeIs(1));
+}
+
+TEST(SoundCapture, HasTwoChartsOfWhichTheFirstHasADescriptionOfAFullChunk) {
+  CaptureBuilder const one =
+      CaptureBuilder().content(0, std::string(33984, 'x')).chartText("<a/>").endRecord();
+  std::string const bytes = one.bytes() + one.bytes().substr(8);
+  EXPECT_THAT(faultsOf(bytes), IsEmpty());
+  EXPECT_THAT(Inspection(bytes).sends(), SizeIs(2));
+}
+
 /// A fault of a message, put before a sound chart.
 std::vector<std::string> faultsWith(std::int64_t identifier, std::string const& bytes) {
   return faultsOf(CaptureBuilder().put(identifier, bytes).bytes() + chart().endRecord().bytes().substr(8));

@@ -7,8 +7,10 @@
 #include <random>
 #include <vector>
 
+using kestrel::tool::beginsChart;
 using kestrel::tool::endsChart;
 using kestrel::tool::MessageStream;
+using kestrel::tool::SendStarts;
 
 namespace {
 
@@ -82,6 +84,33 @@ TEST(MessageStream, TellsTheEndOfAChart) {
   EXPECT_FALSE(endsChart(CaptureBuilder().content(1, "x").bytes().substr(8)));
   EXPECT_FALSE(endsChart(CaptureBuilder().interactive(3, "x").bytes().substr(8)));
   EXPECT_FALSE(endsChart(record(307, "")));
+}
+
+/// The numbers of the messages that begin a chart.
+std::vector<std::size_t> beginnings(std::vector<CaptureBuilder> const& messages) {
+  SendStarts starts;
+  std::vector<std::size_t> found;
+  for (std::size_t at = 0; at < messages.size(); ++at) {
+    if (beginsChart(messages[at].bytes().substr(8), starts)) found.push_back(at);
+  }
+  return found;
+}
+
+TEST(MessageStream, TellsTheBeginningOfAChart) {
+  CaptureBuilder const description = CaptureBuilder().chunk(0, "x");
+  CaptureBuilder const full = CaptureBuilder().chunk(0, std::string(33984, 'x'));
+  CaptureBuilder const text = CaptureBuilder().chunk(1, "x");
+  CaptureBuilder const done = CaptureBuilder().endRecord();
+  CaptureBuilder const broken = CaptureBuilder().put(307, "");
+  using Numbers = std::vector<std::size_t>;
+  EXPECT_EQ(beginnings({description, text, done, text, done, done}), (Numbers{0, 3, 5}));
+  EXPECT_EQ(beginnings({description, text, description, text}), (Numbers{0, 2}));
+  EXPECT_EQ(beginnings({text, description}), (Numbers{0, 1}));
+  EXPECT_EQ(beginnings({description, description}), (Numbers{0, 1}));
+  EXPECT_EQ(beginnings({full, full, description, description}), (Numbers{0, 3}));
+  EXPECT_EQ(beginnings({full, text, description}), (Numbers{0, 2}));
+  EXPECT_EQ(beginnings({full, CaptureBuilder().interactive(0, "x")}), (Numbers{0, 1}));
+  EXPECT_EQ(beginnings({description, broken, description}), (Numbers{0, 2}));
 }
 
 }  // namespace

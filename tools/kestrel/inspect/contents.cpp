@@ -35,16 +35,26 @@ Content const* Send::find(std::uint32_t type) const {
   return found == contents.end() ? nullptr : &*found;
 }
 
+bool SendStarts::begins(WireMessage const& message) {
+  bool const isDescription = message.type == Description;
+  bool const goesOn = isDescription && mOpenLayout == message.layout && mOpenSubtype == message.subtype;
+  bool const isFirst = mEnded || (isDescription && !goesOn);
+  bool const staysOpen = isDescription && message.isFull() && (isFirst || goesOn);
+  mOpenLayout = staysOpen ? message.layout : nullptr;
+  mOpenSubtype = message.subtype;
+  mEnded = message.type == Done;
+  return isFirst;
+}
+
 std::vector<Send> readSends(std::vector<WireMessage> const& messages) {
   std::vector<Send> sends;
-  bool ended = true;
+  SendStarts starts;
   for (WireMessage const& message : messages) {
-    if (ended) sends.emplace_back();
+    if (starts.begins(message)) sends.emplace_back();
     auto& contents = sends.back().contents;
     bool const isNew = contents.empty() || !continues(*contents.back().messages.back(), message);
     if (isNew) contents.emplace_back();
     contents.back().messages.push_back(&message);
-    ended = message.type == Done;
   }
   return sends;
 }

@@ -35,31 +35,35 @@ void Connection::take(std::string_view bytes) {
 }
 
 void Connection::takeMessage(std::string const& message) {
-  if (!mChart) {
-    mChart = mFolder->begin();
-    ++mCharts;
-  }
+  bool const isFirst = beginsChart(message, mStarts);
+  if (mChart && isFirst) finishChart();
+  beginChart();
   if (message.size() > mLongestChart - std::min(mLongestChart, mChart->size())) {
     mIsRefused = true;
     tellFault("the chart is longer than " + counted(mLongestChart, "byte") + "; --limit allows more");
     return;
   }
   mChart->append(message);
-  if (!endsChart(message)) return;
+  if (endsChart(message)) finishChart();
+}
+
+void Connection::beginChart() {
+  if (mChart) return;
+  mChart = mFolder->begin();
+  ++mCharts;
+}
+
+void Connection::finishChart() {
   mGood = mFolder->finish(std::move(*mChart)) && mGood;
   mChart.reset();
 }
 
 void Connection::end() {
   std::string_view const rest = mStream.hasSignature() && !mIsRefused ? mStream.rest() : std::string_view();
-  if (!rest.empty() && !mChart) {
-    mChart = mFolder->begin();
-    ++mCharts;
-  }
+  if (!rest.empty()) beginChart();
   if (mChart) {
     mChart->append(rest);
-    mGood = mFolder->finish(std::move(*mChart)) && mGood;
-    mChart.reset();
+    finishChart();
   }
   if (mCharts == 0 && !mIsRefused) {
     tellFault(mStream.hasSignature() ? "no chart was sent"

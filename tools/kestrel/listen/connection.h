@@ -32,6 +32,8 @@ class Connection {
  private:
   void take(std::string_view bytes);
   void takeMessage(std::string const& message);
+  void beginChart();
+  void finishChart();
   void tellFault(std::string const& text);
 
   OpenFile mSocket;
@@ -39,6 +41,7 @@ class Connection {
   ChartFolder* mFolder;
   std::size_t mLongestChart;
   MessageStream mStream;
+  SendStarts mStarts;
   std::optional<ChartFolder::Chart> mChart;
   std::size_t mCharts = 0;
   bool mIsRefused = false;

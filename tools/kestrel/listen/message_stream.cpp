@@ -5,6 +5,7 @@
 #include "inspect/wire_message.h"
 
 #include <algorithm>
+#include <vector>
 
 namespace kestrel::tool {
 
@@ -58,6 +59,13 @@ bool endsChart(std::string_view message) {
   bool const isChartContent = longWord(message) == chartContent.identifier;
   return isChartContent && message.size() > headSize &&
          static_cast<unsigned char>(message[headSize + chartContent.typeOffset]) == Done;
+}
+
+bool beginsChart(std::string_view message, SendStarts& starts) {
+  // What is wrong with it is told when the chart is whole.
+  std::vector<Fault> untold;
+  auto const parts = readMessage({0, 0, longWord(message), message.substr(headSize)}, untold);
+  return parts && starts.begins(*parts);
 }
 
 }  // namespace kestrel::tool

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "inspect/contents.h"
+
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -35,5 +37,9 @@ class MessageStream {
 
 /// Whether a message, as it stands in a capture, is an end record.
 bool endsChart(std::string_view message);
+
+/// Whether a message, as it stands in a capture, begins another send than the one before it. One that breaks
+/// the rules belongs to the send before it.
+bool beginsChart(std::string_view message, SendStarts& starts);
 
 }  // namespace kestrel::tool
