@@ -334,6 +334,12 @@ CLI::App* addListen(CLI::App& program, ListenRequest& request) {
                    "how many bytes all files together may take (4294967296); at the limit the command ends")
       ->type_name("BYTES")
       ->check(CLI::Range(std::int64_t{1}, std::numeric_limits<std::int64_t>::max()));
+  listen
+      ->add_option(
+          "--idle", request.idle,
+          "after how many seconds in which it sends nothing a connection is closed (60); 0 for never")
+      ->type_name("SECONDS")
+      ->check(CLI::Range(0, 1'000'000));
   listen->footer(listenNotes + std::string(exitCodes));
   return listen;
 }

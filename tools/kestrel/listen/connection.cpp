@@ -17,6 +17,7 @@ bool Connection::read() {
   ssize_t const got = ::read(mSocket.number(), bytes.data(), bytes.size());
   if (got < 0) return errno == EINTR || errno == EAGAIN;
   if (got == 0) return false;
+  mSilentSince = Clock::now();
   take({bytes.data(), static_cast<std::size_t>(got)});
   return !mIsRefused;
 }
@@ -58,6 +59,20 @@ void Connection::finishChart() {
   mChart.reset();
 }
 
+void Connection::giveUp(std::chrono::seconds silence) {
+  mIsGivenUp = true;
+  std::string const text = "nothing has come for " +
+                           counted(static_cast<std::size_t>(silence.count()), "second") +
+                           ": the connection is closed; --idle allows more";
+  // A sender that stays behind its last chart has done nothing wrong.
+  bool const isBetweenCharts = mCharts > 0 && !mChart && mStream.rest().empty();
+  if (isBetweenCharts) {
+    tell(start() + text);
+  } else {
+    tellFault(text);
+  }
+}
+
 void Connection::end() {
   std::string_view const rest = mStream.hasSignature() && !mIsRefused ? mStream.rest() : std::string_view();
   if (!rest.empty()) beginChart();
@@ -65,14 +80,16 @@ void Connection::end() {
     mChart->append(rest);
     finishChart();
   }
-  if (mCharts == 0 && !mIsRefused) {
+  if (mCharts == 0 && !mIsRefused && !mIsGivenUp) {
     tellFault(mStream.hasSignature() ? "no chart was sent"
                                      : "the sender has gone before it had sent the start of a capture");
   }
 }
 
+std::string Connection::start() const { return "connection " + std::to_string(mNumber) + ": "; }
+
 void Connection::tellFault(std::string const& text) {
-  tell("connection " + std::to_string(mNumber) + ": " + text);
+  tell(start() + text);
   mGood = false;
 }
 

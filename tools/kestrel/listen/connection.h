@@ -4,6 +4,7 @@
 #include "message_stream.h"
 #include "open_file.h"
 
+#include <chrono>
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -14,6 +15,8 @@ namespace kestrel::tool {
 /// A sender, from its connection to its end.
 class Connection {
  public:
+  using Clock = std::chrono::steady_clock;
+
   /// `number` is what the user is told of it, `longestChart` in bytes. The folder must live longer.
   Connection(OpenFile socket, std::size_t number, ChartFolder& folder, std::size_t longestChart);
 
@@ -22,6 +25,12 @@ class Connection {
   /// Takes what has come. False where nothing will come any more: the sender has closed, or is not worth
   /// listening to.
   bool read();
+
+  /// Since when nothing has come.
+  Clock::time_point silentSince() const { return mSilentSince; }
+
+  /// Tells the user that nothing has come for so long that nothing more is waited for.
+  void giveUp(std::chrono::seconds silence);
 
   /// Puts away what has come of a chart without end, and tells the user.
   void end();
@@ -34,6 +43,8 @@ class Connection {
   void takeMessage(std::string const& message);
   void beginChart();
   void finishChart();
+  /// Of what the user is told.
+  std::string start() const;
   void tellFault(std::string const& text);
 
   OpenFile mSocket;
@@ -44,7 +55,9 @@ class Connection {
   SendStarts mStarts;
   std::optional<ChartFolder::Chart> mChart;
   std::size_t mCharts = 0;
+  Clock::time_point mSilentSince = Clock::now();
   bool mIsRefused = false;
+  bool mIsGivenUp = false;
   bool mGood = true;
 };
 

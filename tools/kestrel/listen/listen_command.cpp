@@ -9,7 +9,10 @@
 
 #include <poll.h>
 
+#include <algorithm>
 #include <cerrno>
+#include <chrono>
+#include <cstdint>
 #include <list>
 #include <system_error>
 #include <utility>
@@ -27,6 +30,7 @@ class Listening {
   explicit Listening(ListenRequest const& request)
       : mOnce(request.once),
         mLongestChart(request.limit << 20),
+        mLongestSilence(request.idle),
         mFolder(request.output, request.mostBytes),
         mSocket(request.path) {
     print("listening on " + printable(request.path) + "\n");
@@ -38,6 +42,7 @@ class Listening {
       std::vector<pollfd> const ready = wait();
       if (ready[0].revents != 0) break;
       readFrom(ready);
+      closeSilent();
       if (ready[1].revents != 0) accept();
     }
     for (Connection& connection : mConnections) end(connection);
@@ -47,17 +52,45 @@ class Listening {
 
  private:
   /// The signals, the socket, and each connection; with what is to be read there.
-  std::vector<pollfd> wait() const {
+  std::vector<pollfd> wait() {
+    mWaitedFrom = Connection::Clock::now();
     bool const accepts = mConnections.size() < mostConnections && !(mOnce && mAccepted > 0);
     std::vector<pollfd> wanted = {{mSignals.descriptor(), POLLIN, 0},
                                   // A negative number is passed over.
                                   {accepts ? mSocket.descriptor() : -1, POLLIN, 0}};
     for (Connection const& connection : mConnections) wanted.push_back({connection.descriptor(), POLLIN, 0});
-    while (::poll(wanted.data(), static_cast<nfds_t>(wanted.size()), -1) < 0) {
+    while (::poll(wanted.data(), static_cast<nfds_t>(wanted.size()), milliseconds()) < 0) {
       if (errno != EINTR)
         throw Problem("cannot wait: " + std::generic_category().message(errno), Exit::NotWritten);
     }
     return wanted;
+  }
+
+  /// Until the first connection will have been silent for too long, as poll() wants it.
+  int milliseconds() const {
+    if (mLongestSilence.count() == 0 || mConnections.empty()) return -1;
+    auto const longest = std::min_element(mConnections.begin(), mConnections.end(), earlier);
+    auto const left = longest->silentSince() + mLongestSilence - mWaitedFrom;
+    return static_cast<int>(
+        std::max<std::int64_t>(0, std::chrono::ceil<std::chrono::milliseconds>(left).count()));
+  }
+
+  static bool earlier(Connection const& left, Connection const& right) {
+    return left.silentSince() < right.silentSince();
+  }
+
+  /// A sender that holds its connection and sends nothing must not keep others out. Only time before the last
+  /// wait counts, which has shown that nothing was there to be read.
+  void closeSilent() {
+    if (mLongestSilence.count() == 0) return;
+    auto const latest = mWaitedFrom - mLongestSilence;
+    for (auto connection = mConnections.begin(); connection != mConnections.end();) {
+      auto const each = connection++;
+      if (each->silentSince() > latest) continue;
+      each->giveUp(mLongestSilence);
+      end(*each);
+      mConnections.erase(each);
+    }
   }
 
   void readFrom(std::vector<pollfd> const& ready) {
@@ -83,11 +116,13 @@ class Listening {
 
   bool mOnce;
   std::size_t mLongestChart;
+  std::chrono::seconds mLongestSilence;
   ChartFolder mFolder;
   StopSignals mSignals;
   ListeningSocket mSocket;
   std::list<Connection> mConnections;
   std::size_t mAccepted = 0;
+  Connection::Clock::time_point mWaitedFrom;
   bool mGood = true;
 };
 

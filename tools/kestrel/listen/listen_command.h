@@ -15,6 +15,8 @@ struct ListenRequest {
   std::size_t limit = 256;
   /// How many bytes all files together may take.
   std::size_t mostBytes = std::size_t{4} << 30;
+  /// For how many seconds a connection may send nothing; 0 for as long as it likes.
+  unsigned int idle = 60;
 };
 
 /// Receives charts on a unix socket until SIGINT or SIGTERM, or with `once` the charts of one connection.
