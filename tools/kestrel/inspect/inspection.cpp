@@ -2,6 +2,7 @@
 
 #include "content_rules.h"
 #include "order_rules.h"
+#include "source_rules.h"
 
 #include <algorithm>
 
@@ -28,6 +29,7 @@ Inspection::Inspection(std::string_view bytes) {
   if (capture.cut) markCutContent(mSends);
   for (std::size_t at = 0; at < mSends.size(); ++at) {
     checkContents(mSends[at], mFaults);
+    checkSources(mSends[at], mFaults);
     bool const isLast = at + 1 == mSends.size();
     std::optional<std::size_t> end = bytes.size();
     if (!isLast) end = mSends[at + 1].contents.front().first().captured.offset;
