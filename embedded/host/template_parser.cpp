@@ -47,6 +47,13 @@ std::string mend(std::string_view wrong, Names const& names, std::string const& 
   return didYouMean(wrong, names, isListed ? "it " + verb + " " + listed(names) : "remove it");
 }
 
+/// Of well-formed UTF-16: two surrogates are one character.
+std::size_t countCharacters(std::u16string_view text) {
+  auto const count =
+      std::count_if(text.begin(), text.end(), [](char16_t unit) { return unit < 0xDC00 || unit > 0xDFFF; });
+  return static_cast<std::size_t>(count);
+}
+
 /// Ends the parse of a text that is not worth reading on.
 struct Enough {};
 
@@ -70,6 +77,7 @@ class Reader final : public xercesc::DefaultHandler {
                     xercesc::Attributes const& attributes) override;
   void endElement(XMLCh const* uri, XMLCh const* localName, XMLCh const* name) override;
   void characters(XMLCh const* text, XMLSize_t length) override;
+  void startCDATA() override { textFault("a CDATA section"); }
 
   void warning(xercesc::SAXParseException const&) override {}
   void error(xercesc::SAXParseException const& fault) override { throw fault; }
@@ -101,6 +109,8 @@ class Reader final : public xercesc::DefaultHandler {
   void readAttribute(TemplateNode& node, std::string const& uri, std::string const& name,
                      char16_t const* value);
   void checkEnd(Open const& element);
+  /// One for an element is enough.
+  void textFault(std::string const& what);
 
   TagStarts mTags;
   xercesc::Locator const* mLocator = nullptr;
@@ -160,7 +170,7 @@ void Reader::readAttribute(TemplateNode& node, std::string const& uri, std::stri
                        mend(name, node.rule->attributeNames(), "has"));
     return;
   }
-  if (std::u16string_view(value).size() > longestValue) {
+  if (countCharacters(value) > longestValue) {
     fault(node.at, "the attribute " + name + " of " + element + " is longer than " +
                        std::to_string(longestValue) + " characters; shorten it");
     return;
@@ -234,11 +244,15 @@ void Reader::endElement(XMLCh const*, XMLCh const*, XMLCh const*) {
 }
 
 void Reader::characters(XMLCh const* text, XMLSize_t length) {
-  if (mOpen.empty() || mOpen.back().node.rule == nullptr || mOpen.back().hasText) return;
   if (std::u16string_view(text, length).find_first_not_of(u" \t\r\n") == std::u16string_view::npos) return;
+  textFault("text");
+}
+
+void Reader::textFault(std::string const& what) {
+  if (mOpen.empty() || mOpen.back().node.rule == nullptr || mOpen.back().hasText) return;
   mOpen.back().hasText = true;
   fault(mTags.textBefore(here()),
-        "there is text in " + std::string(mOpen.back().node.rule->name) + "; remove it");
+        "there is " + what + " in " + std::string(mOpen.back().node.rule->name) + "; remove it");
 }
 
 /// A parser that knows namespaces and nothing outside of the text. Handlers hear only of declarations that

@@ -20,10 +20,9 @@ bool isReadable(std::string_view text) {
   return name == "UTF-8" || name == "utf-8" || name == "US-AS" || name == "us-as";
 }
 
-/// How many bytes at the beginning are white space, a remark, or the bounds of a text; 0 where there is text.
+/// How many bytes at the beginning are white space or a remark; 0 where there is text.
 std::size_t lengthOfNothing(std::string_view text) {
-  static constexpr std::pair<std::string_view, std::string_view> remarks[] = {
-      {"<!--", "-->"}, {"<?", "?>"}, {"<![CDATA[", ""}, {"]]>", ""}};
+  static constexpr std::pair<std::string_view, std::string_view> remarks[] = {{"<!--", "-->"}, {"<?", "?>"}};
   for (auto const& [begin, close] : remarks) {
     if (!text.starts_with(begin)) continue;
     std::size_t const found = text.find(close, begin.size());

@@ -54,6 +54,17 @@ TEST_F(TemplateTest, RemarksInstructionsOfOthersAndWhiteSpaceAreNothing) {
   EXPECT_EQ(valueOf("legendBox", "color"), "red");
 }
 
+TEST_F(TemplateTest, WhiteSpaceIsNothingForEngineAndSchemaInElementsWithoutElementsToo) {
+  std::string const text = templateOf(
+      "<setFont size=\"9pt\">\n</setFont><setAxis> <!-- x -->\t</setAxis>"
+      "<setLook part=\"legend\"><style color=\"red\">\n</style></setLook>"
+      "<addFrame type=\"graph\"><style>\r\n</style></addFrame>"
+      "<setColor aestheticNumber=\"1\"><cycle><style color=\"red\"> </style></cycle></setColor>");
+  EXPECT_TRUE(applyText(text));
+  EXPECT_THAT(log(), IsEmpty());
+  EXPECT_THAT(templateSchemaErrors(text), IsEmpty());
+}
+
 TEST_F(TemplateTest, AnEmptyTemplateChangesNothing) {
   std::string const before = chart->text();
   EXPECT_TRUE(apply(""));

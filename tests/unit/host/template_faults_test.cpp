@@ -193,8 +193,16 @@ FaultRow const rows[] = {
       "you mean referenceLine?"}},
     {"TextOnALineOfItsOwn", "<setAxis/>\n\n  size\n\n<setFont size='1pt'/>",
      {"template, line 4, column 3: there is text in template; remove it"}},
-    {"TextBehindRemarks", "<!-- a\n<b> --><?c d?> <![CDATA[ x]]><setAxis/>",
-     {"template, line 3, column 26: there is text in template; remove it"}},
+    {"TextBehindRemarks", "<!-- a\n<b> --><?c d?> x<setAxis/>",
+     {"template, line 3, column 16: there is text in template; remove it"}},
+    {"CdataBehindRemarks", "<!-- a\n<b> --><?c d?> <![CDATA[ x]]><setAxis/>",
+     {"template, line 3, column 16: there is a CDATA section in template; remove it"}},
+    {"CdataThatIsWhiteSpace", "<setLook part=\"legend\">\n <![CDATA[ ]]><style/></setLook>",
+     {"template, line 3, column 2: there is a CDATA section in setLook; remove it"}},
+    {"CdataInAnInstruction", "<setFont><![CDATA[ ]]></setFont>",
+     {"template, line 2, column 10: there is a CDATA section in setFont; remove it"}, Schema::AcceptsIt},
+    {"TextInAStyle", "<setLook part=\"legend\"><style>\n &#65;</style></setLook>",
+     {"template, line 3, column 2: there is text in style; remove it"}},
     {"TextBehindAnInstruction", "<setFont\n size='1pt'></setFont> more\n",
      {"template, line 3, column 24: there is text in template; remove it"}},
     {"TextThatIsAReference", "\n&#65;\n<setAxis/>",
@@ -282,6 +290,14 @@ TEST_P(ValueTest, IsRightForEngineAndSchemaAlike) {
       "<setLook part=\"legend\"><style " + GetParam().attribute + "=\"" + GetParam().value + "\"/></setLook>";
   EXPECT_EQ(apply(instruction), GetParam().right);
   EXPECT_EQ(templateSchemaErrors(templateOf(instruction)).empty(), GetParam().right);
+}
+
+// Lengths of texts count characters, wherever in Unicode they are.
+TEST_F(TemplateTest, ACharacterBeyondTheBasicPlaneIsOne) {
+  std::string characters;
+  for (int each = 0; each < 200; ++each) characters += "\xF0\x9F\x93\x88";
+  EXPECT_TRUE(apply("<setFont family=\"" + characters + "\"/>"));
+  EXPECT_FALSE(apply("<setFont family=\"" + characters + "a\"/>"));
 }
 
 // Every name of the language is known to the schema.
@@ -470,7 +486,7 @@ INSTANTIATE_TEST_SUITE_P(
                     LineRow{"ByteOrderMark", "\xEF\xBB\xBF" + templateOf("<bad/>"), "line 2, column 1:"},
                     LineRow{"Declaration", "<?xml version='1.0' encoding='utf-8'?>\n" + templateOf("<bad/>"),
                             "line 3, column 1:"},
-                    LineRow{"Cdata", templateOf("<![CDATA[ ]]><bad/>"), "line 2, column 14:"},
+                    LineRow{"Cdata", templateOf("<!-- --> <![CDATA[ ]]>"), "line 2, column 10:"},
                     LineRow{"EndOfATagInAValue", templateOf("<bad x='>'\ny='>'/>"), "line 2, column 1:"}),
     [](auto const& row) { return row.param.name; });
 
