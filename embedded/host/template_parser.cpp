@@ -15,6 +15,7 @@
 
 #include <algorithm>
 #include <map>
+#include <optional>
 #include <string_view>
 #include <utility>
 
@@ -288,6 +289,10 @@ ReadTemplate readTemplate(std::string const& text) {
   if (text.size() > longestTemplate) {
     reader.add({1, 1}, "the text has " + std::to_string(text.size()) + " bytes, and a template may have " +
                            std::to_string(longestTemplate) + "; shorten it");
+    return reader.take();
+  }
+  if (std::optional<TemplatePosition> const bad = TagStarts::badUtf8(text)) {
+    reader.add(*bad, "the text is no UTF-8 here; mend its bytes or declare its encoding");
     return reader.take();
   }
   LumoDocument::holdXmlLibrary();

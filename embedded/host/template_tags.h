@@ -2,6 +2,7 @@
 
 #include "template_language.h"
 
+#include <optional>
 #include <string_view>
 
 namespace kestrel::host {
@@ -20,6 +21,10 @@ class TagStarts {
   /// Where the text begins that comes behind the place that was asked for last; white space, comments and
   /// instructions of others are none. Gives `end` in a text that is not in UTF-8.
   TemplatePosition textBefore(TemplatePosition end) const;
+
+  /// The first byte of the text that is no part of a character, unless the text is in another encoding than
+  /// UTF-8.
+  static std::optional<TemplatePosition> badUtf8(std::string_view text);
 
  private:
   void step();

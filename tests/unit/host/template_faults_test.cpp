@@ -330,6 +330,8 @@ std::string const noTemplate =
     " is no template; begin with <template "
     "xmlns=\"http://xml.vexa.example/software/analytics/vexa/xml/visualization\">";
 
+std::string const noUtf8 = "the text is no UTF-8 here; mend its bytes or declare its encoding";
+
 // clang-format off
 TextRow const texts[] = {
     {"Empty", "", "template, line 1, column 1: the text is not well formed: "},
@@ -340,7 +342,13 @@ TextRow const texts[] = {
     {"TwoAttributesOfAName", templateOf("<setFont size='1' size='2'/>"), "template, line 2, column 29: the text is not well formed: "},
     {"UnknownEntity", templateOf("<setFont family='&x;'/>"), "template, line 2, column 21: the text is not well formed: "},
     {"UndeclaredPrefix", templateOf("<a:setFont/>"), "template, line 2, column 13: the text is not well formed: "},
-    {"BadBytes", templateOf("<setFont family='\xFF\xFE'/>"), "template, line 1, column 1: the text is not well formed: "},
+    {"BadBytes", templateOf("<setFont family='\xFF\xFE'/>"), "template, line 2, column 18: " + noUtf8},
+    {"BadBytesAfterAByteOrderMark", "\xEF\xBB\xBF" + templateOf("\r\n<!-- \xF0\x9F\x93\x88\xC3\xA4 \xC3-->"), "template, line 3, column 10: " + noUtf8},
+    {"BadBytesInATextThatSaysUtf8", "<?xml version='1.0' encoding='Utf-8'?>\n" + templateOf("\x80"), "template, line 3, column 1: " + noUtf8},
+    {"ALongFormOfACharacter", templateOf("<!--\xE0\x80\x80-->"), "template, line 2, column 5: " + noUtf8},
+    {"HalfOfAPair", templateOf("<!--\xED\xA0\x80-->"), "template, line 2, column 5: " + noUtf8},
+    {"BeyondUnicode", templateOf("<!--\xF4\x90\x80\x80-->"), "template, line 2, column 5: " + noUtf8},
+    {"CutInACharacter", templateOf("") + "<!--\xE2\x82", "template, line 2, column 16: " + noUtf8},
     {"UnknownEncoding", "<?xml version='1.0' encoding='x-none'?><template/>", "template, line 1, column "},
     {"OtherRoot", "<chart/>", "template, line 1, column 1: the root element chart" + noTemplate},
     {"NoNamespace", "<template/>", "template, line 1, column 1: the root element template" + noTemplate},
