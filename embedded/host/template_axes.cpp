@@ -29,12 +29,18 @@ double numberIn(std::string_view text) {
   return number;
 }
 
-std::vector<LumoMajorTicks*> ticksMeant(TemplatedChart const& chart, TemplateNode const& instruction) {
+bool isNone(TemplatedChart::Axis const&) { return false; }
+bool isDerived(TemplatedChart::Axis const& axis) {
+  return axis.axis->getTransform() == LumoAxis::TransformDerived;
+}
+
+std::vector<LumoMajorTicks*> ticksMeant(TemplatedChart const& chart, TemplateNode const& instruction,
+                                        bool (*isLeftOut)(TemplatedChart::Axis const&) = isNone) {
   std::vector<LumoMajorTicks*> meant;
   for (TemplatedChart::Axis const& each : chart.axes) {
     LumoMajorTicks* const ticks = each.axis->getMajorTicks();
     bool const isMeant = instruction.find("role") == nullptr || instruction.get("role") == each.role;
-    if (ticks != nullptr && isMeant) meant.push_back(ticks);
+    if (ticks != nullptr && isMeant && !isLeftOut(each)) meant.push_back(ticks);
   }
   return meant;
 }
@@ -85,7 +91,10 @@ constexpr TickSetting tickSettings[] = {
 
 void GridlineWishes::add(TemplatedChart const& chart, TemplateNode const& instruction) {
   if (instruction.find(gridlines) == nullptr) return;
-  for (LumoMajorTicks* const ticks : ticksMeant(chart, instruction)) mWishes.push_back({ticks, &instruction});
+  // Two grids over each other would tell nobody which line is whose.
+  bool const areAdded = instruction.isTrue(gridlines);
+  for (LumoMajorTicks* const ticks : ticksMeant(chart, instruction, areAdded ? isDerived : isNone))
+    mWishes.push_back({ticks, &instruction});
 }
 
 void GridlineWishes::grant(TemplateWriter& writer) {

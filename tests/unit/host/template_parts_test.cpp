@@ -186,6 +186,35 @@ TEST_F(TemplateTest, GridlinesThatAreThereAreNotAddedAgain) {
   EXPECT_EQ(chart->text(), before);
 }
 
+char const derivedAxis[] =
+    R"(<graph id="g"><coordinates id="c"><dimension><axis/></dimension><dimension><axis><majorTicks id="own"/></axis>)"
+    R"(<axis transform="1"><majorTicks id="derived">%</majorTicks></axis></dimension></coordinates></graph>)";
+
+std::string withDerivedAxis(std::string const& gridline) {
+  std::string text = derivedAxis;
+  return text.replace(text.find('%'), 1, gridline);
+}
+
+TEST_F(TemplateTest, GridlinesAreNotAddedAtDerivedAxes) {
+  load(withDerivedAxis(""));
+  apply(R"(<setAxis role="y" gridlines="true" tickLength="3pt"/>)");
+  EXPECT_NE(chart->text().find(R"(<majorTicks id="own" length="3pt"><gridline/></majorTicks>)"),
+            std::string::npos);
+  EXPECT_NE(chart->text().find(R"(<majorTicks id="derived" length="3pt"/>)"), std::string::npos);
+}
+
+TEST_F(TemplateTest, GridlinesOfDerivedAxesAreTakenAway) {
+  load(withDerivedAxis("<gridline id=\"line\"/>"));
+  apply(R"(<setAxis gridlines="false"/>)");
+  EXPECT_EQ(valueOf("line", "id"), "(no element line)");
+}
+
+TEST_F(TemplateTest, GridlinesThatDerivedAxesHaveStay) {
+  load(withDerivedAxis("<gridline id=\"line\"/>"));
+  apply(R"(<setAxis gridlines="true"/>)");
+  EXPECT_EQ(valueOf("line", "id"), "line");
+}
+
 TEST_F(TemplateTest, GridlinesAreTakenAwayByRole) {
   apply(R"(<setAxis role="y" gridlines="false"/>)");
   EXPECT_EQ(valueOf("yGridline", "id"), "(no element yGridline)");
