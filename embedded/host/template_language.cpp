@@ -7,6 +7,7 @@
 #include "template_parts.h"
 
 #include <algorithm>
+#include <charconv>
 #include <utility>
 
 namespace kestrel::host {
@@ -37,6 +38,27 @@ Faults cycleFaults(TemplateNode const& node) {
       faults.push_back(
           {style.at, "a style in the cycle lacks the attribute " + std::string(property) + "; add it"});
     }
+  }
+  return faults;
+}
+
+std::size_t numberIn(std::string_view text) {
+  std::size_t number = 0;
+  std::from_chars(text.data(), text.data() + text.size(), number);
+  return number;
+}
+Faults frameFaults(TemplateNode const& node) {
+  bool const isCounted = node.find("count") != nullptr;
+  // How many frames there are, only the chart knows.
+  if (!isCounted && node.isTrue("styleOnly")) return {};
+  std::size_t const count = isCounted ? numberIn(node.get("count")) : 1;
+  Faults faults;
+  for (TemplateNode const& style : node.children) {
+    if (numberIn(style.get("number")) <= count) continue;
+    faults.push_back({style.at, "the addFrame is for " + std::to_string(count) +
+                                    (count == 1 ? " frame" : " frames") + ", so that none has the number " +
+                                    std::string(style.get("number")) + "; write a number up to " +
+                                    std::to_string(count) + " or another count"});
   }
   return faults;
 }
@@ -75,7 +97,7 @@ ElementRule const setAxis  {"setAxis",  {{"role", &aRole},
 ElementRule const addFrame {"addFrame", {{"type", &aFrameType, required},
                                          {"count", &aFrameNumber},
                                          {"styleOnly", &aBoolean}},
-                            {{&frameLook, 0, any}}};
+                            {{&frameLook, 0, any}}, false, frameFaults};
 
 ElementRule const root {"template", {}, {{&addFrame, 0, any}, {&setAxis, 0, any}, {&setColor, 0, any},
                                          {&setCycle, 0, any}, {&setFont, 0, any}, {&setLook, 0, any},
