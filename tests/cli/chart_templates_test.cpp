@@ -119,6 +119,55 @@ TEST_F(ChartTemplates, TellAFaultOnceOfATemplateThatIsGivenTwice) {
   EXPECT_EQ(run.err.find('\n'), run.err.size() - 1);
 }
 
+/// Adds more frames than a chart may get; the last of its instructions is the one too many.
+std::string tooManyFrames() {
+  std::string instructions;
+  for (int each = 0; each < 1001; ++each) instructions += "<addFrame type=\"visualization\" count=\"10\"/>\n";
+  return templateOf(instructions);
+}
+
+std::string notApplied(std::string const& chart) {
+  return "kestrel: t.xml:1002:1: with this addFrame the template adds more than 10000 frames to the chart; "
+         "shorten it; " +
+         chart + " is made without this template\n";
+}
+
+TEST_P(TemplateOption, EndsWithAnErrorWhereItIsTooMuchForTheChart) {
+  write("t.xml", tooManyFrames());
+  Outcome const run = chartOf("a,b\n1,2\n", {GetParam(), "t.xml"});
+  EXPECT_EQ(run.exit, 3);
+  EXPECT_EQ(run.err, notApplied("out/capture.kcap"));
+  EXPECT_THAT(chartText(), Not(HasSubstr("template_frame")));
+}
+
+TEST_F(ChartTemplates, ThatAreTooMuchForAChartAreAnErrorOfTheOtherCommandsToo) {
+  write("t.xml", tooManyFrames());
+  write("u.xml", good);
+  Outcome const gallery = kestrel(
+      {"gallery", "dot-plot", "error-bars", "-o", "out", "--template", "t.xml", "--template", "u.xml"});
+  EXPECT_EQ(gallery.exit, 3);
+  EXPECT_EQ(gallery.err, notApplied("out/dot-plot.kcap") + notApplied("out/error-bars.kcap"));
+  EXPECT_THAT(read("out/error-bars.xml"), HasSubstr("#123456"));
+  Outcome const send = kestrel({"send", "out/dot-plot.xml", "-o", "sent", "--template", "t.xml"});
+  EXPECT_EQ(send.exit, 3);
+  EXPECT_EQ(send.err, notApplied("sent/capture.kcap"));
+  EXPECT_TRUE(exists("sent/capture.kcap"));
+  Outcome const explain =
+      kestrel({"explain", "out/dot-plot.xml", "--template", "u.xml", "--template", "t.xml"});
+  EXPECT_EQ(explain.exit, 3);
+  EXPECT_EQ(explain.err, notApplied("out/dot-plot.xml"));
+  EXPECT_THAT(explain.out, HasSubstr("u.xml:2:"));
+}
+
+TEST_F(ChartTemplates, OfTheSameTextAreToldByTheirOwnNames) {
+  write("s.xml", tooManyFrames());
+  write("t.xml", tooManyFrames());
+  Outcome const run = chartOf("a,b\n1,2\n", {"--template", "s.xml", "--template", "t.xml"});
+  EXPECT_EQ(run.exit, 3);
+  EXPECT_THAT(run.err,
+              testing::MatchesRegex("kestrel: s.xml:1002:1: [^\n]*\nkestrel: t.xml:1002:1: [^\n]*\n"));
+}
+
 TEST_F(ChartTemplates, MustBeThere) {
   Outcome const run = chartOf("a,b\n1,2\n", {"--style", "none.xml"});
   EXPECT_EQ(run.exit, 1);

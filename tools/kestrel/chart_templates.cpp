@@ -62,9 +62,11 @@ class FaultLog : public host::Log {
   std::vector<std::string> faults;
 };
 
+/// How an engine begins what it says of a template.
+constexpr std::string_view begin = "template, line ";
+
 /// "template, line 3, column 5: text" of an engine becomes "FILE:3:5: text".
 std::string atPlace(std::string const& file, std::string_view fault) {
-  constexpr std::string_view begin = "template, line ";
   constexpr std::string_view middle = ", column ";
   std::size_t const column = fault.find(middle);
   std::size_t const text = fault.find(": ");
@@ -125,6 +127,85 @@ class CheckedFiles : public host::Files {
   std::shared_ptr<host::Files> mOthers;
 };
 
+/// The log of a host, without what an engine says of the template of a file.
+class TemplateFaults : public host::Log {
+ public:
+  TemplateFaults(std::shared_ptr<host::Log> others, std::string chart,
+                 std::shared_ptr<std::vector<std::string>> notApplied)
+      : mOthers(std::move(others)), mChart(std::move(chart)), mNotApplied(std::move(notApplied)) {}
+
+  /// Of whom the engine speaks from now on; null where that is no file.
+  void expect(TemplateFile const* file) { mFile = file; }
+
+  void error(std::string const& message, std::string const& file, unsigned int line) override {
+    if (mFile == nullptr || !message.starts_with(begin)) return mOthers->error(message, file, line);
+    mNotApplied->push_back(atPlace(mFile->path, message) + "; " + mChart + " is made without this template");
+  }
+  void note(std::string const& message) override { mOthers->note(message); }
+
+ private:
+  std::shared_ptr<host::Log> mOthers;
+  std::string mChart;
+  std::shared_ptr<std::vector<std::string>> mNotApplied;
+  TemplateFile const* mFile = nullptr;
+};
+
+/// An engine that says which file it is at.
+class FileTemplates : public host::TemplateEngine {
+ public:
+  FileTemplates(std::shared_ptr<host::TemplateEngine> engine, std::vector<TemplateFile> files,
+                std::shared_ptr<TemplateFaults> faults)
+      : mEngine(std::move(engine)), mFiles(std::move(files)), mFaults(std::move(faults)) {}
+
+  std::unique_ptr<host::TemplateApplication> start(LumoVisualization& working,
+                                                   LumoVisualization* baseline) override {
+    return std::make_unique<Application>(*this, mEngine->start(working, baseline));
+  }
+
+ private:
+  class Application : public host::TemplateApplication {
+   public:
+    Application(FileTemplates& engine, std::unique_ptr<host::TemplateApplication> application)
+        : mEngine(engine), mApplication(std::move(application)) {}
+
+    bool set(std::string const& xml) override {
+      mFile = mEngine.next(xml);
+      return mApplication->set(xml);
+    }
+    void apply() override {
+      mEngine.mFaults->expect(mFile);
+      mApplication->apply();
+      mEngine.mFaults->expect(nullptr);
+    }
+
+   private:
+    FileTemplates& mEngine;
+    std::unique_ptr<host::TemplateApplication> mApplication;
+    TemplateFile const* mFile = nullptr;
+  };
+
+  /// Files may have the same text: each takes its turn. Null for a template of the library.
+  TemplateFile const* next(std::string const& text) {
+    auto const found = std::find_if(mFiles.begin() + mNext, mFiles.end(),
+                                    [&text](TemplateFile const& file) { return file.text == text; });
+    if (found == mFiles.end()) return nullptr;
+    mNext = found - mFiles.begin() + 1;
+    return &*found;
+  }
+
+  std::shared_ptr<host::TemplateEngine> mEngine;
+  std::vector<TemplateFile> mFiles;
+  std::vector<TemplateFile>::difference_type mNext = 0;
+  std::shared_ptr<TemplateFaults> mFaults;
+};
+
+/// Tells all but the last one, which is a Problem.
+void refuse(std::vector<std::string> const& faults, Exit exit) {
+  if (faults.empty()) return;
+  for (std::size_t at = 0; at + 1 < faults.size(); ++at) tell(faults[at]);
+  throw Problem(faults.back(), exit);
+}
+
 }  // namespace
 
 std::vector<std::string> shippedTemplates() {
@@ -148,18 +229,23 @@ ChartTemplates::ChartTemplates(TemplateRequest const& request)
     std::vector<std::string> const more = faultsOf(file);
     faults.insert(faults.end(), more.begin(), more.end());
   }
-  if (faults.empty()) return;
-  for (std::size_t at = 0; at + 1 < faults.size(); ++at) tell(faults[at]);
-  throw Problem(faults.back(), Exit::BadInput);
+  refuse(faults, Exit::BadInput);
 }
 
-void ChartTemplates::install(host::Host& host) const {
+void ChartTemplates::install(host::Host& host, std::string const& chart,
+                             std::shared_ptr<host::TemplateEngine> engine) const {
   auto settings = std::make_shared<host::TemplateLists>();
   settings->set(host::TemplateKind::Styles, pathsOf(mStyles));
   settings->set(host::TemplateKind::Options, pathsOf(mOptions));
   host.templateSettings = std::move(settings);
   host.files = std::make_shared<CheckedFiles>(inOrder(), host.files);
+  auto faults = std::make_shared<TemplateFaults>(host.log, chart, mNotApplied);
+  host.log = faults;
+  if (engine == nullptr) engine = std::make_shared<host::XmlTemplateEngine>();
+  host.templateEngine = std::make_shared<FileTemplates>(std::move(engine), inOrder(), std::move(faults));
 }
+
+void ChartTemplates::requireApplied() const { refuse(*mNotApplied, Exit::NotWritten); }
 
 void ChartTemplates::addTo(XDocument& document) const {
   for (TemplateFile const& file : mUser) document.SetChartTemplate(file.path);

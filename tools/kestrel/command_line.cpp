@@ -31,7 +31,7 @@ constexpr char const* exitCodes = R"(Exit codes:
   0  all went well
   1  the command line or an input file is wrong
   2  a capture is cut, breaks a rule, or differs from another
-  3  something could not be sent or written
+  3  something could not be sent or written, or a template is too much for a chart
 )";
 
 constexpr char const* chartNotes =

@@ -12,7 +12,7 @@ enum class Exit : int {
   Success = 0,
   BadInput = 1,    ///< the command line, or a file that was given as input
   BadCapture = 2,  ///< a capture that is cut or breaks a rule
-  NotWritten = 3,  ///< something could not be sent or written
+  NotWritten = 3,  ///< something could not be sent or written, or a chart has not got a template
 };
 
 /// What ends a command: one line for the user, and the exit code.

@@ -41,14 +41,14 @@ class TemplatesOfTheCommandLine : public kestrel::test::ChartTest {
 
 TEST_F(TemplatesOfTheCommandLine, BecomeSettingsOfTheHost) {
   kestrel::host::Host host;
-  ChartTemplates({{file("a"), file("b")}, {file("c")}, {file("d")}}).install(host);
+  ChartTemplates({{file("a"), file("b")}, {file("c")}, {file("d")}}).install(host, "chart");
   EXPECT_THAT(host.templateSettings->names(TemplateKind::Styles), ElementsAre(pathOf("a"), pathOf("b")));
   EXPECT_THAT(host.templateSettings->names(TemplateKind::Options), ElementsAre(pathOf("c")));
 }
 
 TEST_F(TemplatesOfTheCommandLine, TakeThePlaceOfThoseOfTheChartBefore) {
   kestrel::host::Host host;
-  ChartTemplates({}).install(host);
+  ChartTemplates({}).install(host, "chart");
   EXPECT_TRUE(host.templateSettings->isDirty(TemplateKind::Styles));
   EXPECT_TRUE(host.templateSettings->isDirty(TemplateKind::Options));
 }
@@ -71,7 +71,7 @@ TEST_F(TemplatesOfTheCommandLine, StayAsTheyWereChecked) {
   ChartTemplates const templates({{file("a")}, {}, {}});
   std::ofstream(pathOf("a")) << "something else";
   kestrel::host::Host host;
-  templates.install(host);
+  templates.install(host, "chart");
   EXPECT_EQ(host.files->fetch(pathOf("a"), true, true), templateOf("a"));
 }
 
@@ -80,7 +80,7 @@ TEST_F(TemplatesOfTheCommandLine, LeaveOtherFilesToTheHost) {
   auto const files = std::make_shared<kestrel::host::MemoryFiles>();
   files->content["other"] = "content";
   host.files = files;
-  ChartTemplates({{file("a")}, {}, {}}).install(host);
+  ChartTemplates({{file("a")}, {}, {}}).install(host, "chart");
   EXPECT_EQ(host.files->fetch("other", true, true), "content");
 }
 

@@ -52,7 +52,7 @@ std::string summary(ChartDelivery const& delivery, ChartData const& data) {
 bool send(ChartRequest const& request, ChartData const& data, ChartTemplates const& templates,
           ChartDelivery const& delivery) {
   host::Host host;
-  templates.install(host);
+  templates.install(host, delivery.name());
   host.channel = delivery.channel();
   host::ScopedHost const scope(host);
   XDocument document;
@@ -84,6 +84,7 @@ void runChart(ChartRequest const& request) {
   ChartDelivery delivery(request.output, request.send);
   delivery.finish(send(request, data, templates, delivery));
   print(summary(delivery, data));
+  templates.requireApplied();
 }
 
 }  // namespace kestrel::tool

@@ -21,13 +21,14 @@ void runExplain(ExplainRequest const& request) {
   auto const provenance = std::make_shared<Provenance>();
   provenance->noteBuilder(chart);
   host::Host host;
-  templates.install(host);
-  host.templateEngine = std::make_shared<FollowedTemplates>(provenance, templates.inOrder());
+  templates.install(host, request.chart,
+                    std::make_shared<FollowedTemplates>(provenance, templates.inOrder()));
   host::ScopedHost const scope(host);
   templates.addTo(*document);
   document->getChartXML();
   Explanation const explanation{request.chart, templates.inOrder(), explainElements(chart, *provenance)};
   print(request.json ? explanationJson(explanation, request.all) : explanationText(explanation, request.all));
+  templates.requireApplied();
 }
 
 }  // namespace kestrel::tool

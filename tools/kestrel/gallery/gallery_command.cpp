@@ -62,7 +62,7 @@ void listGallery() {
 void makeExample(Example const& example, ChartTemplates const& templates, fs::path const& folder) {
   fs::path const file = folder / (std::string(example.name) + ".kcap");
   host::Host host;
-  templates.install(host);
+  templates.install(host, file.string());
   auto capture = std::make_shared<host::CaptureChannel>(file.string());
   host.channel = capture;
   host::ScopedHost const scope(host);
@@ -94,6 +94,7 @@ void runGallery(GalleryRequest const& request) {
   ChartTemplates const templates(request.templates);
   makeFolder(request.output);
   for (Example const& example : examples) makeExample(example, templates, request.output);
+  templates.requireApplied();
 }
 
 }  // namespace kestrel::tool

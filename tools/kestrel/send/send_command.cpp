@@ -75,7 +75,7 @@ void runSend(SendRequest const& request) {
   addSideContents(*document, request);
   ChartDelivery delivery(request.output, request.send);
   host::Host host;
-  templates.install(host);
+  templates.install(host, delivery.name());
   host.channel = delivery.channel();
   auto const messages = std::make_shared<WatchedMessages>();
   host.messages = messages;
@@ -84,6 +84,8 @@ void runSend(SendRequest const& request) {
   delivery.finish(document->SendChart(false, false, false));
   print(printable(delivery.name()) + ": " + counted(delivery.messages(), "message") + ", " +
         counted(delivery.bytes(), "byte") + "\n");
+  // What failed of the style sheet has been shown.
+  templates.requireApplied();
   if (messages->styleSheetFailed)
     throw Problem("the chart was sent without the style sheet", Exit::NotWritten);
 }
