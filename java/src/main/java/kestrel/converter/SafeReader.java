@@ -34,7 +34,7 @@ public final class SafeReader extends XMLFilterImpl {
     if (ours != null) return ours;
     IOException unreadable = causeOf(IOException.class);
     SAXParseException placed = causeOf(SAXParseException.class);
-    String message = context + (unreadable != null ? message(unreadable, what) : failure.getMessage());
+    String message = context + (unreadable != null ? message(unreadable, what) : message(failure));
     if (placed != null && placed.getLineNumber() > 0) {
       return at(placed.getLineNumber(), placed.getColumnNumber(), message);
     }
@@ -81,6 +81,12 @@ public final class SafeReader extends XMLFilterImpl {
   private ConversionException at(int line, int column, String message) {
     return new ConversionException(
         ConversionException.where(Math.max(1, line), Math.max(1, column)) + message, failure);
+  }
+
+  private static String message(Exception failure) {
+    String message = String.valueOf(failure.getMessage());
+    // What the parser says is for those who program it.
+    return message.contains(SafeXml.NO_DOCTYPE) ? "a document type declaration is not allowed" : message;
   }
 
   private static String message(IOException failure, String what) {

@@ -23,6 +23,9 @@ public final class SafeXml {
   /** Bytes of a text. */
   public static final int MAXIMUM_SIZE = 128 << 20;
 
+  /** A feature of the parser, which its message names in every language where it refuses a text for this. */
+  static final String NO_DOCTYPE = "http://apache.org/xml/features/disallow-doctype-decl";
+
   private static final String LEXICAL_HANDLER = "http://xml.org/sax/properties/lexical-handler";
 
   private SafeXml() {}
@@ -33,7 +36,7 @@ public final class SafeXml {
       SAXParserFactory factory = SAXParserFactory.newDefaultInstance();
       factory.setNamespaceAware(true);
       factory.setFeature(XMLConstants.FEATURE_SECURE_PROCESSING, true);
-      factory.setFeature("http://apache.org/xml/features/disallow-doctype-decl", true);
+      factory.setFeature(NO_DOCTYPE, true);
       factory.setFeature("http://xml.org/sax/features/external-general-entities", false);
       factory.setFeature("http://xml.org/sax/features/external-parameter-entities", false);
       factory.setFeature("http://apache.org/xml/features/nonvalidating/load-external-dtd", false);

@@ -65,7 +65,9 @@ class StyleSheetSafetyTest {
   void readsNoEntityFromOutside() {
     String sheet = text(sheet("<xsl:template match='/'><a>&e;</a></xsl:template>"));
     String outcome = outcome(bytes("<!DOCTYPE x [<!ENTITY e SYSTEM '" + secret.toUri() + "'>]>" + sheet));
-    assertTrue(outcome.contains("DOCTYPE"), outcome);
+    assertTrue(
+        outcome.matches("line 1, column \\d+: the style sheet is refused: a document type declaration is not allowed"),
+        outcome);
   }
 
   @ParameterizedTest
@@ -114,7 +116,9 @@ class StyleSheetSafetyTest {
   void aDoctypeInTheChartIsRefused() {
     String message =
         refusal(sheet("<xsl:template match='/'><a/></xsl:template>"), "<!DOCTYPE v [<!ENTITY e 'x'>]><v>&e;</v>");
-    assertTrue(message.contains("DOCTYPE"), message);
+    assertTrue(message.matches("line 1, column \\d+: the style sheet could not be applied: a document type declaration "
+                   + "is not allowed"),
+        message);
   }
 
   @Test
