@@ -1,12 +1,16 @@
 package kestrel.stylesheet;
 
 import java.io.ByteArrayOutputStream;
+import java.math.BigDecimal;
 import java.nio.charset.StandardCharsets;
 import java.security.MessageDigest;
 import java.security.NoSuchAlgorithmException;
+import java.time.Duration;
 import java.util.HexFormat;
 import java.util.LinkedHashMap;
 import java.util.Map;
+import java.util.concurrent.ExecutionException;
+import java.util.concurrent.TimeoutException;
 import java.util.regex.Matcher;
 import java.util.regex.Pattern;
 import javax.xml.transform.ErrorListener;
@@ -27,6 +31,9 @@ import kestrel.converter.SafeXml;
  */
 public final class StyleSheets {
   private static final int CACHED = 16;
+  static final Duration TIME_LIMIT = Duration.ofSeconds(20);
+  private static volatile Duration timeLimit = TIME_LIMIT;
+
   private static final String DECLARATION = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>";
 
   private static final String NOT_APPLIED = "the style sheet could not be applied: ";
@@ -62,12 +69,40 @@ public final class StyleSheets {
       transformer.setOutputProperty(OutputKeys.OMIT_XML_DECLARATION, "yes");
       transformer.setOutputProperty(OutputKeys.ENCODING, StandardCharsets.UTF_8.name());
       ByteArrayOutputStream result = new ByteArrayOutputStream(chart.length);
-      transformer.transform(new SAXSource(reader, SafeXml.sourceOf(chart)), new StreamResult(result));
+      transform(transformer, new SAXSource(reader, SafeXml.sourceOf(chart)), new StreamResult(result));
       return finished(result.toByteArray(), declared);
     } catch (RuntimeException | LinkageError failure) {
       throw fault(failure);
     } catch (TransformerException failure) {
       throw refusal(reader.refusal("chart", NOT_APPLIED), NOT_APPLIED, failures.firstOr(failure));
+    }
+  }
+
+  /** How long a sheet may take for a chart. */
+  static void setTimeLimit(Duration limit) {
+    timeLimit = limit;
+  }
+
+  private static void transform(Transformer transformer, SAXSource chart, StreamResult result)
+      throws ConversionException, TransformerException {
+    Duration limit = timeLimit;
+    try {
+      TimedWork.within(limit, () -> {
+        transformer.transform(chart, result);
+        return null;
+      });
+    } catch (ExecutionException failure) {
+      Throwable cause = failure.getCause();
+      if (cause instanceof Error) throw(Error) cause;
+      if (cause instanceof RuntimeException) throw(RuntimeException) cause;
+      throw(TransformerException) cause;
+    } catch (TimeoutException late) {
+      throw new ConversionException(NOT_APPLIED + "it takes longer than "
+              + BigDecimal.valueOf(limit.toMillis(), 3).stripTrailingZeros().toPlainString() + " seconds",
+          late);
+    } catch (InterruptedException interrupted) {
+      Thread.currentThread().interrupt();
+      throw new ConversionException(NOT_APPLIED + "the thread that waits for it was interrupted", interrupted);
     }
   }
 

@@ -96,10 +96,11 @@ class StyleSheetSafetyTest {
 
   @ParameterizedTest
   @ValueSource(
-      strings = {"<xsl:template match='/'><r:write file='VICTIM' xmlns:r='http://xml.apache.org/xalan/redirect'><a/></r:write>"
-              + "</xsl:template>",
-          "<xsl:template match='/'><x:output file='VICTIM' xmlns:x='http://xml.apache.org/xalan/xsltc'><a/></x:output>"
-              + "</xsl:template>"})
+      strings =
+          {"<xsl:template match='/'><r:write file='VICTIM' xmlns:r='http://xml.apache.org/xalan/redirect'><a/></r:write>"
+                  + "</xsl:template>",
+              "<xsl:template match='/'><x:output file='VICTIM' xmlns:x='http://xml.apache.org/xalan/xsltc'><a/></x:output>"
+                  + "</xsl:template>"})
   void
   writesNoFile(String content) throws TransformerException {
     outcome(content);
