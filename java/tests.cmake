@@ -38,6 +38,7 @@ function(kestrel_java_tests name package)
   set_tests_properties(${name} PROPERTIES TIMEOUT 300)
 endfunction()
 
+kestrel_java_tests(java_adapter kestrel.adapter)
 kestrel_java_tests(java_converter kestrel.converter)
 kestrel_java_tests(java_lumoml14 kestrel.lumoml14)
 kestrel_java_tests(java_markup kestrel.markup)

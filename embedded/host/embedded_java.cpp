@@ -20,6 +20,7 @@ namespace kestrel::host {
 
 namespace {
 
+constexpr int productPaths = 3;
 constexpr char mainArchive[] = "kestrel-java.jar";
 constexpr char converterClass[] = "kestrel.converter.Converter";
 constexpr char refusalClass[] = "kestrel.converter.ConversionException";
@@ -189,7 +190,7 @@ std::string EmbeddedJava::library() const {
 std::vector<std::string> EmbeddedJava::archives() const {
   std::vector<std::string> folders;
   if (mSettings.archives.empty()) {
-    folders = {Host::current().paths->basePath(3) + "java", KESTREL_JAVA_DIR};
+    folders = {Host::current().paths->basePath(productPaths) + "java", KESTREL_JAVA_DIR};
   } else {
     folders = {mSettings.archives};
   }
@@ -287,10 +288,13 @@ bool EmbeddedJava::upgrade(std::string const& in, std::string& out) {
 std::string EmbeddedJava::errorMessage() { return lastMessage(); }
 std::string EmbeddedJava::upgradeReport() { return lastReport(); }
 
+bool EmbeddedJava::ready(JNIEnv_*& java) {
+  return (machineStarted() || startMachine()) && attachThread(&java) == 0 && startConverter(java);
+}
+
 std::string EmbeddedJava::applyStyleSheet(std::string const& styleSheet, std::string const& chart) {
   JNIEnv* java = nullptr;
-  bool const ready = (machineStarted() || startMachine()) && attachThread(&java) == 0 && startConverter(java);
-  if (!ready) throw JException("style sheets are not applied: the log says why");
+  if (!ready(java)) throw JException("style sheets are not applied: the log says why");
   try {
     JavaFrame const frame(*java);
     std::string refused;
@@ -306,9 +310,27 @@ std::string EmbeddedJava::applyStyleSheet(std::string const& styleSheet, std::st
   }
 }
 
-std::string EmbeddedJava::convertTemplate(std::string const&) {
-  note("visualization templates are not converted");
-  return {};
+std::string EmbeddedJava::localStore() const {
+  return mSettings.store.empty() ? Host::current().paths->basePath(productPaths) : mSettings.store;
+}
+
+std::string EmbeddedJava::convertTemplate(std::string const& request) {
+  JNIEnv* java = nullptr;
+  if (!ready(java)) {
+    note("A visualization template is not converted: there is no Java");
+    return {};
+  }
+  try {
+    JavaFrame const frame(*java);
+    std::string refused;
+    auto* const reply = static_cast<jbyteArray>(mClasses->call(
+        *java, refused, "convertTemplate", "([BLjava/lang/String;Ljava/lang/String;)[B",
+        toJavaBytes(*java, request), toJava(*java, localStore()), toJava(*java, mSettings.repository)));
+    return fromJavaBytes(*java, reply);
+  } catch (JavaFailure const& failure) {
+    note(std::string("A visualization template is not converted: ") + failure.what());
+    throw JException(failure.what());
+  }
 }
 
 }  // namespace kestrel::host

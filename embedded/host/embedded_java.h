@@ -36,6 +36,9 @@ class EmbeddedJava : public JavaSide {
   std::string library() const;
   std::vector<std::string> archives() const;
   JavaClasses const* running();
+  /// Starts what does not run yet; false where that fails.
+  bool ready(JNIEnv_*& java);
+  std::string localStore() const;
 
   JavaSettings mSettings;
   std::mutex mLoading;

@@ -72,6 +72,11 @@ struct VEXA_API JavaSettings {
   std::string archives;
   /// The greatest size of the Java heap, in MiB; at least 16.
   unsigned int heap = 512;
+  /// The local store: the folder of what requests name as local, in its folders "visualization-templates",
+  /// "maps" and "style-sheets". Empty: the share folder.
+  std::string store;
+  /// The folder of what requests name as of the repository. Empty: the host has no repository.
+  std::string repository;
 };
 
 /// Java in this process, started on first use and never stopped. A process has one virtual machine for ever:
@@ -81,7 +86,8 @@ struct VEXA_API JavaSettings {
 /// for where: without a runtime there is no machine, without the archives no converter. Messages of a refused
 /// conversion are each thread's own. Failures on the Java side that are no refusals are thrown as JException,
 /// by the converter as a pointer whose object lives until the thread's next failure. A style sheet that
-/// cannot be applied throws JException by value, after a note in the log.
+/// cannot be applied throws JException by value, after a note in the log. What is wrong with a request for a
+/// visualization template stands in the reply; without Java there is none.
 ///
 /// In a build without Java it is NoJava.
 VEXA_API std::shared_ptr<JavaSide> makeJava(JavaSettings settings = {});

@@ -1,5 +1,6 @@
 package kestrel.converter;
 
+import kestrel.adapter.TemplateAdapter;
 import kestrel.lumoml14.Upgrade;
 import kestrel.pdl.Pdl;
 import kestrel.stylesheet.StyleSheets;
@@ -30,6 +31,19 @@ public final class Converter {
   /** The current markup, in UTF-8, of a description in PDL. */
   public static byte[] pdlToXml(String description) throws ConversionException {
     return bounded("description", () -> Pdl.toXml(description));
+  }
+
+  /**
+   * The reply to a request for a chart from a visualization template. What is wrong with the request or the template is
+   * told in the reply. The folders are the host's own, with a folder for each kind of file, and the repository; an empty
+   * text stands for none.
+   */
+  public static byte[] convertTemplate(byte[] request, String localStore, String repository) {
+    try {
+      return bounded("request", () -> TemplateAdapter.convert(request, localStore, repository));
+    } catch (ConversionException exhausted) {
+      return TemplateAdapter.refuse(exhausted.getMessage());
+    }
   }
 
   private interface Conversion<T> {

@@ -22,10 +22,15 @@ public final class MarkupWriter {
 
   /** The chart in UTF-8. The root, and with it all of the chart, is in the namespace of the markup. */
   public static byte[] write(MarkupElement root) {
+    return write(root, MarkupElement.NAMESPACE);
+  }
+
+  /** The text in UTF-8. The root, and all below it that says no other, is in the namespace. */
+  public static byte[] write(MarkupElement root, String namespace) {
     ByteArrayOutputStream bytes = new ByteArrayOutputStream(8192);
     try (Writer out = new OutputStreamWriter(bytes, StandardCharsets.UTF_8)) {
       out.write(DECLARATION);
-      root.set("xmlns", MarkupElement.NAMESPACE);
+      root.set("xmlns", namespace);
       new MarkupWriter(out).element(root);
       out.write('\n');
     } catch (IOException failure) {

@@ -3,13 +3,13 @@ package kestrel.pdl;
 import java.util.List;
 
 /** How messages show what stands in a description. */
-final class Wording {
+public final class Wording {
   private static final int LONGEST = 40;
 
   private Wording() {}
 
   /** In double quotes, on one line, and not longer than a line bears. */
-  static String quoted(String text) {
+  public static String quoted(String text) {
     StringBuilder shown = new StringBuilder("\"");
     int characters = 0;
     int length;
@@ -33,7 +33,7 @@ final class Wording {
   }
 
   /** "a, b or c". */
-  static String anyOf(List<String> parts) {
+  public static String anyOf(List<String> parts) {
     int last = parts.size() - 1;
     return last <= 0 ? String.join("", parts) : String.join(", ", parts.subList(0, last)) + " or " + parts.get(last);
   }

@@ -106,6 +106,12 @@ public final class StyleSheets {
     }
   }
 
+  /** Throws where it is no style sheet. */
+  public static void check(byte[] styleSheet) throws ConversionException {
+    SafeXml.checkSize(styleSheet, "style sheet");
+    sheetOf(styleSheet);
+  }
+
   /** How many compiled sheets are kept at the moment. */
   static int cached() {
     synchronized (compiled) {
