@@ -107,8 +107,9 @@ final class Pruning {
   }
 
   private boolean isThere(Node node) {
-    Node root = node;
-    while (root.parent() != null) root = root.parent();
-    return root == chart;
+    for (Node above = node; above != null; above = above.parent()) {
+      if (above == chart) return true;
+    }
+    return false;
   }
 }

@@ -17,17 +17,17 @@ import org.xml.sax.SAXException;
 class TemplateSchemaTest {
   private static final Path SCHEMAS = Schemas.sourceDirectory().resolve("schema");
 
-  private static final String TYPES = "" "
-      < xs : simpleType name = "slotText"
-      > <xs : annotation><xs : documentation> A text with{slot} in it.</ xs : documentation></ xs : annotation>
-        <xs : restriction base = "xs:string"><xs : pattern value = ".*\\{[A-Za-z][A-Za-z0-9_]*(\\.words)?\\}.*" />
-        </ xs : restriction></ xs : simpleType> "" ";
+  private static final String TYPES = "  <xs:simpleType name=\"slotText\">\n"
+      + "    <xs:annotation><xs:documentation>A text with {slot} in it.</xs:documentation></xs:annotation>\n"
+      + "    <xs:restriction base=\"xs:string\">\n"
+      + "      <xs:pattern value=\".*\\{[A-Za-z][A-Za-z0-9_]*(\\.words)?\\}.*\"/>\n"
+      + "    </xs:restriction>\n"
+      + "  </xs:simpleType>\n";
 
-        /** The schema of charts, in which every value may come from a slot and every element may have conditions. */
-        private static String
-        derived() {
+  /** The schema of charts, in which every value may come from a slot and every element may have conditions. */
+  private static String derived() {
     String charts = new String(Schemas.read(SCHEMAS.resolve("lumoml.xsd")), StandardCharsets.UTF_8);
-    StringBuilder types = new StringBuilder(TYPES.indent(-4));
+    StringBuilder types = new StringBuilder(TYPES);
     for (String type : new String[] {"boolean", "double", "int", "unsignedInt"}) {
       charts = charts.replaceAll("(<xs:attribute name=\"\\w+\" type=\")xs:" + type + "\"", "$1" + type + "OrSlot\"");
       types.append("  <xs:simpleType name=\"").append(type).append("OrSlot\">\n    <xs:union memberTypes=\"xs:");
@@ -35,7 +35,7 @@ class TemplateSchemaTest {
     }
     return charts
         .replace("      The chart markup. Children",
-            "      The markup of visualization templates: the chart markup with slots. Children")
+            "      The markup of visualization templates: the chart markup with slots.\n      Children")
         .replace("           targetNamespace=",
             "           xmlns:t=\"http://xml.vexa.example/visualization-template\"\n           targetNamespace=")
         .replace("  <xs:element name=\"visualization\" type=\"visualization\"/>\n",

@@ -24,7 +24,7 @@ public final class TemplateRequests {
   /** A template with those slots, written `name kind more`, and that chart. */
   public static String template(String slots, String chart) {
     StringBuilder declared = new StringBuilder("<t:template version='1.0'>");
-    for (String slot : slots.split(";")) {
+    for (String slot : slots.split("; ")) {
       String[] parts = slot.strip().split(" ", 3);
       declared.append("<t:slot name='").append(parts[0]).append("' kind='").append(parts[1]).append("' ");
       declared.append(parts.length > 2 ? parts[2] : "").append("/>");
@@ -56,10 +56,10 @@ public final class TemplateRequests {
   }
 
   public static String specification(String attributes, String content) {
-    return request("<templateSpecification " + attributes + ">" + content + "</templateSpecification>");
+    return root("<templateSpecification " + attributes + ">" + content + "</templateSpecification>");
   }
 
-  public static String request(String content) {
+  public static String root(String content) {
     return "<lumoTemplate xmlns='http://xml.vexa.example/vexa/viewer/lumoTemplate' "
         + "xmlns:lumoml='http://xml.vexa.example/visualization' type='request'>" + content + "</lumoTemplate>";
   }
