@@ -4,6 +4,7 @@ import kestrel.converter.ConversionException;
 import kestrel.converter.PositionedHandler;
 import kestrel.converter.SafeXml;
 import org.xml.sax.Attributes;
+import org.xml.sax.SAXException;
 
 /** Reads an XML text into nodes. */
 final class TreeReader extends PositionedHandler {
@@ -13,6 +14,10 @@ final class TreeReader extends PositionedHandler {
   /** Stands for the namespace of attributes that belong nowhere. */
   static final String FOREIGN = "?";
 
+  /** Elements of a text; no request or template comes near it. */
+  private static final int MAXIMUM_ELEMENTS = 1_000_000;
+
+  private int elements;
   private Node root;
   private Node current;
   private final StringBuilder text = new StringBuilder();
@@ -27,7 +32,8 @@ final class TreeReader extends PositionedHandler {
   }
 
   @Override
-  protected void open(String uri, String name, Attributes attributes, int atLine, int atColumn) {
+  protected void open(String uri, String name, Attributes attributes, int atLine, int atColumn) throws SAXException {
+    if (++elements > MAXIMUM_ELEMENTS) throw new SAXException("there are more than " + MAXIMUM_ELEMENTS + " elements");
     takeText();
     Node node = new Node(Vocabulary.Space.of(uri), name, atLine, atColumn);
     for (int at = 0; at < attributes.getLength(); ++at) {
