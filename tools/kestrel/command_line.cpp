@@ -9,6 +9,7 @@
 #include "problem.h"
 #include "received_chart.h"
 #include "send/send_command.h"
+#include "template/template_command.h"
 #include "upgrade/upgrade_command.h"
 #include "utf8.h"
 
@@ -70,6 +71,15 @@ name ends with .pdl. The last two need a Java runtime of version 17 or later.
 A data FILE is a table as for kestrel chart. It has a column for each variable of the
 source, by the variable's source name; the texts of a column of categories become
 relabels of its variable. With one source, --data FILE is enough.
+
+)";
+
+constexpr char const* visualizationNotes =
+    R"(NAME is a shipped visualization template, or a file where it has a slash or a point in
+it; --list says which slots a template has. A slot for a variable takes the name of a
+column of the data, any other slot takes a text: --slot x=species --slot Title=Species.
+A slot for several variables is given several times. The conversion needs a Java
+runtime of version 17 or later.
 
 )";
 
@@ -286,6 +296,40 @@ void addUpgrade(CLI::App& program, UpgradeRequest& request) {
   upgrade->footer(exitCodes);
 }
 
+struct VisualizationOption {
+  char const* name;
+  std::string VisualizationRequest::*target;
+  char const* value;
+  char const* meaning;
+};
+
+constexpr VisualizationOption visualizationTexts[] = {
+    {"--data", &VisualizationRequest::data, fileValue, "the table, as for kestrel chart"},
+    {"--stylesheet", &VisualizationRequest::styleSheet, fileValue, "XSLT style sheet for the finished chart"},
+    {"--map", &VisualizationRequest::map, fileValue, "map of the data"},
+    {"--ref-map", &VisualizationRequest::referenceMap, fileValue, "reference map"},
+    {"--map-key", &VisualizationRequest::mapKey, textValue, "what ties the map to the data"},
+    {"-o,--output", &VisualizationRequest::output, folderValue, "where to write capture.kcap"},
+    {"--send", &VisualizationRequest::send, "unix:PATH",
+     "socket to send the chart to; beside or instead of -o"},
+};
+
+void addVisualization(CLI::App& program, VisualizationRequest& request) {
+  CLI::App* const command = program.add_subcommand(
+      "template", "Makes a chart of a CSV file by a visualization template; needs Java");
+  addOption(*command, "NAME", request.name, "NAME", "the visualization template");
+  command->add_flag("--list", request.list, "only says which templates there are, or the slots of NAME");
+  addOption(*command, "--slot", request.slots, "SLOT=VALUE", "what fills a slot; may be repeated");
+  addOption(*command, "--slot-label", request.slotLabels, "SLOT=TEXT",
+            "how axes and legends name the column of a slot; may be repeated");
+  addOption(*command, "--labeling", request.labelings, "SLOT=COLUMN",
+            "the column that names the cases of a slot; may be repeated");
+  for (VisualizationOption const& row : visualizationTexts)
+    addOption(*command, row.name, request.*row.target, row.value, row.meaning);
+  addTemplates(*command, request.templates);
+  command->footer(visualizationNotes + templateNotes() + exitCodes);
+}
+
 /// A description says what the options of a table would.
 SendRequest sendRequest(ChartRequest const& request) {
   SendRequest send;
@@ -389,6 +433,7 @@ int run(int count, char const* const* arguments) {
   ListenRequest listenRequest;
   SendRequest sendingRequest;
   UpgradeRequest upgradeRequest;
+  VisualizationRequest visualizationRequest;
   CLI::App const* const chart = addChart(program, chartRequest);
   addGallery(program, galleryRequest);
   addExplain(program, explainRequest);
@@ -396,6 +441,7 @@ int run(int count, char const* const* arguments) {
   CLI::App const* const listen = addListen(program, listenRequest);
   addSend(program, sendingRequest);
   addUpgrade(program, upgradeRequest);
+  addVisualization(program, visualizationRequest);
   try {
     program.parse(count, arguments);
   } catch (CLI::ParseError const& end) {
@@ -411,6 +457,10 @@ int run(int count, char const* const* arguments) {
   }
   if (program.got_subcommand("send")) {
     runSend(sendingRequest);
+    return code(Exit::Success);
+  }
+  if (program.got_subcommand("template")) {
+    runTemplate(visualizationRequest);
     return code(Exit::Success);
   }
   if (program.got_subcommand("upgrade")) {

@@ -1,9 +1,9 @@
 #include "chart_data.h"
 
 #include "categories.h"
+#include "column_names.h"
 #include "data_checks.h"
 #include "files.h"
-#include "nearest_name.h"
 #include "problem.h"
 #include "reference_values.h"
 
@@ -18,36 +18,17 @@ namespace kestrel::tool {
 
 namespace {
 
-std::string listed(std::vector<std::string> const& names) {
-  std::string text;
-  for (std::string const& name : names)
-    text += (text.empty() ? "" : ", ") + (name.empty() ? "(no name)" : name);
-  return text;
-}
-
-/// The place of a name in the header.
-std::size_t findColumn(ChartRequest const& request, CsvTable const& table, char const* option,
-                       std::string const& name) {
-  auto const found = std::find(table.names().begin(), table.names().end(), name);
-  if (found != table.names().end()) return static_cast<std::size_t>(found - table.names().begin());
-  std::string const nearest = nearestName(name, table.names());
-  throw badInput(request.data, 1,
-                 "there is no column " + inQuotes(name) + " for " + option + "; " +
-                     (nearest.empty() ? "the" : "did you mean " + inQuotes(nearest) + "? The") +
-                     " columns are: " + listed(table.names()));
-}
-
 /// Chooses columns of the table, each once.
 class Choice {
  public:
   Choice(ChartRequest const& request, CsvTable const& table) : mRequest(&request), mTable(&table) {
     for (std::string const& name : request.categorical) {
-      mCategorical.push_back(findColumn(request, table, "--categorical", name));
+      mCategorical.push_back(requireColumn(table, request.data, name, "--categorical"));
     }
   }
 
   std::size_t choose(char const* option, std::string const& name) {
-    std::size_t const column = findColumn(*mRequest, *mTable, option, name);
+    std::size_t const column = requireColumn(*mTable, mRequest->data, name, option);
     auto const before = std::find(mChosen.begin(), mChosen.end(), column);
     if (before != mChosen.end()) return static_cast<std::size_t>(before - mChosen.begin());
     mChosen.push_back(column);

@@ -25,9 +25,6 @@ std::string contentOf(std::string const& file, char const* what) {
   return content;
 }
 
-/// In the chart, files go by their names alone: whose machine they lay on is nobody's business.
-std::string nameOf(std::string const& file) { return std::filesystem::path(file).filename().string(); }
-
 /// Sending stamps the chart with the description that it is told: here the chart has its own.
 void keepDescription(XDocument& document) {
   ChartString const description(
@@ -48,10 +45,10 @@ class WatchedMessages : public host::StandardMessages {
 
 void addSideContents(XDocument& document, SendRequest const& request) {
   if (!request.styleSheet.empty())
-    document.setStyleSheet(nameOf(request.styleSheet), contentOf(request.styleSheet, "a style sheet"));
-  if (!request.map.empty()) document.setLUMOMap(nameOf(request.map), contentOf(request.map, "a map"));
+    document.setStyleSheet(nameInChart(request.styleSheet), contentOf(request.styleSheet, "a style sheet"));
+  if (!request.map.empty()) document.setLUMOMap(nameInChart(request.map), contentOf(request.map, "a map"));
   if (!request.referenceMap.empty())
-    document.setLUMORefMap(nameOf(request.referenceMap), contentOf(request.referenceMap, "a map"));
+    document.setLUMORefMap(nameInChart(request.referenceMap), contentOf(request.referenceMap, "a map"));
   for (std::string const& name : request.attachments) {
     // The library leaves out an attachment that it cannot read and goes on: here that is a fault of the
     // command line.
@@ -62,17 +59,27 @@ void addSideContents(XDocument& document, SendRequest const& request) {
 
 }  // namespace
 
+std::string nameInChart(std::string const& file) { return std::filesystem::path(file).filename().string(); }
+
 void runSend(SendRequest const& request) {
-  if (request.output.empty() && request.send.empty())
-    throw Problem("give -o FOLDER, --send unix:PATH, or both", Exit::BadInput);
+  requireWay(request);
   ChartTemplates const templates(request.templates);
-  VarDataProcessor store;
   std::unique_ptr<XDocument> const document = readChart(request.chart);
   if (request.isProtected) document->doNotModify(true);
-  readSourceData(*document->getVisualization(), request.data, store);
-  if (!request.data.empty()) document->SetChartData(&store);
-  keepDescription(*document);
   addSideContents(*document, request);
+  sendChart(*document, request, templates);
+}
+
+void requireWay(SendRequest const& request) {
+  if (request.output.empty() && request.send.empty())
+    throw Problem("give -o FOLDER, --send unix:PATH, or both", Exit::BadInput);
+}
+
+void sendChart(XDocument& document, SendRequest const& request, ChartTemplates const& templates) {
+  keepDescription(document);
+  VarDataProcessor store;
+  readSourceData(*document.getVisualization(), request.data, store);
+  if (!request.data.empty()) document.SetChartData(&store);
   ChartDelivery delivery(request.output, request.send);
   host::Host host;
   templates.install(host, delivery.name());
@@ -80,8 +87,8 @@ void runSend(SendRequest const& request) {
   auto const messages = std::make_shared<WatchedMessages>();
   host.messages = messages;
   host::ScopedHost const scope(host);
-  templates.addTo(*document);
-  delivery.finish(document->SendChart(false, false, false));
+  templates.addTo(document);
+  delivery.finish(document.SendChart(false, false, false));
   print(printable(delivery.name()) + ": " + counted(delivery.messages(), "message") + ", " +
         counted(delivery.bytes(), "byte") + "\n");
   // What failed of the style sheet has been shown.

@@ -1,8 +1,8 @@
 #include "source_data.h"
 
+#include "chart/column_names.h"
 #include "chart/column_types.h"
 #include "chart/csv_table.h"
-#include "chart/nearest_name.h"
 #include "files.h"
 #include "problem.h"
 
@@ -55,12 +55,6 @@ class Sources {
   std::vector<std::vector<LumoSourceVariable*>> mVariables;
 };
 
-std::string listed(std::vector<std::string> const& names) {
-  std::string text;
-  for (std::string const& name : names) text += (text.empty() ? "" : ", ") + printable(name);
-  return text;
-}
-
 struct SourceFile {
   std::string source;
   std::string file;
@@ -81,16 +75,8 @@ SourceFile sourceFile(Sources const& sources, std::string const& option) {
 }
 
 std::size_t columnOf(LumoSourceVariable const& variable, CsvTable const& table, std::string const& file) {
-  std::string const name = utf8(variable.getSourceName());
-  auto const& names = table.names();
-  auto const found = std::find(names.begin(), names.end(), name);
-  if (found != names.end()) return static_cast<std::size_t>(found - names.begin());
-  std::string const nearest = nearestName(name, names);
-  throw badInput(file, 1,
-                 "there is no column " + inQuotes(name) + " for the variable " +
-                     inQuotes(utf8(variable.getId())) + "; " +
-                     (nearest.empty() ? "the" : "did you mean " + inQuotes(nearest) + "? The") +
-                     " columns are: " + listed(names));
+  return requireColumn(table, file, utf8(variable.getSourceName()),
+                       "the variable " + inQuotes(utf8(variable.getId())));
 }
 
 /// The number that stands for each text, by the relabels of a variable.

@@ -1,0 +1,232 @@
+#include "template_command.h"
+
+#include "chart/column_names.h"
+#include "chart/column_types.h"
+#include "chart/csv_table.h"
+#include "files.h"
+#include "problem.h"
+#include "send/send_command.h"
+#include "template_slots.h"
+#include "xdocument.h"
+#include "xlumotemplate.h"
+
+#include "kestrelhost/host.h"
+#include "model/chartstring.h"
+
+#include <algorithm>
+#include <map>
+#include <memory>
+#include <utility>
+
+namespace kestrel::tool {
+
+namespace {
+
+/// Keeps what the library tells the user, for a fault that names the template.
+class KeptMessages : public host::UserMessages {
+ public:
+  void show(BpCellText const& text, BpErrorShow, BpErrorLevel) override { all.push_back(text.text()); }
+
+  std::vector<std::string> all;
+};
+
+/// Keeps what a service that is not there says of itself.
+class KeptNotes : public host::SilentLog {
+ public:
+  void note(std::string const& message) override { notes += "; " + message; }
+
+  std::string notes;
+};
+
+using Assigned = std::pair<std::string, std::string>;
+
+/// SLOT=VALUE. Names of slots have no equals sign.
+Assigned assigned(VisualizationTemplate const& of, char const* option, std::string const& text) {
+  std::size_t const equals = text.find('=');
+  if (equals == std::string::npos || equals == 0) {
+    throw Problem(
+        std::string(option) + " " + inQuotes(text) + " is not written SLOT=VALUE, such as x=species",
+        Exit::BadInput);
+  }
+  of.slot(text.substr(0, equals));
+  return {text.substr(0, equals), text.substr(equals + 1)};
+}
+
+std::map<std::string, std::string> assignedOnce(VisualizationTemplate const& of, char const* option,
+                                                std::vector<std::string> const& texts) {
+  std::map<std::string, std::string> values;
+  for (std::string const& text : texts) values.insert(assigned(of, option, text));
+  return values;
+}
+
+std::string valueOf(std::map<std::string, std::string> const& values, std::string const& slot) {
+  auto const found = values.find(slot);
+  return found == values.end() ? std::string() : found->second;
+}
+
+constexpr std::pair<char const*, XLumoTemplate::LABEL_TYPE> labelTypes[] = {
+    {"Title", XLumoTemplate::LABEL_TITLE},
+    {"Subtitle", XLumoTemplate::LABEL_SUBTITLE},
+    {"Subsubtitle", XLumoTemplate::LABEL_SUBSUBTITLE},
+    {"Footnote", XLumoTemplate::LABEL_FOOTNOTE},
+    {"Subfootnote", XLumoTemplate::LABEL_SUBFOOTNOTE},
+};
+
+void addText(XLumoTemplate& chart, Assigned const& slot) {
+  for (auto const& [name, type] : labelTypes) {
+    if (slot.first == name) {
+      chart.addLabel(type, slot.second);
+      return;
+    }
+  }
+  chart.addStatistic(slot.first, slot.second, nullptr);
+}
+
+/// Puts the columns and texts of a request into the slots of its template.
+class Slots {
+ public:
+  Slots(VisualizationRequest const& request, VisualizationTemplate const& of)
+      : mRequest(request),
+        mTemplate(of),
+        mTable(readCsv(request.data, readFile(request.data))),
+        mLabels(assignedOnce(of, "--slot-label", request.slotLabels)),
+        mLabelings(assignedOnce(of, "--labeling", request.labelings)) {}
+
+  void fill(XLumoTemplate& chart) const {
+    for (std::string const& text : mRequest.slots) {
+      Assigned const slot = assigned(mTemplate, "--slot", text);
+      if (mTemplate.slot(slot.first).takesVariables()) {
+        addVariable(chart, slot);
+      } else {
+        addText(chart, slot);
+      }
+    }
+  }
+
+ private:
+  void addVariable(XLumoTemplate& chart, Assigned const& slot) const {
+    auto const& [name, column] = slot;
+    std::string const label = valueOf(mLabels, name);
+    std::string const labeling = valueOf(mLabelings, name);
+    bool const categorical = !column.empty() && isCategorical(mTemplate.slot(name), column);
+    if (!labeling.empty()) requireColumn(mTable, mRequest.data, labeling, "--labeling " + name);
+    chart.addVariable(name, column, categorical, labeling, {}, nullptr,
+                      label.empty() ? nullptr : label.c_str(), XLumoTemplate::VARIABLE_SINGLE, nullptr,
+                      mTemplate.slot(name).kind == "weight", nullptr, false, nullptr, nullptr, nullptr);
+  }
+
+  /// Numbers can be categories; texts are nothing else.
+  bool isCategorical(TemplateSlot const& slot, std::string const& column) const {
+    std::size_t const index = requireColumn(mTable, mRequest.data, column, "the slot " + inQuotes(slot.name));
+    return slot.kind == "categorical" || readColumn(mTable, index, false).type == ColumnType::Text;
+  }
+
+  VisualizationRequest const& mRequest;
+  VisualizationTemplate const& mTemplate;
+  CsvTable mTable;
+  std::map<std::string, std::string> mLabels;
+  std::map<std::string, std::string> mLabelings;
+};
+
+XLumoTemplate::LOCATION locationOf(std::string const& name) {
+  bool const plain = name.find_first_of("/.") == std::string::npos;
+  return plain ? XLumoTemplate::LOCATION_LOCAL : XLumoTemplate::LOCATION_FILE;
+}
+
+void nameFiles(XLumoTemplate& chart, VisualizationRequest const& request, VisualizationTemplate const& of) {
+  ChartString name;
+  name.assignUTF8(of.file.empty() ? of.name : of.file);
+  chart.setTemplateName(name, of.file.empty() ? XLumoTemplate::LOCATION_LOCAL : XLumoTemplate::LOCATION_FILE);
+  if (!request.styleSheet.empty())
+    chart.setstyleSheetName(request.styleSheet, locationOf(request.styleSheet));
+  if (!request.map.empty()) chart.setDataMapName(request.map, locationOf(request.map));
+  if (!request.referenceMap.empty())
+    chart.setRefMapName(request.referenceMap, locationOf(request.referenceMap));
+  if (!request.mapKey.empty()) chart.setMapKey(request.mapKey);
+}
+
+std::string joined(std::vector<std::string> const& texts) {
+  std::string all;
+  for (std::string const& text : texts) all += (all.empty() ? "" : "; ") + text;
+  return all;
+}
+
+/// The text of the chart. Throws a Problem with what the library says where there is none; where there is
+/// one, that is told.
+std::string convert(XLumoTemplate& chart, VisualizationTemplate const& of, std::string& styleSheet) {
+  auto const messages = std::make_shared<KeptMessages>();
+  auto const log = std::make_shared<KeptNotes>();
+  host::Host host;
+  host.messages = messages;
+  host.log = log;
+  host::ScopedHost const scope(host);
+  std::string text;
+  bool const converted = chart.convert(text, styleSheet);
+  if (!converted || text.empty())
+    throw badInput(of.name, "gives no chart: " + joined(messages->all) + log->notes);
+  for (std::string const& message : messages->all) tell(message + log->notes);
+  return text;
+}
+
+std::unique_ptr<XDocument> documentOf(VisualizationRequest const& request, VisualizationTemplate const& of) {
+  XLumoTemplate chart;
+  nameFiles(chart, request, of);
+  Slots(request, of).fill(chart);
+  std::string styleSheet;
+  auto document = std::make_unique<XDocument>(convert(chart, of, styleSheet));
+  if (!styleSheet.empty()) document->setStyleSheet(nameInChart(request.styleSheet), styleSheet);
+  if (!chart.getDataMapContents().empty())
+    document->setLUMOMap(nameInChart(chart.getDataMapFileName()), chart.getDataMapContents());
+  if (!chart.getRefMapContents().empty())
+    document->setLUMORefMap(nameInChart(chart.getRefMapFileName()), chart.getRefMapContents());
+  return document;
+}
+
+std::string describe(TemplateSlot const& slot, std::size_t width) {
+  std::string line = "  " + slot.name + std::string(width - slot.name.size() + 2, ' ') + slot.kind;
+  if (slot.required) line += ", required";
+  if (slot.several) line += ", several";
+  if (slot.sets) line += ", sets";
+  if (!slot.values.empty()) line += " (" + slot.values + ")";
+  if (!slot.fallback.empty()) line += ", else " + slot.fallback;
+  return line + (slot.meaning.empty() ? "" : ": " + slot.meaning);
+}
+
+std::string describe(VisualizationTemplate const& shown) {
+  std::size_t width = 0;
+  for (TemplateSlot const& slot : shown.slots) width = std::max(width, slot.name.size());
+  std::string text =
+      printable(shown.name) + (shown.title.empty() ? "" : ": " + printable(shown.title)) + "\n";
+  for (TemplateSlot const& slot : shown.slots) text += printable(describe(slot, width)) + "\n";
+  return text;
+}
+
+void listTemplates(std::string const& name) {
+  std::vector<std::string> const names =
+      name.empty() ? shippedVisualizationTemplates() : std::vector<std::string>{name};
+  std::string text;
+  for (std::string const& one : names) text += describe(readVisualizationTemplate(one));
+  print(text);
+}
+
+}  // namespace
+
+void runTemplate(VisualizationRequest const& request) {
+  if (request.list) {
+    listTemplates(request.name);
+    return;
+  }
+  if (request.name.empty())
+    throw Problem("name a template, or list those that there are: kestrel template --list", Exit::BadInput);
+  if (request.data.empty()) throw Problem("give --data FILE, the table of the chart", Exit::BadInput);
+  SendRequest send;
+  send.data = {request.data};
+  send.output = request.output;
+  send.send = request.send;
+  requireWay(send);
+  ChartTemplates const templates(request.templates);
+  std::unique_ptr<XDocument> const document = documentOf(request, readVisualizationTemplate(request.name));
+  sendChart(*document, send, templates);
+}
+
+}  // namespace kestrel::tool
