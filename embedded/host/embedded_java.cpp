@@ -317,7 +317,7 @@ std::string EmbeddedJava::localStore() const {
 std::string EmbeddedJava::convertTemplate(std::string const& request) {
   JNIEnv* java = nullptr;
   if (!ready(java)) {
-    note("A visualization template is not converted: there is no Java");
+    note("a visualization template is not converted: the line before says why");
     return {};
   }
   try {

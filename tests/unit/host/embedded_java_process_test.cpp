@@ -361,4 +361,64 @@ TEST_F(EmbeddedJavaTest, SaysThatAMachineWillNotStart) {
   EXPECT_THAT(line(), HasSubstr("it does not start (code -6); install a Java runtime"));
 }
 
+std::string const chartTemplate =
+    "<visualization xmlns='http://xml.vexa.example/visualization' "
+    "xmlns:t='http://xml.vexa.example/visualization-template'><t:template version='1.0'>"
+    "<t:slot name='Title' kind='label'/></t:template><extension text='{Title}'/></visualization>";
+
+/// A request for a chart, of which the attributes say where its template is.
+std::string requestOf(std::string const& attributes, std::string const& mappings) {
+  return "<lumoTemplate xmlns='http://xml.vexa.example/vexa/viewer/lumoTemplate' type='request'>"
+         "<templateSpecification locale='' " +
+         attributes + ">" + mappings + "</templateSpecification></lumoTemplate>";
+}
+
+std::string replyTo(std::string const& request) { return GetAdapter()->ConvertClientLumoTemplate(request); }
+
+constexpr char title[] = "<mapping slotName='Title' slotValue='Größe 😀'/>";
+
+TEST_F(EmbeddedJavaTest, StartsItselfForATemplateOfTheLocalStore) {
+  folder.write("visualization-templates/one.lumotemplate", chartTemplate);
+  JavaSettings settings;
+  settings.store = folder.path();
+  use(settings);
+  EXPECT_THAT(replyTo(requestOf("templateName='one' location='local'", title)),
+              AllOf(HasSubstr("<Lumoml success=\"true\">"), HasSubstr("<extension text=\"Größe 😀\"/>")));
+}
+
+TEST_F(EmbeddedJavaTest, FindsATemplateInAFolderOfTheRepository) {
+  folder.write("team/one.lumotemplate", chartTemplate);
+  std::string const request =
+      requestOf("templateName='one' location='KOS' repositoryFolderSpec='team'", title);
+  JavaSettings settings;
+  settings.repository = folder.path();
+  use(settings);
+  EXPECT_THAT(replyTo(request), HasSubstr("<extension text=\"Größe 😀\"/>"));
+  use();
+  EXPECT_THAT(replyTo(request), HasSubstr("which this host does not have"));
+}
+
+TEST_F(EmbeddedJavaTest, HasTheShareFolderForItsLocalStore) {
+  use();
+  folder.write("visualization-templates/one.lumotemplate", chartTemplate);
+  services.paths->base = folder.path() + "/";
+  EXPECT_THAT(replyTo(requestOf("templateName='one' location='local'", title)),
+              HasSubstr("<extension text=\"Größe 😀\"/>"));
+}
+
+TEST_F(EmbeddedJavaTest, RefusesBrokenRequestsInAReply) {
+  use();
+  EXPECT_THAT(replyTo("<lumoTemplate"), HasSubstr("errorCode=\"RequestInvalid: line 1, column"));
+  EXPECT_THAT(replyTo(std::string("\xFF\0\xFE", 3)), HasSubstr("errorCode=\"RequestInvalid: line 1, column"));
+}
+
+TEST_F(EmbeddedJavaTest, WithoutARuntimeGivesNoReplyAndSaysWhy) {
+  use(homeAt(folder.path()));
+  EXPECT_EQ(replyTo(requestOf("templateName='histogram' location='local'", "")), "");
+  auto const notes = recorder->entries(Operation::Note);
+  ASSERT_EQ(notes.size(), 2u);
+  EXPECT_THAT(notes[0].text("message"), HasSubstr(folder.path()));
+  EXPECT_EQ(notes[1].text("message"), "a visualization template is not converted: the line before says why");
+}
+
 }  // namespace

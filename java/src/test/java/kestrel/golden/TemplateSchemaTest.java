@@ -1,4 +1,4 @@
-package kestrel.adapter;
+package kestrel.golden;
 
 import static kestrel.support.TemplateRequests.template;
 import static kestrel.support.TemplateRequests.whole;
