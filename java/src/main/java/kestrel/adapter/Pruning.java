@@ -1,6 +1,9 @@
 package kestrel.adapter;
 
-import java.util.HashSet;
+import java.util.ArrayDeque;
+import java.util.ArrayList;
+import java.util.Deque;
+import java.util.HashMap;
 import java.util.List;
 import java.util.Map;
 import java.util.Set;
@@ -12,11 +15,21 @@ import java.util.Set;
 final class Pruning {
   private final Node chart;
   private final Map<String, List<Filling>> filled;
-  private Set<String> gone = new HashSet<>();
+  /** How many elements have an id, for ids need not be unique. */
+  private final Map<String, Integer> bearers = new HashMap<>();
+  private final Map<String, List<Node>> referrers = new HashMap<>();
+  /** Ids that nothing has any more. */
+  private final Deque<String> gone = new ArrayDeque<>();
 
   private Pruning(Node chart, Map<String, List<Filling>> filled) {
     this.chart = chart;
     this.filled = filled;
+    for (Node node : chart.all()) {
+      if (!node.id().isEmpty()) bearers.merge(node.id(), 1, Integer::sum);
+      node.attributes.forEach((name, value) -> {
+        if (Vocabulary.isReference(name)) referrers.computeIfAbsent(value, id -> new ArrayList<>()).add(node);
+      });
+    }
   }
 
   static void prune(Node chart, Map<String, List<Filling>> filled) {
@@ -72,7 +85,7 @@ final class Pruning {
 
   private void remove(Node node) {
     for (Node below : node.all()) {
-      if (!below.id().isEmpty()) gone.add(below.id());
+      if (!below.id().isEmpty() && bearers.merge(below.id(), -1, Integer::sum) == 0) gone.add(below.id());
     }
     Node parent = node.parent();
     node.remove();
@@ -84,20 +97,16 @@ final class Pruning {
 
   private void follow() {
     while (!gone.isEmpty()) {
-      Set<String> ids = gone;
-      gone = new HashSet<>();
-      List<Node> all = chart.all();
-      // Ids need not be unique: what still has the id takes over.
-      for (Node node : all) ids.remove(node.id());
-      for (Node node : all) {
-        if (isThere(node)) followIn(node, ids);
+      String id = gone.remove();
+      for (Node node : referrers.getOrDefault(id, List.of())) {
+        if (isThere(node)) forget(node, id);
       }
     }
   }
 
-  private void followIn(Node node, Set<String> ids) {
+  private void forget(Node node, String id) {
     for (Map.Entry<String, String> attribute : List.copyOf(node.attributes.entrySet())) {
-      if (!Vocabulary.isReference(attribute.getKey()) || !ids.contains(attribute.getValue())) continue;
+      if (!Vocabulary.isReference(attribute.getKey()) || !attribute.getValue().equals(id)) continue;
       if (Vocabulary.isEssential(attribute.getKey())) {
         remove(node);
         return;

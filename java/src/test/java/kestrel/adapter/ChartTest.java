@@ -9,8 +9,10 @@ import static kestrel.support.TemplateRequests.text;
 import static kestrel.support.TemplateRequests.variable;
 import static org.junit.jupiter.api.Assertions.assertEquals;
 import static org.junit.jupiter.api.Assertions.assertFalse;
+import static org.junit.jupiter.api.Assertions.assertTimeout;
 import static org.junit.jupiter.api.Assertions.assertTrue;
 
+import java.time.Duration;
 import org.junit.jupiter.api.Test;
 
 /** The chart that a template becomes. */
@@ -97,6 +99,24 @@ class ChartTest {
     assertEquals(filled("v", "a", "") + "<graph id=\"g\"><coordinates><dimension/></coordinates><point>"
             + "<x variable=\"v\"/></point></graph><extension/>" + SOURCE,
         content(template, variable("x", "a", false)));
+  }
+
+  @Test
+  void whatStillHasTheIdKeepsTheReferences() {
+    String template = template("L label; M label",
+        "<graph id='g' t:if='L'/><graph id='g' t:if='M'/><extension a='{L}{M}'/><legend><legendTarget target='g'/></legend>");
+    assertHas("<legendTarget target=\"g\"/>", content(template, text("M", "a")));
+    assertEquals("<extension/>", content(template));
+  }
+
+  @Test
+  void referencesAreFollowedHoweverLongTheirChainIs() {
+    StringBuilder chain = new StringBuilder("<graph id='a0' t:if='L'/>");
+    for (int at = 1; at < 19_000; ++at) {
+      chain.append("<legendTarget id='a").append(at).append("' target='a").append(at - 1).append("'/>");
+    }
+    String template = template("L label", "<extension a='{L}'/><legend>" + chain + "<label/></legend>");
+    assertTimeout(Duration.ofSeconds(10), () -> assertEquals("<extension/>", content(template)));
   }
 
   @Test

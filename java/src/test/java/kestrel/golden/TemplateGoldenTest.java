@@ -70,6 +70,7 @@ class TemplateGoldenTest {
   @MethodSource("requests")
   void theRequestGetsItsChart(String name) throws Exception {
     byte[] request = Schemas.read(goldens().resolve(name + REQUEST));
+    Schemas.validate("template-request.xsd", request);
     byte[] reply = Converter.convertTemplate(request, share().toString(), "");
     TemplateRequests.chart(TemplateRequests.parsed(reply));
     Goldens.compare(

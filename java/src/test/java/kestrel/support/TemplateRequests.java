@@ -78,11 +78,12 @@ public final class TemplateRequests {
 
   public static Element parsed(byte[] reply) {
     try {
+      Schemas.validate("template-reply.xsd", reply);
       DocumentBuilderFactory factory = DocumentBuilderFactory.newDefaultInstance();
       factory.setNamespaceAware(true);
       return factory.newDocumentBuilder().parse(new ByteArrayInputStream(reply)).getDocumentElement();
     } catch (Exception failure) {
-      throw new AssertionError("no XML: " + new String(reply, StandardCharsets.UTF_8), failure);
+      throw new AssertionError("no reply: " + new String(reply, StandardCharsets.UTF_8), failure);
     }
   }
 
