@@ -30,11 +30,15 @@ class KeptMessages : public host::UserMessages {
   std::vector<std::string> all;
 };
 
-/// Keeps what a service that is not there says of itself.
-class KeptNotes : public host::SilentLog {
+/// Keeps what a service that is not there says of itself, and why something failed.
+class KeptLog : public host::SilentLog {
  public:
+  void error(std::string const& message, std::string const&, unsigned int) override {
+    errors += "; " + message;
+  }
   void note(std::string const& message) override { notes += "; " + message; }
 
+  std::string errors;
   std::string notes;
 };
 
@@ -133,15 +137,22 @@ XLumoTemplate::LOCATION locationOf(std::string const& name) {
   return plain ? XLumoTemplate::LOCATION_LOCAL : XLumoTemplate::LOCATION_FILE;
 }
 
+/// The library goes on without a file that it cannot read: here that is a fault of the command line.
+XLumoTemplate::LOCATION checkedLocation(std::string const& name) {
+  XLumoTemplate::LOCATION const location = locationOf(name);
+  if (location == XLumoTemplate::LOCATION_FILE && readFile(name).empty()) throw badInput(name, "is empty");
+  return location;
+}
+
 void nameFiles(XLumoTemplate& chart, VisualizationRequest const& request, VisualizationTemplate const& of) {
   ChartString name;
   name.assignUTF8(of.file.empty() ? of.name : of.file);
   chart.setTemplateName(name, of.file.empty() ? XLumoTemplate::LOCATION_LOCAL : XLumoTemplate::LOCATION_FILE);
   if (!request.styleSheet.empty())
-    chart.setstyleSheetName(request.styleSheet, locationOf(request.styleSheet));
-  if (!request.map.empty()) chart.setDataMapName(request.map, locationOf(request.map));
+    chart.setstyleSheetName(request.styleSheet, checkedLocation(request.styleSheet));
+  if (!request.map.empty()) chart.setDataMapName(request.map, checkedLocation(request.map));
   if (!request.referenceMap.empty())
-    chart.setRefMapName(request.referenceMap, locationOf(request.referenceMap));
+    chart.setRefMapName(request.referenceMap, checkedLocation(request.referenceMap));
   if (!request.mapKey.empty()) chart.setMapKey(request.mapKey);
 }
 
@@ -153,9 +164,10 @@ std::string joined(std::vector<std::string> const& texts) {
 
 /// The text of the chart. Throws a Problem with what the library says where there is none; where there is
 /// one, that is told.
-std::string convert(XLumoTemplate& chart, VisualizationTemplate const& of, std::string& styleSheet) {
+std::string convert(XLumoTemplate& chart, VisualizationTemplate const& of, std::string const& sheetName,
+                    std::string& styleSheet) {
   auto const messages = std::make_shared<KeptMessages>();
-  auto const log = std::make_shared<KeptNotes>();
+  auto const log = std::make_shared<KeptLog>();
   host::Host host;
   host.messages = messages;
   host.log = log;
@@ -164,6 +176,8 @@ std::string convert(XLumoTemplate& chart, VisualizationTemplate const& of, std::
   bool const converted = chart.convert(text, styleSheet);
   if (!converted || text.empty())
     throw badInput(of.name, "gives no chart: " + joined(messages->all) + log->notes);
+  if (!sheetName.empty() && styleSheet.empty())
+    throw badInput(sheetName, "gives no style sheet: " + joined(messages->all) + log->errors + log->notes);
   for (std::string const& message : messages->all) tell(message + log->notes);
   return text;
 }
@@ -173,7 +187,7 @@ std::unique_ptr<XDocument> documentOf(VisualizationRequest const& request, Visua
   nameFiles(chart, request, of);
   Slots(request, of).fill(chart);
   std::string styleSheet;
-  auto document = std::make_unique<XDocument>(convert(chart, of, styleSheet));
+  auto document = std::make_unique<XDocument>(convert(chart, of, request.styleSheet, styleSheet));
   if (!styleSheet.empty()) document->setStyleSheet(nameInChart(request.styleSheet), styleSheet);
   if (!chart.getDataMapContents().empty())
     document->setLUMOMap(nameInChart(chart.getDataMapFileName()), chart.getDataMapContents());
