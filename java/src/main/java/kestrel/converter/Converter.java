@@ -35,8 +35,8 @@ public final class Converter {
 
   /**
    * The reply to a request for a chart from a visualization template. What is wrong with the request or the template is
-   * told in the reply. The folders are the host's own, with a folder for each kind of file, and the repository; an empty
-   * text stands for none.
+   * told in the reply. The folders are the host's own, with a folder for each kind of file, and the repository; an
+   * empty text stands for none.
    */
   public static byte[] convertTemplate(byte[] request, String localStore, String repository) {
     try {
