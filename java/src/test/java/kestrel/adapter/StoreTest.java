@@ -171,7 +171,7 @@ class StoreTest {
   @ValueSource(strings = {"<!DOCTYPE v><v/>", "<!DOCTYPE v [<!ENTITY e SYSTEM 'file:///etc/passwd'>]><v>&e;</v>"})
   void aTemplateWithADocumentTypeIsRefused(String text) throws IOException {
     write(store, "visualization-templates/typed.lumotemplate", text);
-    assertTrue(refusal(local("typed")).matches("(?s)TemplateNotWellFormed: .*DOCTYPE is disallowed.*"));
+    assertTrue(refusal(local("typed")).matches("(?s)TemplateNotWellFormed: .*a document type declaration is not allowed.*"));
   }
 
   @Test
