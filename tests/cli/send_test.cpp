@@ -126,6 +126,20 @@ TEST_F(Send, LeavesNumbersOfCategoriesWithoutRelabelsAsTheyAre) {
   EXPECT_EQ(column(1, 2, 2), (std::vector<double>{30, 12}));
 }
 
+TEST_F(Send, ShowsDatesThatAreCategoriesAsTheTableHasThem) {
+  std::string dates = birdsChart;
+  std::size_t const format = dates.find("    <format>");
+  dates.erase(format, dates.find("  </sourceVariable>", format) - format);
+  write("chart.xml", dates);
+  write("birds.csv", "species,length\n2020-01-02,1\n2020-01-03,2\n2020-01-02,3\n,4\n");
+  ASSERT_EQ(send({"--data", "birds.csv"}).exit, 0);
+  EXPECT_EQ(column(1, 2, 4)[0], 1577923200);
+  std::string const text = chartText();
+  EXPECT_THAT(text, testing::ContainsRegex(
+                        "from=\"1577923200\" to=\"2020-01-02\"/>[ \n]*<relabel from=\"1578009600\" "
+                        "to=\"2020-01-03\"/>[ \n]*</format>"));
+}
+
 TEST_F(Send, CountsTheRowsForACaseNumber) {
   std::string counted = birdsChart;
   counted.replace(counted.find("\"length\""), 8, "\"$CASENUM\"");

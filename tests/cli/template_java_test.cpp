@@ -181,7 +181,7 @@ TEST_F(Templates, AreNotUsedWhereTheCommandLineIsWrong) {
 TEST_F(Templates, NeedJavaAndSayWhyItIsNotThere) {
   Outcome const outcome =
       shell("mkdir -p share/java && cp -r " KESTREL_SOURCE_DIR
-            "/share/visualization-templates share/ && echo broken > share/java/kestrel-java.jar && "
+            "/share/template share/ && echo broken > share/java/kestrel-java.jar && "
             "KESTREL_SHARE=$PWD/share $KESTREL template histogram --slot x=size --data table.csv -o out");
   EXPECT_EQ(outcome.exit, 1);
   EXPECT_THAT(outcome.err, AllOf(StartsWith("kestrel: histogram: gives no chart: "),

@@ -378,7 +378,7 @@ std::string replyTo(std::string const& request) { return GetAdapter()->ConvertCl
 constexpr char title[] = "<mapping slotName='Title' slotValue='Größe 😀'/>";
 
 TEST_F(EmbeddedJavaTest, StartsItselfForATemplateOfTheLocalStore) {
-  folder.write("visualization-templates/one.lumotemplate", chartTemplate);
+  folder.write("template/one.lumotemplate", chartTemplate);
   JavaSettings settings;
   settings.store = folder.path();
   use(settings);
@@ -400,7 +400,7 @@ TEST_F(EmbeddedJavaTest, FindsATemplateInAFolderOfTheRepository) {
 
 TEST_F(EmbeddedJavaTest, HasTheShareFolderForItsLocalStore) {
   use();
-  folder.write("visualization-templates/one.lumotemplate", chartTemplate);
+  folder.write("template/one.lumotemplate", chartTemplate);
   services.paths->base = folder.path() + "/";
   EXPECT_THAT(replyTo(requestOf("templateName='one' location='local'", title)),
               HasSubstr("<extension text=\"Größe 😀\"/>"));

@@ -146,6 +146,20 @@ std::vector<double> categoryCells(Categories& categories, CsvTable const& table,
   return cells;
 }
 
+/// Dates that are categories are numbers of seconds, which nobody can read: each shows as the table has it.
+void showDates(LumoSourceVariable& variable, CsvTable const& table, std::size_t index, Column const& column) {
+  std::set<double> shown;
+  for (std::size_t row = 0; row < table.rows(); ++row) {
+    double const value = column.values[row];
+    if (value == host::systemMissing || !shown.insert(value).second) continue;
+    ChartString from;
+    from.appendDouble(value);
+    ChartString to;
+    to.assignUTF8(std::string(table.cell(row, index)));
+    formatOf(variable).addRelabel(from.xc_str(), to.xc_str());
+  }
+}
+
 /// The cells of a column as the chart takes them.
 std::vector<double> cellsOf(LumoSourceVariable& variable, CsvTable const& table, std::size_t index,
                             std::string const& file) {
@@ -157,7 +171,11 @@ std::vector<double> cellsOf(LumoSourceVariable& variable, CsvTable const& table,
                              inQuotes(utf8(variable.getId())) + " is one of numbers; make it categorical");
   }
   Categories categories(variable);
-  if (!isText && (!variable.getCategorical() || categories.empty())) return std::move(column.values);
+  if (!isText && (!variable.getCategorical() || categories.empty())) {
+    bool const isDate = column.type == ColumnType::Date || column.type == ColumnType::DateTime;
+    if (isDate && variable.getCategorical()) showDates(variable, table, index, column);
+    return std::move(column.values);
+  }
   return categoryCells(categories, table, index, column);
 }
 

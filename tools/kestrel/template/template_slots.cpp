@@ -28,7 +28,7 @@ constexpr char suffix[] = ".lumotemplate";
 
 fs::path shippedFolder() {
   constexpr int productPaths = 3;
-  return fs::path(host::Host::current().paths->basePath(productPaths)) / "visualization-templates";
+  return fs::path(host::Host::current().paths->basePath(productPaths)) / "template";
 }
 
 bool isPlainName(std::string const& name) { return name.find_first_of("/.") == std::string::npos; }

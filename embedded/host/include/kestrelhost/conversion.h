@@ -72,7 +72,7 @@ struct VEXA_API JavaSettings {
   std::string archives;
   /// The greatest size of the Java heap, in MiB; at least 16.
   unsigned int heap = 512;
-  /// The local store: the folder of what requests name as local, in its folders "visualization-templates",
+  /// The local store: the folder of what requests name as local, in its folders "template",
   /// "maps" and "style-sheets". Empty: the share folder.
   std::string store;
   /// The folder of what requests name as of the repository. Empty: the host has no repository.

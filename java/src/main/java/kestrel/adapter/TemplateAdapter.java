@@ -74,7 +74,7 @@ public final class TemplateAdapter {
     if (wanted.location() == Location.FILE) {
       throw new Refusal(Kind.TemplateMissing, "the request has no template in it; its file could not be read");
     }
-    Store store = stores.of("visualization-templates", wanted.location(), wanted.folder());
+    Store store = stores.of("template", wanted.location(), wanted.folder());
     Path file = store.find(wanted.name(), TEMPLATE_ENDING);
     if (file == null) {
       throw new Refusal(Kind.TemplateNotFound, store.absent("template", wanted.name(), TEMPLATE_ENDING));

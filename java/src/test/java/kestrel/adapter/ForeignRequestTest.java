@@ -73,7 +73,8 @@ class ForeignRequestTest {
     for (String type : new String[] {"", " SYSTEM '" + address + "'", " [<!ENTITY e SYSTEM '" + secret + "'>]",
              " [<!ENTITY % p SYSTEM '" + address + "'> %p;]", " [<!ENTITY a 'aaaa'><!ENTITY b '&a;&a;&a;&a;'>]"}) {
       String code = refusal("<!DOCTYPE lumoTemplate" + type + ">" + WHOLE.replace("{L}</text>", "{L}&e;</text>"));
-      assertTrue(code.matches("(?s)RequestInvalid: line 1, column \\d+: a document type declaration is not allowed.*"), code);
+      assertTrue(
+          code.matches("(?s)RequestInvalid: line 1, column \\d+: a document type declaration is not allowed.*"), code);
       assertFalse(code.contains("read-from-a-file"), code);
     }
     String located = WHOLE.replace("<lumoTemplate ",

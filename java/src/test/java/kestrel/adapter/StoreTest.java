@@ -39,7 +39,7 @@ class StoreTest {
   void fill() throws IOException {
     store = Files.createDirectories(folder.resolve("store"));
     repository = Files.createDirectories(folder.resolve("repository"));
-    write(store, "visualization-templates/one.lumotemplate", TEMPLATE);
+    write(store, "template/one.lumotemplate", TEMPLATE);
     write(repository, "team/charts/two.lumotemplate", TEMPLATE);
     write(folder, "secret.lumotemplate", TEMPLATE);
   }
@@ -102,7 +102,7 @@ class StoreTest {
 
   @ParameterizedTest
   @ValueSource(strings = {"../secret", "..", ".", "a/b", "/etc/passwd", "a\\b", ".hidden", "C:x", "a&#10;b", "", " ",
-                   "visualization-templates/one"})
+                   "template/one"})
   void
   aNameThatIsNotPlainIsRefused(String name) {
     for (Element reply : new Element[] {local(name), shared(name, "team/charts")}) {
@@ -124,7 +124,7 @@ class StoreTest {
 
   @Test
   void aLinkOutOfTheStoreIsRefused() throws IOException {
-    Path templates = store.resolve("visualization-templates");
+    Path templates = store.resolve("template");
     Files.createSymbolicLink(templates.resolve("out.lumotemplate"), folder.resolve("secret.lumotemplate"));
     Files.createSymbolicLink(repository.resolve("up"), folder);
     Files.createSymbolicLink(templates.resolve("nowhere.lumotemplate"), folder.resolve("nowhere"));
@@ -136,13 +136,13 @@ class StoreTest {
 
   @Test
   void aLinkWithinTheStoreIsFollowed() throws IOException {
-    Files.createSymbolicLink(store.resolve("visualization-templates/same.lumotemplate"), Path.of("one.lumotemplate"));
+    Files.createSymbolicLink(store.resolve("template/same.lumotemplate"), Path.of("one.lumotemplate"));
     assertTrue(chart(local("same")).contains("a=\"x\""));
   }
 
   @Test
   void whatIsNoRegularFileIsNotFound() throws Exception {
-    Path templates = store.resolve("visualization-templates");
+    Path templates = store.resolve("template");
     Files.createDirectory(templates.resolve("folder.lumotemplate"));
     assertTrue(refusal(local("folder")).startsWith("TemplateNotFound: "));
     Process made = new ProcessBuilder("mkfifo", templates.resolve("pipe.lumotemplate").toString()).start();
@@ -152,7 +152,7 @@ class StoreTest {
 
   @Test
   void aTemplateThatIsTooLargeIsNotRead() throws IOException {
-    try (var file = new RandomAccessFile(store.resolve("visualization-templates/big.lumotemplate").toFile(), "rw")) {
+    try (var file = new RandomAccessFile(store.resolve("template/big.lumotemplate").toFile(), "rw")) {
       file.setLength(200L << 20);
     }
     assertEquals("TemplateNotWellFormed: \"big.lumotemplate\" in the local store has more than 134217728 bytes",
@@ -161,17 +161,18 @@ class StoreTest {
 
   @Test
   void aTemplateThatIsNoXmlIsToldWithThePlace() throws IOException {
-    write(store, "visualization-templates/bad.lumotemplate", "<visualization>\n<graph>");
+    write(store, "template/bad.lumotemplate", "<visualization>\n<graph>");
     assertTrue(refusal(local("bad")).startsWith("TemplateNotWellFormed: the template \"bad\", line 2, column "));
-    write(store, "visualization-templates/empty.lumotemplate", "");
+    write(store, "template/empty.lumotemplate", "");
     assertEquals("TemplateNotWellFormed: the template \"empty\", the template is empty", refusal(local("empty")));
   }
 
   @ParameterizedTest
   @ValueSource(strings = {"<!DOCTYPE v><v/>", "<!DOCTYPE v [<!ENTITY e SYSTEM 'file:///etc/passwd'>]><v>&e;</v>"})
   void aTemplateWithADocumentTypeIsRefused(String text) throws IOException {
-    write(store, "visualization-templates/typed.lumotemplate", text);
-    assertTrue(refusal(local("typed")).matches("(?s)TemplateNotWellFormed: .*a document type declaration is not allowed.*"));
+    write(store, "template/typed.lumotemplate", text);
+    assertTrue(
+        refusal(local("typed")).matches("(?s)TemplateNotWellFormed: .*a document type declaration is not allowed.*"));
   }
 
   @Test

@@ -44,7 +44,7 @@ class TemplateGoldenTest {
   }
 
   static List<String> templates() throws IOException {
-    return namesIn(share().resolve("visualization-templates"), TEMPLATE);
+    return namesIn(share().resolve("template"), TEMPLATE);
   }
 
   @Test
@@ -62,7 +62,7 @@ class TemplateGoldenTest {
   @ParameterizedTest
   @MethodSource("templates")
   void theTemplateIsValid(String name) throws Exception {
-    Path file = share().resolve("visualization-templates").resolve(name + TEMPLATE);
+    Path file = share().resolve("template").resolve(name + TEMPLATE);
     Schemas.validate("visualization-template.xsd", Schemas.read(file));
   }
 
