@@ -67,6 +67,7 @@ std::vector<std::string> options(unsigned int heap) {
 /// @return what JNI says of it
 jint createMachine(CreateMachine create, std::vector<std::string>& texts, JavaVM*& machine) {
   std::vector<JavaVMOption> list;
+  list.reserve(texts.size());
   for (std::string& text : texts) list.push_back({text.data(), nullptr});
   JavaVMInitArgs arguments{JNI_VERSION_10, static_cast<jint>(list.size()), list.data(), JNI_FALSE};
   void* environment = nullptr;

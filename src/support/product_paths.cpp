@@ -25,9 +25,10 @@ PathInstance const& productPaths() {
   return present(PathFactory::getPathInstance(3), "path to the product");
 }
 
-std::string productTemplate(std::string const& name) {
+std::string productTemplate(std::string name) {
   // No separator: the base folder ends with one.
-  return productPaths().getBasePath() + "template/" + name;
+  name.insert(0, productPaths().getBasePath() + "template/");
+  return name;
 }
 
 std::string codePageOfDictionary(std::string const& dictionaryPath) {

@@ -19,6 +19,7 @@
 #include <xercesc/dom/DOMNodeList.hpp>
 
 #include <string>
+#include <utility>
 #include <vector>
 
 using kestrel::logFailure;
@@ -105,7 +106,9 @@ void XDocument::applyStyleTemplate() {
   }
 }
 
-std::string XDocument::fetchTemplateFile(std::string name) { return fetch(kestrel::productTemplate(name)); }
+std::string XDocument::fetchTemplateFile(std::string name) {
+  return fetch(kestrel::productTemplate(std::move(name)));
+}
 
 bool XDocument::useColorsOnly() {
   for (std::string const& name : OTemplate().Get()) {
