@@ -65,12 +65,10 @@ ChartString attribute(DOMElement const& element, char16_t const* name) { return 
 
 bool isSuccessful(DOMElement const& element) { return attribute(element, u"success").equals(successful); }
 
-/// The text behind a URI; that there is none is reported.
-std::string contentsOf(ChartString const& uri, std::string& fileName) {
+std::string fileNameOf(ChartString const& uri) {
   ChartString name(uri);
   XLumoTemplate::Data::replaceSpecialChars(name);
-  fileName = name.toUTF8();
-  return fetch(fileName);
+  return name.toUTF8();
 }
 
 void tellIfMissing(std::string const& fileName, std::string const& contents) {
@@ -150,8 +148,10 @@ bool XLumoTemplate::Data::takeMaps(DOMDocument const& reply) {
   }
   mDataMapName = attribute(*maps, u"dataMapURI");
   mRefMapName = attribute(*maps, u"refMapURI");
-  mDataMapContents = contentsOf(mDataMapName, mDataMapFileName);
-  mRefMapContents = contentsOf(mRefMapName, mRefMapFileName);
+  mDataMapFileName = fileNameOf(mDataMapName);
+  mRefMapFileName = fileNameOf(mRefMapName);
+  mDataMapContents = fetch(mDataMapFileName);
+  mRefMapContents = fetch(mRefMapFileName);
   tellIfMissing(mDataMapFileName, mDataMapContents);
   tellIfMissing(mRefMapFileName, mRefMapContents);
   return true;

@@ -68,7 +68,8 @@ DOMElement& append(xercesc::DOMNode& parent, char16_t const* name) {
 /// Such as "en-US".
 ChartString localeText() {
   constexpr int size = 124;
-  char buffer[size] = {};
+  // One more than the host is told of: one that fills it may leave no end.
+  char buffer[size + 1] = {};
   std::string name;
   if (VexaMBDefaultLocaleName_A(buffer, size) > 0) name = buffer;
   name.erase(std::min(name.rfind('.'), name.size()));

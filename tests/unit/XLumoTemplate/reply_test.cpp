@@ -187,6 +187,14 @@ TEST_F(Reply, TellsOfEachMapThatCannotBeReadAndGoesOn) {
   EXPECT_EQ(styleSheet, "s");
 }
 
+TEST_F(Reply, NamesBothMapsBeforeItFetchesThem) {
+  replies("<reply><mapInfo dataMapURI=\"a\" refMapURI=\"b\"/></reply>");
+  recorder.throwAt(Operation::Fetch, 1, OrdinaryFailure());
+  EXPECT_THROW(convert(), OrdinaryFailure);
+  EXPECT_EQ(chart.getDataMapFileName(), "a");
+  EXPECT_EQ(chart.getRefMapFileName(), "b");
+}
+
 TEST_F(Reply, FetchesBothMapsBeforeItTells) {
   replies("<reply><mapInfo dataMapURI=\"a\" refMapURI=\"b\"/></reply>");
   recorder.throwAt(Operation::BpError, 1, OrdinaryFailure());

@@ -1,5 +1,6 @@
 package kestrel.adapter;
 
+import java.util.ArrayDeque;
 import kestrel.converter.ConversionException;
 import kestrel.converter.PositionedHandler;
 import kestrel.converter.SafeXml;
@@ -20,7 +21,8 @@ final class TreeReader extends PositionedHandler {
   private int elements;
   private Node root;
   private Node current;
-  private final StringBuilder text = new StringBuilder();
+  /** What stands in the open elements so far, the innermost first. */
+  private final ArrayDeque<StringBuilder> texts = new ArrayDeque<>();
 
   private TreeReader() {}
 
@@ -34,7 +36,7 @@ final class TreeReader extends PositionedHandler {
   @Override
   protected void open(String uri, String name, Attributes attributes, int atLine, int atColumn) throws SAXException {
     if (++elements > MAXIMUM_ELEMENTS) throw new SAXException("there are more than " + MAXIMUM_ELEMENTS + " elements");
-    takeText();
+    texts.push(new StringBuilder());
     Node node = new Node(Vocabulary.Space.of(uri), name, atLine, atColumn);
     for (int at = 0; at < attributes.getLength(); ++at) {
       String prefix = prefixOf(attributes.getURI(at));
@@ -60,18 +62,13 @@ final class TreeReader extends PositionedHandler {
 
   @Override
   protected void close() {
-    takeText();
+    current.text = texts.pop().toString();
     current = current.parent();
-  }
-
-  private void takeText() {
-    if (current != null && !text.isEmpty()) current.text = current.text.concat(text.toString());
-    text.setLength(0);
   }
 
   @Override
   protected void text(String content, int atLine, int atColumn) {
-    text.append(content);
+    if (!texts.isEmpty()) texts.peek().append(content);
   }
 
   @Override
