@@ -87,6 +87,13 @@ TEST_F(Templates, TakeSeveralColumnsWhereASlotDoes) {
   EXPECT_THAT(column(2, 3, 3), ElementsAre(10, 20, 30));
 }
 
+TEST_F(Templates, NameEachOfSeveralColumns) {
+  std::string const chart =
+      made("line_over_time", {"--slot", "time=day", "--slot", "y=size", "--slot", "y=weight", "--slot-label",
+                              "y=Size (m)", "--slot-label", "y=Weight (kg)"});
+  EXPECT_THAT(chart, AllOf(HasSubstr("label=\"Size (m)\""), HasSubstr("label=\"Weight (kg)\"")));
+}
+
 TEST_F(Templates, NameCasesByAColumn) {
   EXPECT_THAT(made("box_plot", {"--slot", "x=kind", "--slot", "y=size"}),
               HasSubstr("sourceName=\"$CASENUM\""));
@@ -169,6 +176,15 @@ TEST_F(Templates, AreNotUsedWhereTheCommandLineIsWrong) {
       {{"template", "box_plot", "--data", "table.csv", "-o", "out", "--slot", "y=size", "--labeling",
         "y=who"},
        "table.csv:1: there is no column 'who' for --labeling y"},
+      {{"template", "histogram", "--data", "table.csv", "-o", "out", "--slot", "x=size", "--slot-label",
+        "Title=a"},
+       "--slot-label goes with slots for columns; 'Title' takes a text"},
+      {{"template", "histogram", "--data", "table.csv", "-o", "out", "--slot", "x=size", "--labeling",
+        "weight=kind"},
+       "--labeling is given for 'weight', which no --slot fills"},
+      {{"template", "histogram", "--data", "table.csv", "-o", "out", "--slot", "x=size", "--slot-label",
+        "x=a", "--slot-label", "x=b"},
+       "--slot-label is given for 'x' 2 times, and it has 1 column; give one for all, or one for each"},
   };
   for (Fault const& fault : faults) {
     Outcome const outcome = kestrel(fault.arguments);

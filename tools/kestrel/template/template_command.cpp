@@ -14,6 +14,7 @@
 #include "model/chartstring.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <map>
 #include <memory>
 #include <utility>
@@ -56,17 +57,46 @@ Assigned assigned(VisualizationTemplate const& of, char const* option, std::stri
   return {text.substr(0, equals), text.substr(equals + 1)};
 }
 
-std::map<std::string, std::string> assignedOnce(VisualizationTemplate const& of, char const* option,
-                                                std::vector<std::string> const& texts) {
-  std::map<std::string, std::string> values;
-  for (std::string const& text : texts) values.insert(assigned(of, option, text));
-  return values;
-}
+/// What goes with the columns of slots: one text for all columns of a slot, or one for each in their order.
+class BesideColumns {
+ public:
+  BesideColumns(VisualizationTemplate const& of, char const* option, std::vector<std::string> const& texts)
+      : mOption(option) {
+    for (std::string const& text : texts) {
+      auto const [slot, value] = assigned(of, option, text);
+      if (!of.slot(slot).takesVariables())
+        throw Problem(mOption + " goes with slots for columns; " + inQuotes(slot) + " takes a text",
+                      Exit::BadInput);
+      mTexts[slot].push_back(value);
+    }
+  }
 
-std::string valueOf(std::map<std::string, std::string> const& values, std::string const& slot) {
-  auto const found = values.find(slot);
-  return found == values.end() ? std::string() : found->second;
-}
+  /// @param columns how many columns each slot has
+  void requireColumns(std::map<std::string, std::size_t> const& columns) const {
+    for (auto const& [slot, texts] : mTexts) {
+      auto const found = columns.find(slot);
+      if (found == columns.end())
+        throw Problem(mOption + " is given for " + inQuotes(slot) + ", which no --slot fills",
+                      Exit::BadInput);
+      if (texts.size() == 1 || texts.size() == found->second) continue;
+      throw Problem(mOption + " is given for " + inQuotes(slot) + " " + counted(texts.size(), "time") +
+                        ", and it has " + counted(found->second, "column") +
+                        "; give one for all, or one for each",
+                    Exit::BadInput);
+    }
+  }
+
+  /// Empty where there is none. Columns count from 0.
+  std::string of(std::string const& slot, std::size_t column) const {
+    auto const found = mTexts.find(slot);
+    if (found == mTexts.end()) return {};
+    return found->second.size() == 1 ? found->second.front() : found->second[column];
+  }
+
+ private:
+  std::string mOption;
+  std::map<std::string, std::vector<std::string>> mTexts;
+};
 
 constexpr std::pair<char const*, XLumoTemplate::LABEL_TYPE> labelTypes[] = {
     {"Title", XLumoTemplate::LABEL_TITLE},
@@ -93,14 +123,22 @@ class Slots {
       : mRequest(request),
         mTemplate(of),
         mTable(readCsv(request.data, readFile(request.data))),
-        mLabels(assignedOnce(of, "--slot-label", request.slotLabels)),
-        mLabelings(assignedOnce(of, "--labeling", request.labelings)) {}
+        mLabels(of, "--slot-label", request.slotLabels),
+        mLabelings(of, "--labeling", request.labelings) {}
 
   void fill(XLumoTemplate& chart) const {
+    std::map<std::string, std::size_t> columns;
+    for (std::string const& text : mRequest.slots) {
+      Assigned const slot = assigned(mTemplate, "--slot", text);
+      if (mTemplate.slot(slot.first).takesVariables()) ++columns[slot.first];
+    }
+    mLabels.requireColumns(columns);
+    mLabelings.requireColumns(columns);
+    std::map<std::string, std::size_t> filled;
     for (std::string const& text : mRequest.slots) {
       Assigned const slot = assigned(mTemplate, "--slot", text);
       if (mTemplate.slot(slot.first).takesVariables()) {
-        addVariable(chart, slot);
+        addVariable(chart, slot, filled[slot.first]++);
       } else {
         addText(chart, slot);
       }
@@ -108,10 +146,10 @@ class Slots {
   }
 
  private:
-  void addVariable(XLumoTemplate& chart, Assigned const& slot) const {
+  void addVariable(XLumoTemplate& chart, Assigned const& slot, std::size_t at) const {
     auto const& [name, column] = slot;
-    std::string const label = valueOf(mLabels, name);
-    std::string const labeling = valueOf(mLabelings, name);
+    std::string const label = mLabels.of(name, at);
+    std::string const labeling = mLabelings.of(name, at);
     bool const categorical = !column.empty() && isCategorical(mTemplate.slot(name), column);
     if (!labeling.empty()) requireColumn(mTable, mRequest.data, labeling, "--labeling " + name);
     chart.addVariable(name, column, categorical, labeling, {}, nullptr,
@@ -128,8 +166,8 @@ class Slots {
   VisualizationRequest const& mRequest;
   VisualizationTemplate const& mTemplate;
   CsvTable mTable;
-  std::map<std::string, std::string> mLabels;
-  std::map<std::string, std::string> mLabelings;
+  BesideColumns mLabels;
+  BesideColumns mLabelings;
 };
 
 XLumoTemplate::LOCATION locationOf(std::string const& name) {
