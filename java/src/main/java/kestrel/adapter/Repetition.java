@@ -118,6 +118,7 @@ final class Repetition {
     boolean colored = layer.children.stream().noneMatch(child -> child.name.equals("color"));
     boolean set = fillings.get(0).set() != null;
     if (set && layer.name.equals("interval")) layer.attributes.putIfAbsent("positionModifier", STACKED);
+    Colors colors = colored && !set ? new Colors(styleOf(layer)) : null;
     Node pristine = layer.copy();
     Map<String, List<String>> copiedIds = new HashMap<>();
     name(layer, slot, fillings.get(0));
@@ -126,7 +127,7 @@ final class Repetition {
       Map<String, String> renamed = new HashMap<>();
       renamed.put(variables.get(0).id(), variables.get(at).id());
       if (!labels.isEmpty()) renamed.put(labels.get(0).id(), labels.get(at).id());
-      if (colored && !set) copyStyle(pristine, at, renamed);
+      if (colors != null) renamed.put(pristine.get("style"), colors.next(at + 1).id());
       Node copy = pristine.copy();
       renameIds(copy, at + 1, renamed, copiedIds);
       name(copy, slot, fillings.get(at));
@@ -159,17 +160,42 @@ final class Repetition {
     }
   }
 
-  /** Layers of one kind are told apart by their colours. */
-  private void copyStyle(Node layer, int at, Map<String, String> renamed) {
+  /** The style of a layer, which it gets where it has none. */
+  private Node styleOf(Node layer) {
     String id = layer.get("style");
-    if (id.isEmpty()) return;
-    for (Node style : chart.all()) {
-      if (!style.name.equals("style") || !style.id().equals(id)) continue;
+    for (Node node : chart.all()) {
+      if (!id.isEmpty() && node.name.equals("style") && node.id().equals(id)) return node;
+    }
+    if (id.isEmpty()) {
+      id = (layer.id().isEmpty() ? layer.name : layer.id()) + "s";
+      while (!ids.add(id)) id += "_";
+      layer.set("style", id);
+    }
+    return chart.add(Node.inChart("style", chart).set("id", id));
+  }
+
+  /** The copies of a layer are told apart by their colours: that of the template, then those of the palette. */
+  private final class Colors {
+    private final Node first;
+    private final List<String> others = new ArrayList<>();
+    private Node last;
+
+    Colors(Node style) {
+      first = style;
+      last = style;
       style.attributes.putIfAbsent("color", COLORS[0]);
-      Node copy = style.copy().set("id", freshId(id, at + 1)).set("color", COLORS[at % COLORS.length]);
-      style.addBehind(copy);
-      renamed.put(id, copy.id());
-      return;
+      for (String color : COLORS) {
+        if (!color.equalsIgnoreCase(style.get("color"))) others.add(color);
+      }
+    }
+
+    /** The style of the copy with that number; the first copy is 2. */
+    Node next(int number) {
+      String color = others.get((number - 2) % others.size());
+      Node copy = first.copy().set("id", freshId(first.id(), number)).set("color", color);
+      last.addBehind(copy);
+      last = copy;
+      return copy;
     }
   }
 

@@ -207,6 +207,23 @@ class ChartTest {
   }
 
   @Test
+  void eachOfSeveralHasAColorOfItsOwnBehindThatOfTheTemplate() {
+    String chart = content(LINES.replace("<style id='s'/>", "<style id='s' color='#D55E00'/>"),
+        variable("y", "a", false), variable("y", "b", false), variable("y", "c", false));
+    assertHas("<style color=\"#D55E00\" id=\"s\"/><style color=\"#0072B2\" id=\"s_2\"/>"
+            + "<style color=\"#009E73\" id=\"s_3\"/>",
+        chart);
+  }
+
+  @Test
+  void eachOfSeveralGetsAStyleWhereTheTemplateHasNone() {
+    String chart = content(LINES.replace(" style='s'", ""), variable("y", "a", false), variable("y", "b", false));
+    assertHas("<line id=\"l\" name=\"a\" style=\"ls\">", chart);
+    assertHas("<line id=\"l_2\" name=\"b\" style=\"ls_2\">", chart);
+    assertHas("<style color=\"#0072B2\" id=\"ls\"/><style color=\"#D55E00\" id=\"ls_2\"/>", chart);
+  }
+
+  @Test
   void namesThatAreTakenAreLeftToThoseThatHaveThem() {
     String chart =
         content(LINES.replace("<graph>", "<graph id='v_2'>"), variable("y", "a", false), variable("y", "b", false));
