@@ -1,8 +1,8 @@
 #include "chart_templates.h"
 
-#include "chart/nearest_name.h"
 #include "files.h"
 #include "problem.h"
+#include "shipped_files.h"
 #include "xdocument.h"
 
 #include "kestrelhost/host.h"
@@ -10,46 +10,17 @@
 #include "model/document.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <map>
 #include <memory>
 #include <set>
 #include <string_view>
-#include <system_error>
 #include <utility>
 
 namespace kestrel::tool {
 
 namespace {
 
-namespace fs = std::filesystem;
-
-constexpr char const* suffix = ".xml";
-
-fs::path shippedFolder() {
-  constexpr int productPaths = 3;
-  return (fs::path(host::Host::current().paths->basePath(productPaths)) / "templates").lexically_normal();
-}
-
-bool isPlainName(std::string const& name) { return name.find_first_of("/.") == std::string::npos; }
-
-std::string joined(std::vector<std::string> const& names) {
-  std::string text;
-  for (std::string const& name : names) text += (text.empty() ? "" : ", ") + name;
-  return text;
-}
-
-std::string pathOf(std::string const& name) {
-  if (!isPlainName(name)) return name;
-  std::vector<std::string> const shipped = shippedTemplates();
-  if (std::find(shipped.begin(), shipped.end(), name) != shipped.end())
-    return (shippedFolder() / (name + suffix)).string();
-  std::string const nearest = nearestName(name, shipped);
-  std::string const hint = nearest.empty() ? "" : "; did you mean " + inQuotes(nearest) + "?";
-  throw Problem("there is no shipped template " + inQuotes(name) + hint + "; the shipped ones are " +
-                    joined(shipped) + "; a file of that name is written ./" + printable(name),
-                Exit::BadInput);
-}
+constexpr ShippedFiles shipped{"shipped template", "templates", ".xml"};
 
 /// Keeps what an engine says of a template.
 class FaultLog : public host::Log {
@@ -95,7 +66,7 @@ std::vector<std::string> faultsOf(TemplateFile const& file) {
 std::vector<TemplateFile> read(std::vector<std::string> const& names) {
   std::vector<TemplateFile> files;
   for (std::string const& name : names) {
-    std::string path = pathOf(name);
+    std::string path = shipped.pathOf(name);
     std::string text = readFile(path);
     files.push_back({std::move(path), std::move(text)});
   }
@@ -208,17 +179,7 @@ void refuse(std::vector<std::string> const& faults, Exit exit) {
 
 }  // namespace
 
-std::vector<std::string> shippedTemplates() {
-  std::vector<std::string> names;
-  std::error_code error;
-  // An error ends the walk: without the folder nothing is shipped.
-  for (fs::directory_iterator entry(shippedFolder(), error), end; !error && entry != end;
-       entry.increment(error)) {
-    if (entry->path().extension() == suffix) names.push_back(entry->path().stem().string());
-  }
-  std::sort(names.begin(), names.end());
-  return names;
-}
+std::vector<std::string> shippedTemplates() { return shipped.names(); }
 
 ChartTemplates::ChartTemplates(TemplateRequest const& request)
     : mStyles(read(request.styles)), mOptions(read(request.options)), mUser(read(request.user)) {

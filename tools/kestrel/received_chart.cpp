@@ -1,6 +1,7 @@
 #include "received_chart.h"
 
 #include "files.h"
+#include "kept_reports.h"
 #include "problem.h"
 #include "text_input.h"
 #include "xdocument.h"
@@ -14,22 +15,6 @@ namespace kestrel::tool {
 namespace {
 
 constexpr std::string_view descriptionEnding = ".pdl";
-
-/// Keeps the last message, for a fault that names the file.
-class KeptMessage : public host::UserMessages {
- public:
-  void show(BpCellText const& text, BpErrorShow, BpErrorLevel) override { last = text.text(); }
-
-  std::string last;
-};
-
-/// Keeps what a service that is not there says of itself.
-class KeptNotes : public host::SilentLog {
- public:
-  void note(std::string const& message) override { notes += "; " + message; }
-
-  std::string notes;
-};
 
 /// The library shows a description that was refused below the reason; whoever has the file does not need it
 /// again.
@@ -70,14 +55,14 @@ bool isDescription(std::string_view file) {
 std::unique_ptr<XDocument> readChart(std::string const& file) {
   std::string const text = readFile(file);
   if (text.empty()) throw badInput(file, "is empty; a chart has a root element");
-  auto const messages = std::make_shared<KeptMessage>();
-  auto const log = std::make_shared<KeptNotes>();
+  auto const messages = std::make_shared<KeptMessages>();
+  auto const log = std::make_shared<KeptLog>();
   host::Host host;
   host.log = log;
   host.messages = messages;
   host::ScopedHost const scope(host);
   auto document = parsed(file, text);
-  requireChart(*document, file, withoutDescription(messages->last) + log->notes);
+  requireChart(*document, file, behind(withoutDescription(messages->last()), log->notes));
   return document;
 }
 

@@ -22,8 +22,8 @@ inline constexpr char requestRoot[] =
 /// A request with these lines in its root element.
 std::string requestOf(std::vector<std::string> const& lines);
 
-/// The same with these lines in the specification of the local template "pie", which is what a request has in
-/// `LumoTemplateTest` at first.
+/// The same with these lines in the element that names the local template "pie", which is what a request has
+/// in `LumoTemplateTest` at first.
 std::string pieRequestOf(std::vector<std::string> const& lines);
 
 /// What `addVariable` takes, as it is where nothing optional is given.

@@ -4,6 +4,7 @@
 #include "chart/column_types.h"
 #include "chart/csv_table.h"
 #include "files.h"
+#include "kept_reports.h"
 #include "problem.h"
 #include "send/send_command.h"
 #include "template_slots.h"
@@ -22,26 +23,6 @@
 namespace kestrel::tool {
 
 namespace {
-
-/// Keeps what the library tells the user, for a fault that names the template.
-class KeptMessages : public host::UserMessages {
- public:
-  void show(BpCellText const& text, BpErrorShow, BpErrorLevel) override { all.push_back(text.text()); }
-
-  std::vector<std::string> all;
-};
-
-/// Keeps what a service that is not there says of itself, and why something failed.
-class KeptLog : public host::SilentLog {
- public:
-  void error(std::string const& message, std::string const&, unsigned int) override {
-    errors += "; " + message;
-  }
-  void note(std::string const& message) override { notes += "; " + message; }
-
-  std::string errors;
-  std::string notes;
-};
 
 using Assigned = std::pair<std::string, std::string>;
 
@@ -194,12 +175,6 @@ void nameFiles(XLumoTemplate& chart, VisualizationRequest const& request, Visual
   if (!request.mapKey.empty()) chart.setMapKey(request.mapKey);
 }
 
-std::string joined(std::vector<std::string> const& texts) {
-  std::string all;
-  for (std::string const& text : texts) all += (all.empty() ? "" : "; ") + text;
-  return all;
-}
-
 /// The text of the chart. Throws a Problem with what the library says where there is none; where there is
 /// one, that is told.
 std::string convert(XLumoTemplate& chart, VisualizationTemplate const& of, std::string const& sheetName,
@@ -213,10 +188,11 @@ std::string convert(XLumoTemplate& chart, VisualizationTemplate const& of, std::
   std::string text;
   bool const converted = chart.convert(text, styleSheet);
   if (!converted || text.empty())
-    throw badInput(of.name, "gives no chart: " + joined(messages->all) + log->notes);
+    throw badInput(of.name, behind("gives no chart: " + joined(messages->all), log->notes));
   if (!sheetName.empty() && styleSheet.empty())
-    throw badInput(sheetName, "gives no style sheet: " + joined(messages->all) + log->errors + log->notes);
-  for (std::string const& message : messages->all) tell(message + log->notes);
+    throw badInput(sheetName,
+                   behind(behind("gives no style sheet: " + joined(messages->all), log->errors), log->notes));
+  for (std::string const& message : messages->all) tell(behind(message, log->notes));
   return text;
 }
 

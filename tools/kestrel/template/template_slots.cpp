@@ -4,34 +4,24 @@
 #include "chart/nearest_name.h"
 #include "problem.h"
 #include "received_chart.h"
+#include "shipped_files.h"
 #include "xdocument.h"
 
-#include "kestrelhost/host.h"
 #include "model/chartstring.h"
 #include "model/document.h"
 
 #include <xercesc/dom/DOM.hpp>
 
 #include <algorithm>
-#include <filesystem>
-#include <system_error>
 
 namespace kestrel::tool {
 
 namespace {
 
-namespace fs = std::filesystem;
 using xercesc::DOMElement;
 
 constexpr char16_t templateNamespace[] = u"http://xml.vexa.example/visualization-template";
-constexpr char suffix[] = ".lumotemplate";
-
-fs::path shippedFolder() {
-  constexpr int productPaths = 3;
-  return fs::path(host::Host::current().paths->basePath(productPaths)) / "template";
-}
-
-bool isPlainName(std::string const& name) { return name.find_first_of("/.") == std::string::npos; }
+constexpr ShippedFiles shipped{"visualization template", "template", ".lumotemplate"};
 
 std::string utf8(char16_t const* text) { return ChartString(text).toUTF8(); }
 
@@ -73,19 +63,6 @@ TemplateSlot slotOf(DOMElement const& declared) {
   return slot;
 }
 
-std::string pathOf(std::string const& name) {
-  if (!isPlainName(name)) return name;
-  std::vector<std::string> const shipped = shippedVisualizationTemplates();
-  if (std::find(shipped.begin(), shipped.end(), name) != shipped.end())
-    return (shippedFolder() / (name + suffix)).string();
-  std::string const nearest = nearestName(name, shipped);
-  throw Problem("there is no visualization template " + inQuotes(name) +
-                    (nearest.empty() ? "" : "; did you mean " + inQuotes(nearest) + "?") +
-                    "; the shipped ones are " + listed(shipped) + "; a file of that name is written ./" +
-                    printable(name),
-                Exit::BadInput);
-}
-
 }  // namespace
 
 bool TemplateSlot::takesVariables() const {
@@ -105,20 +82,10 @@ TemplateSlot const& VisualizationTemplate::slot(std::string const& slotName) con
                 Exit::BadInput);
 }
 
-std::vector<std::string> shippedVisualizationTemplates() {
-  std::vector<std::string> names;
-  std::error_code error;
-  // An error ends the walk: without the folder nothing is shipped.
-  for (fs::directory_iterator entry(shippedFolder(), error), end; !error && entry != end;
-       entry.increment(error)) {
-    if (entry->path().extension() == suffix) names.push_back(entry->path().stem().string());
-  }
-  std::sort(names.begin(), names.end());
-  return names;
-}
+std::vector<std::string> shippedVisualizationTemplates() { return shipped.names(); }
 
 VisualizationTemplate readVisualizationTemplate(std::string const& name) {
-  std::string const path = pathOf(name);
+  std::string const path = shipped.pathOf(name);
   auto const chart = readChart(path);
   DOMElement const* const declaration = childOf(*chart->getVisualization()->getImplementation(), u"template");
   if (declaration == nullptr) throw badInput(path, "is a chart, but no template: it declares no slots");

@@ -1,6 +1,7 @@
 #include "upgrade_command.h"
 
 #include "files.h"
+#include "kept_reports.h"
 #include "problem.h"
 
 #include "host/java.h"
@@ -12,14 +13,6 @@
 namespace kestrel::tool {
 
 namespace {
-
-/// Keeps what a service that is not there says of itself.
-class KeptNotes : public host::SilentLog {
- public:
-  void note(std::string const& message) override { notes += (notes.empty() ? "" : "; ") + message; }
-
-  std::string notes;
-};
 
 /// The converter, running; null where there is none.
 LumoConverter* startedConverter() {
@@ -45,12 +38,12 @@ void tellReport(UpgradeRequest const& request, std::string const& report) {
 
 void runUpgrade(UpgradeRequest const& request) {
   std::string const old = readFile(request.chart);
-  auto const log = std::make_shared<KeptNotes>();
+  auto const log = std::make_shared<KeptLog>();
   host::Host host;
   host.log = log;
   host::ScopedHost const scope(host);
   LumoConverter* const converter = startedConverter();
-  if (converter == nullptr) throw Problem("the upgrade needs Java: " + log->notes, Exit::BadInput);
+  if (converter == nullptr) throw Problem("the upgrade needs Java: " + joined(log->notes), Exit::BadInput);
   std::string current;
   try {
     if (!converter->UpgradeXML(old, current))
