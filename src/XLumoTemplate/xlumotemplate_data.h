@@ -14,6 +14,7 @@ XERCES_CPP_NAMESPACE_BEGIN
 class DOMDocument;
 class DOMElement;
 class DOMNode;
+class XercesDOMParser;
 XERCES_CPP_NAMESPACE_END
 
 namespace kestrel {
@@ -70,6 +71,11 @@ struct XLumoTemplate::Data {
   /// Takes a reply apart.
   /// @return false where the converter did not find the maps
   bool takeReply(xercesc::DOMDocument const& reply, std::string& lumoML, std::string& styleSheet);
+
+  /// The document of a template's file, which `parser` keeps.
+  /// @return null where the text is no XML, which is dumped and logged
+  static xercesc::DOMDocument* parsedTemplate(std::string const& content, std::string& errorText,
+                                              xercesc::XercesDOMParser& parser);
 
   static std::string AsUTF8(xercesc::DOMNode const& node);
 

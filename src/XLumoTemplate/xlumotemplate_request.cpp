@@ -15,6 +15,7 @@
 #include "model/variables.h"
 
 #include <xercesc/dom/DOM.hpp>
+#include <xercesc/parsers/XercesDOMParser.hpp>
 
 #include <algorithm>
 #include <sstream>
@@ -251,12 +252,17 @@ bool XLumoTemplate::Data::addTemplateContents(DOMElement& specification) {
   }
   auto const parser = kestrel::makeChartParser();
   std::string errorText;
-  // The parser knows the text by a name that is misspelt: relied upon.
-  DOMDocument const* const parsed = kestrel::parsedText(content, "ChartBasf", errorText, *parser);
+  DOMDocument const* const parsed = parsedTemplate(content, errorText, *parser);
   if (parsed == nullptr) return false;
   append(specification, u"templateContents")
       .appendChild(mDocument->importNode(parsed->getDocumentElement(), true));
   return true;
+}
+
+/// The parser knows the text by a name that is misspelt: relied upon.
+DOMDocument* XLumoTemplate::Data::parsedTemplate(std::string const& content, std::string& errorText,
+                                                 xercesc::XercesDOMParser& parser) {
+  return kestrel::parsedText(content, "ChartBasf", errorText, parser);
 }
 
 void XLumoTemplate::Data::addMappings(DOMElement& specification) {

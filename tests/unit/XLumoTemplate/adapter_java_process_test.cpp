@@ -68,6 +68,16 @@ TEST_F(AnsweredRequest, FindsATemplateInTheLocalStoreByItsName) {
   expectScatter();
 }
 
+// What the adapter encodes, the library decodes: every character that has a code, and those that have none.
+TEST_F(AnsweredRequest, GetsBackTheNamesOfMapsInFiles) {
+  std::string const name = "/nowhere/ <#{}|^~[]`>'\"&+100%\xC3\x9F\xE4\xB8\x96.map";
+  ChartString where("grouped_scatter");
+  chart.setTemplateName(where, XLumoTemplate::LOCATION_LOCAL);
+  chart.setDataMapName(name, XLumoTemplate::LOCATION_FILE);
+  EXPECT_THAT(converted(), HasSubstr("/nowhere/"));
+  EXPECT_EQ(chart.getDataMapFileName(), name);
+}
+
 TEST_F(AnsweredRequest, TellsTheUserOfASlotThatTheTemplateHasNot) {
   ChartString name("grouped_scatter");
   chart.setTemplateName(name, XLumoTemplate::LOCATION_LOCAL);

@@ -183,12 +183,12 @@ TEST_F(Conversion, KeepsTheMapCode) {
 TEST_F(Conversion, ReadsTheTemplateUnderItsMisspeltName) {
   std::unique_ptr<xercesc::XercesDOMParser> const parser = makeChartParser();
   std::string errorText;
-  auto const* const parsed = parsedText("<a/>", "ChartBasf", errorText, *parser);
+  auto const* const parsed = XLumoTemplate::Data::parsedTemplate("<a/>", errorText, *parser);
   ASSERT_NE(parsed, nullptr);
   EXPECT_EQ(utf8(parsed->getDocumentURI()), "ChartBasf");
 }
 
-static_assert(std::is_polymorphic_v<XLumoTemplate>);
+static_assert(std::has_virtual_destructor_v<XLumoTemplate>);
 static_assert(!std::is_copy_constructible_v<XLumoTemplate>);
 
 }  // namespace

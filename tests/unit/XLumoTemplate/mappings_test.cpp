@@ -260,6 +260,16 @@ TEST_F(Maps, ShowAllFeaturesUnlessToldOtherwise) {
             pieRequestOf({"<map dataFile=\"a.map\" dataMapLocation=\"local\" showAllFeatures=\"true\"/>"}));
 }
 
+TEST_F(Maps, HaveNamesAndKeysInAnyScript) {
+  chart.setDataMapName("\xC3\x9C.map", XLumoTemplate::LOCATION_LOCAL);
+  chart.setRefMapName("\xE4\xB8\x96.map", XLumoTemplate::LOCATION_FILE);
+  chart.setMapKey("\xD0\xBA");
+  EXPECT_EQ(chart.getDataMapName(), ChartString(u"\u00DC.map"));
+  EXPECT_EQ(request(), pieRequestOf({"<map dataFile=\"\xC3\x9C.map\" dataMapLocation=\"local\" "
+                                     "mapKey=\"\xD0\xBA\" referenceMap=\"\xE4\xB8\x96.map\" "
+                                     "referenceMapLocation=\"file\" showAllFeatures=\"true\"/>"}));
+}
+
 TEST_F(Maps, AreNotSentWithoutAName) {
   chart.setDataMapName("", XLumoTemplate::LOCATION_KOS);
   chart.setMapKey("country");

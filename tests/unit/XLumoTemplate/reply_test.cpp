@@ -166,6 +166,20 @@ TEST_F(Reply, GivesTheMaps) {
   expectNoReport(recorder);
 }
 
+TEST_F(Reply, GivesMapsWithNamesInAnyScript) {
+  services.files->content
+      ["/Stra\xC3\x9F"
+       "e/\xE4\xB8\x96.map"] = "data";
+  replies(
+      "<reply><mapInfo dataMapURI=\"file:/Stra\xC3\x9F"
+      "e/\xE4\xB8\x96.map\"/></reply>");
+  EXPECT_TRUE(convert());
+  EXPECT_EQ(chart.getDataMapFileName(),
+            "/Stra\xC3\x9F"
+            "e/\xE4\xB8\x96.map");
+  EXPECT_EQ(chart.getDataMapContents(), "data");
+}
+
 TEST_F(Reply, WithoutMapsEmptiesThem) {
   chart.setDataMapName("old", XLumoTemplate::LOCATION_LOCAL);
   replies("<reply><mapInfo/></reply>");
@@ -292,6 +306,16 @@ TEST_F(Reply, OfAFailedTemplateGivesNoStyleSheet) {
   EXPECT_TRUE(convert());
   EXPECT_EQ(styleSheet, "");
   EXPECT_THAT(recorder.userMessages(), ElementsAre(message(templateFailed, {"", false}, 3)));
+}
+
+TEST_F(Reply, FetchesTheChosenFileAlsoWhereItHasNoName) {
+  styleSheet = "as it was";
+  chart.setstyleSheetName("", XLumoTemplate::LOCATION_FILE);
+  replies("<reply><styleSheet success=\"true\">theirs</styleSheet></reply>");
+  EXPECT_TRUE(convert());
+  EXPECT_EQ(styleSheet, "");
+  EXPECT_THAT(fetched(), ElementsAre(""));
+  expectNoReport(recorder);
 }
 
 TEST_F(Reply, GivesNoStyleSheetWhereAFileIsChosen) {

@@ -232,6 +232,14 @@ TEST_F(Request, LogsThatThereIsNoLocaleAlsoWithoutATemplate) {
   EXPECT_THAT(recorder.failures(), ElementsAre("VexaMBDefaultLocaleName() returned empty string."));
 }
 
+TEST_F(Request, HasALocaleOfUpTo123Characters) {
+  services.locale->name = std::string(123, 'a');
+  chooseTemplate("pie");
+  EXPECT_EQ(request(), requestOf({"<templateSpecification locale=\"" + services.locale->name +
+                                  "\" location=\"local\" templateName=\"pie\"/>"}));
+  EXPECT_THAT(recorder.failures(), IsEmpty());
+}
+
 TEST_F(Request, HasNoLocaleThatIsTooLong) {
   services.locale->name = std::string(124, 'a');
   EXPECT_EQ(request(), requestOf({}));

@@ -79,7 +79,7 @@ final class Assignment {
   }
 
   private static List<Filling> variables(Node mapping, Slot slot) throws Refusal {
-    boolean set = !mapping.get("variableType").isEmpty();
+    boolean set = mapping.has("variableType");
     if (!set && mapping.get("slotValue").isEmpty()) return List.of();
     boolean categorical = mapping.get("categorical").equals("true");
     if (set && !slot.sets()) {
@@ -99,51 +99,27 @@ final class Assignment {
   private static Filling variable(Node mapping, boolean categorical) throws Refusal {
     String name = mapping.get("slotValue");
     return new Filling(name, either(mapping.get("slotLabel"), name), categorical, mapping.get("weight").equals("true"),
-        mapping.get("dataSetName"), mapping.get("labelingVariableName"), format(mapping), null);
+        mapping.get("dataSetName"), mapping.get("labelingVariableName"),
+        mapping.child(Vocabulary.Space.CHART, "format"), null);
   }
 
   private static List<Filling> members(Node mapping) throws Refusal {
     Node info = mapping.child(Vocabulary.Space.REQUEST, "multipleResponseInfo");
-    if (info == null)
-      throw Request.at(Kind.RequestInvalid, mapping, "a multiple response set has multipleResponseInfo");
     Filling all = variable(mapping, mapping.get("categorical").equals("true"));
     String label = either(mapping.get("slotLabel"), either(info.get("MRSetName"), mapping.get("slotValue")));
-    Filling.ResponseSet set = new Filling.ResponseSet(info.get("MRSetName"), label,
-        dichotomy(mapping) ? info.get("countedValue") : null, info.get("enhancedDichotomy").equals("true"));
+    Filling.ResponseSet set = new Filling.ResponseSet(info.get("MRSetName"), label, info.attributes.get("countedValue"),
+        info.get("enhancedDichotomy").equals("true"));
     List<Filling> members = new ArrayList<>();
     for (Node member : info.children) {
       String name = member.get("varName");
-      if (!member.is(Vocabulary.Space.REQUEST, "variable") || name.isEmpty()) {
-        throw Request.at(Kind.RequestInvalid, member, "a multiple response set holds variables with a varName");
-      }
+      if (name.isEmpty()) throw Request.at(Kind.RequestInvalid, member, "varName is empty");
       members.add(new Filling(name, either(member.get("varLabel"), name), all.categorical(), all.weight(),
           all.dataSet(), either(member.get("labelingVariableName"), all.labeling()), all.format(), set));
     }
     return members;
   }
 
-  private static boolean dichotomy(Node mapping) throws Refusal {
-    return switch (mapping.get("variableType")) {
-      case "MultipleDichotomy" -> true;
-      case "MultipleCategory" -> false;
-      default -> throw Request.at(Kind.RequestInvalid, mapping, "the variable type "
-          + Wording.quoted(mapping.get("variableType")) + " is neither MultipleDichotomy nor MultipleCategory");
-    };
+  private static String either(String first, String second) {
+    return first.isEmpty() ? second : first;
   }
-
-  private static Node format(Node mapping) throws Refusal {
-    Node format = mapping.child(Vocabulary.Space.CHART, "format");
-    if (format == null) return null;
-    for (Node part : format.all()) {
-          boolean known = part == format || (part.is(Vocabulary.Space.CHART, "relabel") && part.parent() == format);
-          boolean own = part.attributes.keySet().stream().allMatch(Vocabulary::isOwn);
-          if (!known || !own)
-            throw Request.at(Kind.RequestInvalid, part, "a format holds attributes of charts and relabels");
-        }
-        return format;
-    }
-
-    private static String either(String first, String second) {
-      return first.isEmpty() ? second : first;
-    }
-  }
+}

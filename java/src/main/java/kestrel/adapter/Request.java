@@ -41,16 +41,14 @@ record Request(TemplateWanted template, SheetWanted styleSheet) {
       throw new Refusal(
           Kind.RequestInvalid, "the root's type is " + Wording.quoted(root.get("type")) + ", not \"request\"");
     }
+    RequestRules.check(root);
     Node template = root.child(Vocabulary.Space.REQUEST, "templateSpecification");
     Node sheet = root.child(Vocabulary.Space.REQUEST, "styleSheetSpecification");
     return new Request(template == null ? null : template(template), sheet == null ? null : sheet(sheet));
   }
 
-  private static TemplateWanted template(Node wanted) throws Refusal {
+  private static TemplateWanted template(Node wanted) {
     Node contents = wanted.child(Vocabulary.Space.REQUEST, "templateContents");
-    if (contents != null && contents.children.size() != 1) {
-      throw at(Kind.RequestInvalid, contents, "templateContents holds one element, the template");
-    }
     Node map = wanted.child(Vocabulary.Space.REQUEST, "map");
     return new TemplateWanted(wanted.get("templateName"), wanted.get("locale"), location(wanted, "location"),
         wanted.get(REPOSITORY_FOLDER), contents == null ? null : contents.children.get(0),
@@ -58,27 +56,25 @@ record Request(TemplateWanted template, SheetWanted styleSheet) {
         wanted.children.stream().filter(child -> child.is(Vocabulary.Space.REQUEST, "mapping")).toList());
   }
 
-  private static MapWanted map(Node map) throws Refusal {
+  private static MapWanted map(Node map) {
     return new MapWanted(mapFile(map, "dataFile", "dataMapLocation", "dataMapRepositoryFolderSpec"),
         mapFile(map, "referenceMap", "referenceMapLocation", "refMapRepositoryFolderSpec"), map.get("mapKey"),
         map.get("showAllFeatures").equals("true"));
   }
 
-  private static FileWanted mapFile(Node map, String name, String location, String folder) throws Refusal {
+  private static FileWanted mapFile(Node map, String name, String location, String folder) {
     return map.get(name).isEmpty() ? null : new FileWanted(map.get(name), location(map, location), map.get(folder));
   }
 
-  private static SheetWanted sheet(Node sheet) throws Refusal {
+  private static SheetWanted sheet(Node sheet) {
     return new SheetWanted(sheet.get("styleSheetName"), location(sheet, "location"), sheet.get(REPOSITORY_FOLDER));
   }
 
-  private static Location location(Node node, String attribute) throws Refusal {
+  private static Location location(Node node, String attribute) {
     return switch (node.get(attribute)) {
       case "local" -> Location.LOCAL;
       case "KOS" -> Location.REPOSITORY;
-      case "file" -> Location.FILE;
-      default -> throw at(Kind.RequestInvalid, node, attribute + " is " + Wording.quoted(node.get(attribute))
-          + "; it is local, KOS or file");
+      default -> Location.FILE;
     };
   }
 

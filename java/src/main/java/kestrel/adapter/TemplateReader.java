@@ -4,6 +4,7 @@ import java.util.HashMap;
 import java.util.LinkedHashMap;
 import java.util.List;
 import java.util.Map;
+import java.util.Optional;
 import java.util.Set;
 import java.util.regex.Matcher;
 import java.util.regex.Pattern;
@@ -156,100 +157,98 @@ final class TemplateReader {
   }
 
   private boolean truth(Node declared, String attribute) throws Refusal {
-    return switch (declared.get(attribute)) {
-      case "true" -> true;
-      case "", "false" -> false;
-      default -> throw invalid(declared, attribute + " is true or false");
-    };
+    String value = declared.get(attribute);
+    if (value.equals("true")) return true;
+    if (value.isEmpty() || value.equals("false")) return false;
+    throw invalid(declared, attribute + " is true or false");
   }
 
   private void checkAttributes(Node node, Set<String> known) throws Refusal {
-    for (String attribute : node.attributes.keySet()) {
-          if (!known.contains(attribute)) {
-            throw invalid(node, node.name + " has no attribute " + Wording.quoted(attribute));
-          }
-        }
-    }
-
-    private void check(Node node) throws Refusal {
-      if (node.space != Vocabulary.Space.CHART) {
-        throw invalid(node, "the element " + Wording.quoted(node.name) + " is not in the namespace of charts");
-      }
-      if (OF_REPLIES.contains(node.name)) throw invalid(node, "no chart has an element " + Wording.quoted(node.name));
-      if (!node.children.isEmpty() && !node.text.isBlank()) {
-        throw invalid(node, "an element of a chart holds elements or a text, not both");
-      }
-      for (Map.Entry<String, String> attribute : node.attributes.entrySet()) {
-        checkAttribute(node, attribute.getKey(), attribute.getValue());
-      }
-      checkPlaceholders(node, node.text);
-    }
-
-    private void checkAttribute(Node node, String name, String value) throws Refusal {
-      if (CONDITIONS.contains(name)) {
-        if (node == chart) throw invalid(node, "the root of a template is always there");
-        for (String slot : Placeholders.names(value)) require(node, slot);
-      } else if (name.equals(":slot") || name.equals(":labeling")) {
-        checkVariable(node, name, value);
-      } else if (name.startsWith(":") || name.startsWith(TreeReader.FOREIGN)) {
-        throw invalid(node, "the attribute " + Wording.quoted(name.substring(1)) + " is none of charts and templates");
-      } else {
-        checkPlaceholders(node, value);
-      }
-    }
-
-    private void checkVariable(Node node, String role, String name) throws Refusal {
-      Slot slot = require(node, name);
-      if (!node.name.equals("sourceVariable") || node.parent() != chart) {
-        throw invalid(node, role.substring(1) + " goes with a sourceVariable below the root");
-      }
-      if (!slot.kind().takesVariables()) {
-        throw invalid(node,
-            "the slot " + Wording.quoted(name) + " takes " + slot.kind().meaning() + "; its place is a text with {"
-                + name + "}");
-      }
-      if (node.id().isEmpty()) throw invalid(node, "the variable of a slot has an id");
-      if (node.has(":slot") && node.has(":labeling")) throw invalid(node, "a variable is for slot or for labeling");
-      if (used.put(role + name, name) != null) {
-        throw invalid(node, "there are two variables for the slot " + Wording.quoted(name));
-      }
-    }
-
-    private void checkPlaceholders(Node node, String text) throws Refusal {
-      List<String> names = Placeholders.in(text);
-      if (names == null) {
-        throw invalid(node, "a brace that is meant as such is written twice, {{ or }}: " + Wording.quoted(text));
-      }
-      for (String name : names) {
-        Slot slot = require(node, Placeholders.slotOf(name));
-        if (Placeholders.inWords(name) && slot.kind() != Slot.Kind.STATISTIC) {
-          throw invalid(node,
-              "{" + name + "} is for statistics; " + Wording.quoted(slot.name()) + " takes " + slot.kind().meaning());
-        }
-        used.put(slot.name(), slot.name());
-      }
-    }
-
-    private Slot require(Node node, String name) throws Refusal {
-      Slot slot = slots.get(name);
-      if (slot != null) return slot;
-      throw invalid(
-          node, "there is no slot " + Wording.quoted(name) + "; there are " + String.join(", ", slots.keySet()));
-    }
-
-    private void checkUse(Slot slot) throws Refusal {
-      boolean variable = slot.kind().takesVariables();
-      if (used.containsKey(variable ? ":slot" + slot.name() : slot.name())) return;
-      throw invalid(declarations.get(slot.name()),
-          "the slot " + Wording.quoted(slot.name()) + " has no place in the chart: "
-              + (variable ? "no sourceVariable is for it" : "no text has {" + slot.name() + "}"));
-    }
-
-    private Refusal tooNew(Node at, String message) {
-      return Template.refusal(origin, Kind.TemplateTooNew, at, message);
-    }
-
-    private Refusal invalid(Node at, String message) {
-      return Template.refusal(origin, Kind.TemplateInvalid, at, message);
+    Optional<String> foreign = node.attributes.keySet().stream().filter(name -> !known.contains(name)).findFirst();
+    if (foreign.isPresent()) {
+      throw invalid(node, node.name + " has no attribute " + Wording.quoted(foreign.get()));
     }
   }
+
+  private void check(Node node) throws Refusal {
+    if (node.space != Vocabulary.Space.CHART) {
+      throw invalid(node, "the element " + Wording.quoted(node.name) + " is not in the namespace of charts");
+    }
+    if (OF_REPLIES.contains(node.name)) throw invalid(node, "no chart has an element " + Wording.quoted(node.name));
+    if (!node.children.isEmpty() && !node.text.isBlank()) {
+      throw invalid(node, "an element of a chart holds elements or a text, not both");
+    }
+    for (Map.Entry<String, String> attribute : node.attributes.entrySet()) {
+      checkAttribute(node, attribute.getKey(), attribute.getValue());
+    }
+    checkPlaceholders(node, node.text);
+  }
+
+  private void checkAttribute(Node node, String name, String value) throws Refusal {
+    if (CONDITIONS.contains(name)) {
+      if (node == chart) throw invalid(node, "the root of a template is always there");
+      for (String slot : Placeholders.names(value)) require(node, slot);
+    } else if (name.equals(":slot") || name.equals(":labeling")) {
+      checkVariable(node, name, value);
+    } else if (name.startsWith(":") || name.startsWith(TreeReader.FOREIGN)) {
+      throw invalid(node, "the attribute " + Wording.quoted(name.substring(1)) + " is none of charts and templates");
+    } else {
+      checkPlaceholders(node, value);
+    }
+  }
+
+  private void checkVariable(Node node, String role, String name) throws Refusal {
+    Slot slot = require(node, name);
+    if (!node.name.equals("sourceVariable") || node.parent() != chart) {
+      throw invalid(node, role.substring(1) + " goes with a sourceVariable below the root");
+    }
+    if (!slot.kind().takesVariables()) {
+      throw invalid(node,
+          "the slot " + Wording.quoted(name) + " takes " + slot.kind().meaning() + "; its place is a text with {" + name
+              + "}");
+    }
+    if (node.id().isEmpty()) throw invalid(node, "the variable of a slot has an id");
+    if (node.has(":slot") && node.has(":labeling")) throw invalid(node, "a variable is for slot or for labeling");
+    if (used.put(role + name, name) != null) {
+      throw invalid(node, "there are two variables for the slot " + Wording.quoted(name));
+    }
+  }
+
+  private void checkPlaceholders(Node node, String text) throws Refusal {
+    List<String> names = Placeholders.in(text);
+    if (names == null) {
+      throw invalid(node, "a brace that is meant as such is written twice, {{ or }}: " + Wording.quoted(text));
+    }
+    for (String name : names) {
+      Slot slot = require(node, Placeholders.slotOf(name));
+      if (Placeholders.inWords(name) && slot.kind() != Slot.Kind.STATISTIC) {
+        throw invalid(node,
+            "{" + name + "} is for statistics; " + Wording.quoted(slot.name()) + " takes " + slot.kind().meaning());
+      }
+      used.put(slot.name(), slot.name());
+    }
+  }
+
+  private Slot require(Node node, String name) throws Refusal {
+    Slot slot = slots.get(name);
+    if (slot != null) return slot;
+    throw invalid(
+        node, "there is no slot " + Wording.quoted(name) + "; there are " + String.join(", ", slots.keySet()));
+  }
+
+  private void checkUse(Slot slot) throws Refusal {
+    boolean variable = slot.kind().takesVariables();
+    if (used.containsKey(variable ? ":slot" + slot.name() : slot.name())) return;
+    throw invalid(declarations.get(slot.name()),
+        "the slot " + Wording.quoted(slot.name()) + " has no place in the chart: "
+            + (variable ? "no sourceVariable is for it" : "no text has {" + slot.name() + "}"));
+  }
+
+  private Refusal tooNew(Node at, String message) {
+    return Template.refusal(origin, Kind.TemplateTooNew, at, message);
+  }
+
+  private Refusal invalid(Node at, String message) {
+    return Template.refusal(origin, Kind.TemplateInvalid, at, message);
+  }
+}

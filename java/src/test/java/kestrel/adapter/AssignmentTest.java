@@ -44,7 +44,8 @@ class AssignmentTest {
         required + "one of mean, count", refusal(request(ofSlot("x statistic required='true' values='mean;count'"))));
     assertEquals(required + "a categorical variable",
         refusal(request(ofSlot("x categorical required='true' sets='true'"),
-            variable("x", "s", true, "variableType='MultipleCategory'", "<multipleResponseInfo MRSetName='$s'/>"))));
+            variable("x", "s", true, "variableType='MultipleCategory'",
+                "<multipleResponseInfo MRSetName='$s' enhancedDichotomy='false'/>"))));
   }
 
   @ParameterizedTest
@@ -137,31 +138,5 @@ class AssignmentTest {
         refusal(request(ofSlot("x categorical several='true'"), variable("x", "s", true, type, SET))));
     assertTrue(
         chart(request(ofSlot("x categorical sets='true'"), variable("x", "s", true, type, SET))).contains("\"$s\""));
-  }
-
-  @Test
-  void aMultipleResponseSetThatIsNotWholeIsAnInvalidRequest() {
-    String slot = ofSlot("x categorical sets='true'");
-    String start = "RequestInvalid: the request, line 1, column ";
-    String without = refusal(request(slot, variable("x", "s", true, "variableType='MultipleCategory'", "")));
-    assertTrue(without.startsWith(start), without);
-    assertTrue(without.endsWith("a multiple response set has multipleResponseInfo"), without);
-    String other = refusal(request(slot, variable("x", "s", true, "variableType='Single'", SET)));
-    assertTrue(other.endsWith("the variable type \"Single\" is neither MultipleDichotomy nor MultipleCategory"), other);
-    String nameless = refusal(
-        request(slot, variable("x", "s", true, "variableType='MultipleCategory'", SET.replace("varName='a'", ""))));
-    assertTrue(nameless.endsWith("a multiple response set holds variables with a varName"), nameless);
-  }
-
-  @Test
-  void aFormatHoldsOnlyWhatChartsHave() {
-    String slot = ofSlot("x scale");
-    String format = "<lumoml:format pattern='0'><lumoml:relabel from='1' to='a'/></lumoml:format>";
-    assertTrue(chart(request(slot, variable("x", "a", false, "", format))).contains("to=\"a\""));
-    for (String bad : new String[] {format.replace("relabel", "label"), format.replace("<lumoml:relabel", "<relabel"),
-             format.replace("pattern", "xmlns:o='urn:o' o:pattern")}) {
-      String code = refusal(request(slot, variable("x", "a", false, "", bad)));
-      assertTrue(code.endsWith("a format holds attributes of charts and relabels"), code);
-    }
   }
 }

@@ -38,6 +38,18 @@ class ChartTest {
   }
 
   @Test
+  void aDataSetMayHaveTheNameOfAnythingInTheTemplate() {
+    String template = template("x scale; y scale",
+        "<graph><line style='v_'><x variable='v'/><y variable='w'/></line></graph><sourceVariable id='v' t:slot='x'/>"
+            + "<sourceVariable id='w' t:slot='y'/><style id='v_'/>");
+    String made = content(template, variable("x", "a", false, "dataSetName='v'", ""), variable("y", "b", false));
+    assertHas("<x variable=\"v__\"/><y variable=\"w\"/>", made);
+    assertHas("id=\"v__\" label=\"a\" source=\"v\"", made);
+    assertHas("<userSource id=\"v\"/>", made);
+    assertEquals(made.indexOf("id=\"v\""), made.lastIndexOf("id=\"v\""), made);
+  }
+
+  @Test
   void aVariableTakesTheColumnAndItsLabel() {
     String template = template("x scale", SOURCE.replace('"', '\'') + "<sourceVariable id='v' t:slot='x'/>");
     assertEquals(SOURCE + filled("v", "mass", ""), content(template, variable("x", "mass", false)));

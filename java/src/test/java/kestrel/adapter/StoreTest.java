@@ -83,7 +83,8 @@ class StoreTest {
   void aTemplateOfTheRepositoryIsFoundInItsFolder() throws IOException {
     assertTrue(chart(shared("two", "team/charts")).contains("a=\"x\""));
     write(repository, "top.lumotemplate", TEMPLATE);
-    assertTrue(chart(shared("top", "")).contains("a=\"x\""));
+    String above = specification("templateName='top' locale='' location='KOS'", text("L", "x"));
+    assertTrue(chart(answer(above)).contains("a=\"x\""));
   }
 
   @Test
@@ -190,18 +191,37 @@ class StoreTest {
   void theFileOfAMapIsForTheReaderToFind() {
     Element info = map("dataFile='C:/maps/a#b|{c}.map' dataMapLocation='file'");
     assertEquals("file:C:/maps/a%23b%7C%7Bc%7D.map", info.getAttribute("dataMapURI"));
+    String codes = map("dataFile=' &lt;#{}|\\^~[]`' dataMapLocation='file'").getAttribute("dataMapURI");
+    assertEquals("file:%20%3C%23%7B%7D%7C%5C%5E%7E%5B%5D%60", codes);
+    String plain = map("dataFile=\"+100%/'&gt;&quot;\u00e9\u4e16\" dataMapLocation='file'").getAttribute("dataMapURI");
+    assertEquals("file:+100%/'>\"\u00e9\u4e16", plain);
     assertEquals("", info.getAttribute("refMapURI"));
   }
 
   @ParameterizedTest
   @CsvSource({"local,world,Map ^1 not found:world", "local,../secret,The name of map ^1 is not allowed:../secret",
-      "file,a%20b,The name of map ^1 is not allowed:a%20b", "file,+a,The name of map ^1 is not allowed:+a",
-      "file,a///b,The name of map ^1 is not allowed:a///b", "file,file:a,The name of map ^1 is not allowed:file:a"})
+      "file,a%20b,The name of map ^1 is not allowed:a%20b", "file,a///b,The name of map ^1 is not allowed:a///b",
+      "file,file:a,The name of map ^1 is not allowed:file:a"})
   void
   aMapThatCannotBeHadIsAMessageAndWhatItIsAbout(String location, String name, String code) {
     Element info = map("referenceMap='" + name + "' referenceMapLocation='" + location + "'");
     assertEquals(code, info.getAttribute("errorCode"));
     assertFalse(info.hasAttribute("dataMapURI"));
+  }
+
+  @Test
+  void aMapInAFolderThatReadersWouldMistakeIsNotHandedOut(@TempDir Path above) throws IOException {
+    Path below = Files.createDirectory(above.resolve("my%20store"));
+    write(below, "maps/world.map", "m");
+    Path plain = Files.createDirectory(above.resolve("100% ours"));
+    write(plain, "maps/world.map", "m");
+    String request = specification("templateName='one' locale='' location='local'",
+        "<map dataFile='world' dataMapLocation='local' showAllFeatures='true'/>");
+    assertEquals("The folder of map ^1 has a name that is not allowed:world",
+        found(reply(request, below.toString(), ""), "mapInfo").getAttribute("errorCode"));
+    assertTrue(found(reply(request, plain.toString(), ""), "mapInfo")
+                   .getAttribute("dataMapURI")
+                   .endsWith("/100%%20ours/maps/world.map"));
   }
 
   @Test
