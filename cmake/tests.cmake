@@ -35,6 +35,13 @@ macro(kestrel_test_executable executable sources)
   kestrel_target(${executable})
   # Most of a build is the tests, and they do not run long enough to be worth optimising.
   target_compile_options(${executable} PRIVATE $<$<CONFIG:Debug>:-O0>)
+  # A third of the time that a test takes to compile is these headers. The option is for ccache.
+  set(list_of_sources ${sources})
+  list(LENGTH list_of_sources count)
+  if(count GREATER 3)
+    target_precompile_headers(${executable} PRIVATE <gmock/gmock.h> <gtest/gtest.h> <memory> <string> <vector>)
+    target_compile_options(${executable} PRIVATE $<$<CXX_COMPILER_ID:GNU>:-fpch-preprocess>)
+  endif()
   target_include_directories(${executable} PRIVATE "${folder}" ${arg_INCLUDES})
   target_compile_definitions(${executable} PRIVATE KESTREL_SOURCE_DIR="${PROJECT_SOURCE_DIR}"
     KESTREL_SHARE_DIR="${PROJECT_SOURCE_DIR}/share" ${arg_DEFINITIONS})
