@@ -2,18 +2,17 @@
 
 #include "xdocument.h"
 
-#include "content_buffer.h"
 #include "xdocument_data.h"
 
-#include "support/dictionary.h"
+#include "support/content_message.h"
+#include "support/description.h"
+#include "support/side_content.h"
 
-#include "host/channel.h"
 #include "host/chartbase.h"
 #include "host/data_store.h"
 #include "host/templates.h"
 #include "model/chartstring.h"
 
-#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <cstdlib>
@@ -25,13 +24,6 @@ namespace {
 
 using kestrel::noSubType;
 
-bool put(unsigned char const* message, std::size_t length) {
-  std::int64_t const identifier = kestrel::chart_content::messageIdentifier;
-  std::int64_t const zero = 0;
-  auto const size = static_cast<std::int64_t>(length);
-  return IpcPutC(&identifier, &zero, &size, message, &zero) == 0;
-}
-
 /// The client's size fields are 32 bits wide.
 unsigned long announced(std::string const& text) { return static_cast<std::uint32_t>(text.size()); }
 
@@ -39,41 +31,17 @@ unsigned long announced(std::string const& text) { return static_cast<std::uint3
 
 bool XDocument::SendContent(char const* data, unsigned long size, ChartXMLContentType type,
                             ChartXMLContentSubType subType) const {
-  namespace layout = kestrel::chart_content;
-  // Cleared once, as far as the first and longest message goes and nothing is copied there: behind the
-  // payload of a last, shorter chunk the trailer repeats what the chunk before left there. Receivers ignore
-  // it.
-  std::array<unsigned char, layout::bufferSize> buffer;
-  unsigned long const longestChunk = std::min<unsigned long>(layout::longestPayload, size);
-  std::memset(buffer.data(), 0, layout::payloadOffset);
-  if (data == nullptr) std::memset(&buffer[layout::payloadOffset], 0, longestChunk);
-  std::memset(&buffer[layout::payloadOffset + longestChunk], 0, layout::trailerSize);
-  buffer[layout::typeOffset] = static_cast<unsigned char>(type);
-  buffer[layout::subTypeOffset] = static_cast<unsigned char>(subType);
-  bool success = true;
-  for (unsigned long offset = 0; success && offset < size;) {
-    auto const chunk =
-        static_cast<std::uint32_t>(std::min<unsigned long>(layout::longestPayload, size - offset));
-    std::memcpy(&buffer[layout::chunkSizeOffset], &chunk, sizeof chunk);
-    if (data != nullptr) std::memcpy(&buffer[layout::payloadOffset], data + offset, chunk);
-    success = put(buffer.data(), layout::payloadOffset + chunk + layout::trailerSize);
-    offset += chunk;
-  }
-  return success;
+  std::array<unsigned char, 4> const head = {static_cast<unsigned char>(type),
+                                             static_cast<unsigned char>(subType)};
+  return kestrel::putContent(kestrel::chartContentMessage, head, data, size);
 }
 
 bool XDocument::SendDescription() const {
-  if (mData->mDescription.empty()) {
-    mData->mDescription = kestrel::ChartDictionary().text("Description not set");
-  }
-  std::string const text = mData->mDescription.toUTF8();
-  bool success = SendContent(text.data(), text.size(), CXT_DESCRIPTION, noSubType);
-  if (success) {
-    std::string const english = mData->mDescription.toUTF8ForEng();
-    success = SendContent(english.data(), english.size(), CXT_DESCRIPTION_ENG, noSubType);
-  }
-  ChartBase::printDebugInfo(text);
-  return success;
+  if (mData->mDescription.empty()) mData->mDescription = kestrel::missingDescription();
+  return kestrel::sendDescription(
+      mData->mDescription, [this](std::string const& content, ChartXMLContentType type) {
+        return SendContent(content.data(), content.size(), type, noSubType);
+      });
 }
 
 namespace {
@@ -102,12 +70,11 @@ void dumpChart(VarDataProcessor* store, std::string const& xml, std::string cons
 }  // namespace
 
 bool XDocument::SendXML(std::string const& xml) const {
-  std::string compressed;
-  zlib1213vexa::compressString(xml, compressed);
+  std::string const content = kestrel::compressed(xml);
   SendContent(nullptr, announced(xml), CXT_XML_SIZE, noSubType);
-  SendContent(nullptr, announced(compressed), CXT_XML_COMPRESSED_SIZE, noSubType);
-  if (std::getenv("DumpChartXMLPath") != nullptr) dumpChart(mData->chartData(), xml, compressed);
-  return SendContent(compressed.data(), compressed.size(), CXT_XML, noSubType);
+  SendContent(nullptr, announced(content), CXT_XML_COMPRESSED_SIZE, noSubType);
+  if (std::getenv("DumpChartXMLPath") != nullptr) dumpChart(mData->chartData(), xml, content);
+  return SendContent(content.data(), content.size(), CXT_XML, noSubType);
 }
 
 bool XDocument::SendData() const {

@@ -2,10 +2,10 @@
 
 #include "xdocument.h"
 
-#include "content_buffer.h"
 #include "xdocument_data.h"
 #include "xgraph.h"
 
+#include "support/content_message.h"
 #include "support/failure.h"
 
 #include "host/chartbase.h"

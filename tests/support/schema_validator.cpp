@@ -104,3 +104,8 @@ std::vector<std::string> templateReplySchemaErrors(std::string const& xml) {
   static Validator& validator = makeValidator("template-reply.xsd");
   return validator.errorsOf(xml);
 }
+
+std::vector<std::string> serviceTemplateSchemaErrors(std::string const& xml) {
+  static Validator& validator = makeValidator("service-template.xsd");
+  return validator.errorsOf(xml);
+}

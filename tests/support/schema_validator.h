@@ -13,3 +13,6 @@ std::vector<std::string> templateSchemaErrors(std::string const& xml);
 /// The same of a request for a chart from a visualization template, and of a reply to one.
 std::vector<std::string> templateRequestSchemaErrors(std::string const& xml);
 std::vector<std::string> templateReplySchemaErrors(std::string const& xml);
+
+/// The same of a service template.
+std::vector<std::string> serviceTemplateSchemaErrors(std::string const& xml);

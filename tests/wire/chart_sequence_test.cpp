@@ -46,8 +46,6 @@ class ChartSequence : public kestrel::test::WireTest {
     return send();
   }
 
-  std::string bytesOf(std::uint32_t type) { return onlyContent(contents(), type).bytes; }
-
   std::vector<std::uint64_t> endRecord() {
     std::string const record = bytesOf(3);
     return {littleEndianAt(record, 0, 4), littleEndianAt(record, 4, 4)};

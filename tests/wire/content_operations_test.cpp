@@ -14,10 +14,7 @@ using testing::IsEmpty;
 
 namespace {
 
-class ContentOperations : public kestrel::test::WireTest {
- protected:
-  std::string bytesOf(std::uint32_t type) { return onlyContent(contents(), type).bytes; }
-};
+class ContentOperations : public kestrel::test::WireTest {};
 
 TEST_F(ContentOperations, DescriptionGoesOutInBothForms) {
   document.SetDescription(u"Größe der Pinguine");
@@ -94,12 +91,7 @@ TEST_F(ContentOperations, ChartTextThatFailsIsAFailure) {
 
 TEST_F(ContentOperations, ChartTextOfSeveralChunksComesBackWhole) {
   // Hardly to be compressed, so that the compressed text has several chunks too.
-  std::string xml = "<a>";
-  unsigned int state = 1;
-  for (int i = 0; i < 100000; ++i) {
-    state = state * 1664525u + 1013904223u;
-    xml += static_cast<char>(' ' + (state >> 24) % 90);
-  }
+  std::string const xml = kestrel::test::noise(100000);
   EXPECT_TRUE(document.SendXML(xml));
   EXPECT_GT(onlyContent(contents(), 1).chunkSizes.size(), 1u);
   EXPECT_EQ(inflated(bytesOf(1)), xml);
