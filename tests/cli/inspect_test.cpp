@@ -144,7 +144,7 @@ TEST_F(Inspect, TakesTheContentsOut) {
   chartOf("a,b\n1,2\n", {"--description", "D\xC3\xA9tails", "--csv", "extra.csv"});
   EXPECT_EQ(extract().exit, 0);
   EXPECT_THAT(filesIn("contents"), ElementsAre("chart.xml", "data.arrows", "description.eng.txt",
-                                               "description.txt", "done.json", "extra.csv"));
+                                               "description.txt", "done.json", "extra.csv", "sizes.json"));
   auto const sent = decodeContents(kestrel::test::decodeCapture(read("out/capture.kcap")));
   EXPECT_EQ(read("contents/chart.xml"), inflated(onlyContent(sent, 1).bytes));
   EXPECT_EQ(read("contents/data.arrows"), onlyContent(sent, 8).bytes);
@@ -159,7 +159,7 @@ TEST_F(Inspect, NamesWhatItTookOutInTheJson) {
   chartOf("a,b\n1,2\n");
   auto const listing = nlohmann::json::parse(inspect({"--json", "--extract", "contents"}).out);
   EXPECT_EQ(listing["extracted"], (nlohmann::json{"description.txt", "description.eng.txt", "chart.xml",
-                                                  "data.arrows", "done.json"}));
+                                                  "data.arrows", "done.json", "sizes.json"}));
 }
 
 TEST_F(Inspect, KeepsNamesFromTheCaptureWithinTheFolder) {

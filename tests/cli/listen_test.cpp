@@ -40,10 +40,10 @@ TEST_F(Listen, WritesAChartAndItsContents) {
   EXPECT_EQ(listener.wait(), 0);
   EXPECT_EQ(listener.err(), "");
   EXPECT_THAT(listener.out(), StartsWith("listening on s\ngot/001.kcap: chart, 8 messages, "));
-  EXPECT_THAT(listener.out(), testing::EndsWith(", 5 files\n"));
+  EXPECT_THAT(listener.out(), testing::EndsWith(", 6 files\n"));
   EXPECT_THAT(filesIn("got"), ElementsAre("001", "001.kcap"));
-  EXPECT_THAT(filesIn("got/001"),
-              ElementsAre("chart.xml", "data.arrows", "description.eng.txt", "description.txt", "done.json"));
+  EXPECT_THAT(filesIn("got/001"), ElementsAre("chart.xml", "data.arrows", "description.eng.txt",
+                                              "description.txt", "done.json", "sizes.json"));
   EXPECT_EQ(read("got/001/description.txt"), "abc");
   EXPECT_FALSE(std::filesystem::exists(socket()));
 }
@@ -263,7 +263,8 @@ TEST_F(Listen, TakesContentsOutUpToItsLimitOfBytes) {
   for (char const* const file : {"description.txt", "description.eng.txt", "chart.xml", "data.arrows"}) {
     needed += fileCost + read(std::string("contents/") + file).size();
   }
-  std::size_t const all = needed + fileCost + 100'000 + fileCost + read("contents/done.json").size();
+  std::size_t const all = needed + fileCost + 100'000 + fileCost + read("contents/done.json").size() +
+                          fileCost + read("contents/sizes.json").size();
   {
     ListenerProcess listener(folder, {"--once", "--max-bytes", std::to_string(needed + fileCost + 99'999)});
     Sender sender(socket());
@@ -287,7 +288,7 @@ TEST_F(Listen, TakesContentsOutUpToItsLimitOfBytes) {
   EXPECT_TRUE(sender.send(chart));
   sender.close();
   EXPECT_EQ(listener.wait(), 0);
-  EXPECT_EQ(filesIn("got/001").size(), 6u);
+  EXPECT_EQ(filesIn("got/001").size(), 7u);
 }
 
 TEST_F(Listen, KeepsTheWholeMessagesBeforeItsLimitOfBytes) {
@@ -305,13 +306,13 @@ TEST_F(Listen, KeepsTheWholeMessagesBeforeItsLimitOfBytes) {
 
 TEST_F(Listen, HasOneLimitOfBytesForAllCharts) {
   std::string const chart = capture();
-  ListenerProcess listener(folder, {"--max-bytes", std::to_string(6 * fileCost + 2 * chart.size() + 10'000)});
+  ListenerProcess listener(folder, {"--max-bytes", std::to_string(7 * fileCost + 2 * chart.size() + 10'000)});
   Sender sender(socket());
   EXPECT_TRUE(sender.send(chart));
   EXPECT_TRUE(listener.says("got/001.kcap: chart"));
   sender.send(chart.substr(8));
   EXPECT_EQ(listener.wait(), 3);
-  EXPECT_THAT(filesIn("got/001"), testing::SizeIs(5));
+  EXPECT_THAT(filesIn("got/001"), testing::SizeIs(6));
   EXPECT_EQ(read("got/001.kcap"), chart);
 }
 
@@ -319,7 +320,7 @@ TEST_F(Listen, ChargesFilesThatAreThereAlreadyToNobody) {
   std::filesystem::create_directories(folder / "got");
   for (int number = 1; number <= 9; ++number) write("got/00" + std::to_string(number) + ".kcap", "mine");
   std::string const chart = capture();
-  ListenerProcess listener(folder, {"--once", "--max-bytes", std::to_string(6 * fileCost + 20'000)});
+  ListenerProcess listener(folder, {"--once", "--max-bytes", std::to_string(7 * fileCost + 20'000)});
   Sender sender(socket());
   EXPECT_TRUE(sender.send(chart));
   sender.close();

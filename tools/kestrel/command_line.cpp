@@ -2,6 +2,7 @@
 
 #include "chart/chart_command.h"
 #include "chart_templates.h"
+#include "command_options.h"
 #include "explain/explain_command.h"
 #include "gallery/gallery_command.h"
 #include "inspect/inspect_command.h"
@@ -9,11 +10,9 @@
 #include "problem.h"
 #include "received_chart.h"
 #include "send/send_command.h"
+#include "side/side_options.h"
 #include "template/template_command.h"
 #include "upgrade/upgrade_command.h"
-#include "utf8.h"
-
-#include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <array>
@@ -27,13 +26,6 @@
 namespace kestrel::tool {
 
 namespace {
-
-constexpr char const* exitCodes = R"(Exit codes:
-  0  all went well
-  1  the command line or an input file is wrong
-  2  a capture is cut, breaks a rule, or differs from another
-  3  something could not be sent or written, or a template is too much for a chart
-)";
 
 constexpr char const* chartNotes =
     R"(Instead of a table a chart can be given whose name ends with .pdl: a description in
@@ -96,27 +88,6 @@ would go beyond --max-bytes, the command says so and ends with 3: what it has
 written up to there is whole.
 
 )";
-
-/// What the help calls the value of an option.
-constexpr char const* textValue = "TEXT";
-constexpr char const* columnValue = "COLUMN";
-constexpr char const* fileValue = "FILE";
-constexpr char const* folderValue = "FOLDER";
-
-/// CLI11 hands texts on as they are; all that goes into a chart is UTF-8.
-std::string requireUtf8(std::string const& text) {
-  return findBadUtf8(text) == std::string::npos ? "" : inQuotes(text) + " is not UTF-8";
-}
-
-/// A list takes one value each time that the option is given.
-template <typename Target>
-CLI::Option* addOption(CLI::App& command, std::string const& name, Target& target, char const* value,
-                       std::string const& meaning) {
-  return command.add_option(name, target, meaning)
-      ->allow_extra_args(false)
-      ->check(requireUtf8)
-      ->type_name(value);
-}
 
 /// A template by its plain name needs no folder.
 std::string templateNotes() {
@@ -442,11 +413,14 @@ int run(int count, char const* const* arguments) {
   addSend(program, sendingRequest);
   addUpgrade(program, upgradeRequest);
   addVisualization(program, visualizationRequest);
+  SideCommands side;
+  side.addTo(program);
   try {
     program.parse(count, arguments);
   } catch (CLI::ParseError const& end) {
     return finish(program, end);
   }
+  if (side.run()) return code(Exit::Success);
   if (program.got_subcommand("gallery")) {
     runGallery(galleryRequest);
     return code(Exit::Success);

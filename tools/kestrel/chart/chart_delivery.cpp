@@ -59,11 +59,12 @@ class ChartDelivery::Ways : public host::Channel {
   std::size_t count = 0;
 };
 
-ChartDelivery::ChartDelivery(std::string const& folder, std::string const& address)
-    : mAddress(address), mWays(std::make_shared<Ways>()) {
+ChartDelivery::ChartDelivery(std::string const& folder, std::string const& address, std::string what)
+    : mAddress(address), mWhat(std::move(what)), mWays(std::make_shared<Ways>()) {
   if (folder.empty() && address.empty()) {
-    throw Problem("say where the chart goes: -o FOLDER, --send unix:PATH, or both; kestrel --help tells more",
-                  Exit::BadInput);
+    throw Problem(
+        "say where the " + mWhat + " goes: -o FOLDER, --send unix:PATH, or both; kestrel --help tells more",
+        Exit::BadInput);
   }
   if (!address.empty()) openSocket(address);
   if (!folder.empty()) openFile(folder);
@@ -104,7 +105,7 @@ void ChartDelivery::finish(bool sent) {
   }
   std::error_code const lost = mWays->socket ? mWays->socket->error() : std::error_code();
   if (!sent && !lost)
-    throw Problem("the chart could not be sent; what failed stands above", Exit::NotWritten);
+    throw Problem("the " + mWhat + " could not be sent; what failed stands above", Exit::NotWritten);
   std::string kept;
   if (sent && mWays->capture) {
     mWays->capture.reset();
@@ -112,7 +113,8 @@ void ChartDelivery::finish(bool sent) {
     kept = "; all of it is in " + mFile->finalName();
   }
   if (lost) {
-    throw Problem(mAddress + ": the chart did not get through: " + lost.message() + kept, Exit::NotWritten);
+    throw Problem(mAddress + ": the " + mWhat + " did not get through: " + lost.message() + kept,
+                  Exit::NotWritten);
   }
 }
 

@@ -28,13 +28,13 @@ class UnfinishedFile {
   std::filesystem::path mPath;
 };
 
-/// The way of one chart: to a capture file, to a listener on a socket, or to both. A listener that fails does
-/// not keep the chart from the file.
+/// The way of one chart, or of what is sent instead of one: to a capture file, to a listener on a socket, or
+/// to both. A listener that fails does not keep it from the file.
 class ChartDelivery {
  public:
-  /// `folder` gets capture.kcap; `address` is "unix:PATH". One of them may be empty. Throws a Problem where
-  /// the file cannot be made, the address is none, or nobody listens there.
-  ChartDelivery(std::string const& folder, std::string const& address);
+  /// `folder` gets capture.kcap; `address` is "unix:PATH". One of them may be empty. `what` is what messages
+  /// call it. Throws a Problem where the file cannot be made, the address is none, or nobody listens there.
+  ChartDelivery(std::string const& folder, std::string const& address, std::string what = "chart");
   ~ChartDelivery();
   ChartDelivery(ChartDelivery const&) = delete;
   ChartDelivery& operator=(ChartDelivery const&) = delete;
@@ -57,6 +57,7 @@ class ChartDelivery {
 
   std::unique_ptr<UnfinishedFile> mFile;
   std::string mAddress;
+  std::string mWhat;
   std::shared_ptr<Ways> mWays;
 };
 

@@ -21,7 +21,7 @@ struct ContentType {
   char const* name;
   Form form;
   /// Name of the file that the content is extracted to. Null for what has no file of its own: announcements,
-  /// and names and contents that make a file together.
+  /// which stand in one together, and names and contents that make a file together.
   char const* fileName;
 };
 

@@ -3,11 +3,15 @@
 #include "content_rules.h"
 #include "content_types.h"
 #include "files.h"
+#include "image_format.h"
 #include "safe_name.h"
 
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
+#include <iterator>
 #include <optional>
+#include <utility>
 
 namespace kestrel::tool {
 
@@ -19,11 +23,21 @@ constexpr std::size_t endRecordSize = 8;
 struct NamedFile {
   TypeNumber name;
   TypeNumber content;
+  /// Where the sender gave no name.
   char const* usual;
+  /// For names without one: what attachments are called need not be the name of a file.
+  char const* ending;
 };
 
-constexpr NamedFile namedFiles[] = {{CsvName, CsvContent, "attachment.csv"},
-                                    {GeoJsonName, GeoJson, "attachment.json"}};
+constexpr NamedFile namedFiles[] = {{CsvName, CsvContent, "attachment.csv", ""},
+                                    {GeoJsonName, GeoJson, "attachment", ".json"}};
+
+/// All sizes that were announced.
+constexpr char const* sizesName = "sizes.json";
+
+std::string withEnding(std::string const& name, char const* ending) {
+  return name.find('.') == std::string::npos ? name + ending : name;
+}
 
 std::string endRecord(std::string const& bytes) {
   if (bytes.size() != endRecordSize) return bytes;
@@ -36,9 +50,8 @@ std::optional<std::string> plainBytes(Send const& send, Content const& content, 
   return form == Form::EndRecord ? endRecord(content.bytes()) : content.bytes();
 }
 
-/// The file name's last piece, for images: what kind of image it is, is the subtype's secret.
-std::string imageName(Content const& content) {
-  return "image-" + std::to_string(content.first().subtype.value_or(0));
+std::string imageName(Content const& content, std::string const& bytes) {
+  return "image-" + std::to_string(content.first().subtype.value_or(0)) + std::string(imageEnding(bytes));
 }
 
 /// Writes the files of one send.
@@ -51,33 +64,44 @@ class SendWriter {
 
   std::vector<std::string> write() {
     for (Content const& content : mSend->contents) take(content);
+    if (!mSizes.empty()) write(sizesName, mSizes.dump(2) + "\n");
     return mWritten;
   }
 
  private:
   void take(Content const& content) {
+    Content const* const before = std::exchange(mBefore, &content);
     ContentType const* const type = findContentType(content.type());
-    if (type == nullptr) return;
-    auto const name = fileName(content, *type);
-    mBefore = &content;
-    if (!name || content.isCut) return;
-    auto const bytes = plainBytes(*mSend, content, type->form);
-    if (!bytes) return;
-    std::string const own = mNames.take(*name);
-    mBudget->take(ByteBudget::fileCost + bytes->size(), mFolder / own);
-    writeFile(mFolder / own, *bytes);
+    if (type == nullptr || content.isCut) return;
+    if (type->form == Form::Announcement) mSizes[type->name] = content.size();
+    if (!hasFile(*type)) return;
+    if (auto const bytes = plainBytes(*mSend, content, type->form))
+      write(fileName(content, *type, *bytes, before), *bytes);
+  }
+
+  void write(std::string const& name, std::string const& bytes) {
+    std::string const own = mNames.take(name);
+    mBudget->take(ByteBudget::fileCost + bytes.size(), mFolder / own);
+    writeFile(mFolder / own, bytes);
     mWritten.push_back(own);
   }
 
-  std::optional<std::string> fileName(Content const& content, ContentType const& type) const {
-    if (type.number == Image) return imageName(content);
-    if (type.fileName != nullptr) return type.fileName;
-    for (NamedFile const& file : namedFiles) {
-      if (file.content != content.type()) continue;
-      bool const named = mBefore != nullptr && mBefore->type() == file.name;
-      return safeName(named ? mBefore->bytes() : std::string(), file.usual);
-    }
-    return std::nullopt;
+  static bool hasFile(ContentType const& type) { return type.fileName != nullptr || fileOf(type) != nullptr; }
+
+  static NamedFile const* fileOf(ContentType const& type) {
+    auto const* const found =
+        std::find_if(std::begin(namedFiles), std::end(namedFiles),
+                     [&](NamedFile const& file) { return file.content == type.number; });
+    return found == std::end(namedFiles) ? nullptr : found;
+  }
+
+  static std::string fileName(Content const& content, ContentType const& type, std::string const& bytes,
+                              Content const* before) {
+    if (type.number == Image) return imageName(content, bytes);
+    NamedFile const* const file = fileOf(type);
+    if (file == nullptr) return type.fileName;
+    bool const named = before != nullptr && before->type() == file->name;
+    return withEnding(safeName(named ? before->bytes() : std::string(), file->usual), file->ending);
   }
 
   Send const* mSend;
@@ -85,6 +109,7 @@ class SendWriter {
   ByteBudget* mBudget;
   NameList mNames;
   Content const* mBefore = nullptr;
+  nlohmann::ordered_json mSizes;
   std::vector<std::string> mWritten;
 };
 
