@@ -25,6 +25,28 @@ endif()
 run("configure" ${CMAKE_COMMAND} -S "${SOURCE}" -B "${work}/build" -G Ninja "-DCMAKE_CXX_COMPILER=${COMPILER}"
   "-DCMAKE_CXX_FLAGS=${flags}" "-DCMAKE_PREFIX_PATH=${prefix}")
 run("build" ${CMAKE_COMMAND} --build "${work}/build")
+
+# Whoever exports one more class uses it here, too: each must be a symbol that the program takes from libkestrel.
+file(GLOB headers "${prefix}/include/kestrel/x*.h" "${prefix}/include/kestrel/c*.h")
+set(classes "")
+foreach(header IN LISTS headers)
+  file(STRINGS "${header}" lines REGEX "^(class|struct) KESTREL_API ")
+  list(TRANSFORM lines REPLACE "^[a-z]+ KESTREL_API ([A-Za-z0-9_]+).*" "\\1")
+  list(APPEND classes ${lines})
+endforeach()
+list(LENGTH classes count)
+if(count LESS 18)
+  message(FATAL_ERROR "only ${count} exported classes were found")
+endif()
+find_program(NM NAMES nm llvm-nm REQUIRED)
+execute_process(COMMAND ${NM} --undefined-only --demangle "${work}/build/consumer" OUTPUT_VARIABLE symbols
+  COMMAND_ERROR_IS_FATAL ANY)
+foreach(class IN LISTS classes)
+  if(NOT symbols MATCHES " ${class}::")
+    message(FATAL_ERROR "the consumer takes nothing of ${class} from libkestrel")
+  endif()
+endforeach()
+
 run("run" "${work}/build/consumer")
 if(NOT output MATCHES "bytes in [1-9][0-9]* messages")
   message(FATAL_ERROR "the consumer sent nothing")
