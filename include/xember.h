@@ -13,6 +13,7 @@
 /// caller.
 class KESTREL_API xEmber : public XDocument {
  public:
+  /// No chart yet.
   xEmber();
   ~xEmber() override;
 
@@ -21,7 +22,9 @@ class KESTREL_API xEmber : public XDocument {
   /// @return whether it is not empty
   bool setLumoJSON(std::string const& fileName);
 
+  /// The engine's template; the last text that was set counts, as with the options.
   void setLumoJSONTemplate(std::string const& json);
+  /// Options for the client.
   void setOptions(std::string const& options);
 
   /// Attaches a file under its name. Attachments are sent in the order of the calls.

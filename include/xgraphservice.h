@@ -15,6 +15,7 @@ class ChartString;
 /// caller.
 class KESTREL_API XGraphService : public XDocument {
  public:
+  /// No options and no service template yet.
   XGraphService();
   ~XGraphService() override;
 

@@ -13,6 +13,7 @@
 /// never looks at it.
 class KESTREL_API XImage : public XDocument {
  public:
+  /// No image yet, and the subtype 0.
   XImage();
   ~XImage() override;
 

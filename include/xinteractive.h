@@ -13,13 +13,17 @@
 /// caller.
 class KESTREL_API xInteractive : public XDocument {
  public:
+  /// No page yet.
   xInteractive();
   ~xInteractive() override;
 
   /// The page. As with all of these, the last text that was set counts.
   void setInteractiveJSON(std::string const& json);
+  /// The procedure that the page belongs to.
   void setProcedureName(std::string const& name);
+  /// Where the client finds or keeps the page.
   void setJSONPath(std::string const& path);
+  /// Options for the client.
   void setOptions(std::string const& options);
 
   /// Attaches a file under its name. Attachments are sent in the order of the calls.
