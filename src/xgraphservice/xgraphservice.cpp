@@ -30,6 +30,7 @@ bool XGraphService::createDocument(ChartString const& source) {
   return true;
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): the interface is fixed
 void XGraphService::addVariable(std::string name, int index) {
   if (mService->mDocument != nullptr) mService->addVariable(name, index);
 }

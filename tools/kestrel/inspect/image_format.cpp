@@ -7,7 +7,7 @@ namespace kestrel::tool {
 
 namespace {
 
-using std::string_view_literals::operator""sv;
+using namespace std::string_view_literals;
 
 struct Signature {
   std::string_view ending;

@@ -30,6 +30,7 @@ Attachment readAttachment(std::string const& text) {
 /// Read before anything is sent: a file that is wrong is a fault of the command line.
 std::vector<Attachment> readAttachments(std::vector<std::string> const& texts) {
   std::vector<Attachment> attachments;
+  attachments.reserve(texts.size());
   for (std::string const& text : texts) attachments.push_back(readAttachment(text));
   return attachments;
 }
