@@ -40,6 +40,7 @@ class KESTREL_API ChartUpdater {
   /// False, also for a chart with a polar transform: hosts rely on it.
   bool isChartPie() const;
 
+  /// Whether the list has this id.
   bool idExists(ChartString const& id, std::vector<ChartString>& ids) const;
 
   /// Copies all attributes but the id.

@@ -45,24 +45,35 @@ class KESTREL_API XAxis : public XBaseElement {
   /// a label.
   void hideLabel();
 
+  /// @{
   /// Room at the ends of the dimension: a length such as "5%" or "5px".
   void setLowerMargin(char16_t const* margin);
   void setUpperMargin(char16_t const* margin);
+  /// @}
+
+  /// @{
   /// Whether the scale's ends are rounded to nice values.
   void setNiceLowerMapping(bool nice);
   void setNiceUpperMapping(bool nice);
+  /// @}
+
   /// Whether all panels share one domain.
   void setUnionDomain(bool unionDomain);
   /// Values other than the two of the enumeration do nothing.
   void setRepeat(ENUM_repeat repeat);
 
+  /// @{
   /// Text before and behind each tick label.
   void setMajorTickLabelPrefix(char16_t const* prefix);
   void setMajorTickLabelSuffix(char16_t const* suffix);
+  /// @}
 
-  /// Makes the axis's domain cover the values of a variable too. Guarded.
+  /// @{
+  /// Makes the axis's domain cover the values of a variable too. Where the dimension has no domain yet it
+  /// gets one of numbers, or one of categories. Guarded.
   void addIntervalVariableReference(XVariable const& variable);
   void addCategoricalVariableReference(XVariable const& variable);
+  /// @}
 
   /// Marks the domain as dates. Both ends are written as the minimum of one range, the second over the first:
   /// clients rely on it. Null leaves that end out. Guarded.

@@ -15,9 +15,15 @@ class LumoStyle;
 /// be copied freely, and must not outlive the `LumoDocument` that its model object lives in.
 class KESTREL_API XBaseElement {
  public:
+  /// A handle on that model object, which stays its document's.
   explicit XBaseElement(LumoBaseElement& element);
+
+  /// @{
+  /// A copy is a second handle on the same object.
   XBaseElement(XBaseElement const&) = default;
   XBaseElement& operator=(XBaseElement const&) = default;
+  /// @}
+
   virtual ~XBaseElement();
 
   /// The serialised text of the model object, UTF-8.
@@ -35,9 +41,11 @@ class KESTREL_API XBaseElement {
   /// The id of the style that belongs to the model object `id`: the id followed by "s".
   static ChartString getStyleId(char16_t const* id);
 
+  /// @{
   /// See `XUtility`.
   static ChartString ChartStringFromOLANG(char const* text);
   static ChartString ChartStringFromLocalCodePage(char const* text);
+  /// @}
 
   /// Turns every backslash that is followed by the letter n into one line feed, in place: the form in which
   /// hosts escape a line break in labels.

@@ -46,8 +46,10 @@ class KESTREL_API XDocument {
 
   /// One colour that the host asks for. The first number is the host's own.
   struct ColorSpec {
+    /// As the members say; nothing is checked.
     ColorSpec(int hostValue, int redPart, int greenPart, int bluePart)
         : first(hostValue), red(redPart), green(greenPart), blue(bluePart) {}
+    /// The host's own number; not looked at.
     int first;
     int red;    ///< 0 to 255
     int green;  ///< 0 to 255
@@ -79,9 +81,11 @@ class KESTREL_API XDocument {
   XDocument& operator=(XDocument const&) = delete;
   virtual ~XDocument();
 
+  /// @{
   /// The description that goes to the client beside the chart.
   virtual void SetDescription(char16_t const* description);
   virtual void SetDescription(ChartString const& description);
+  /// @}
 
   /// The builder of the chart's graph, made at the first call together with a data store (unless
   /// `SetChartData` has given one). Owned by the document.
@@ -106,10 +110,12 @@ class KESTREL_API XDocument {
   /// says whether file templates are still applied. There is no way back.
   virtual void doNotModify(bool keepFileTemplates);
 
+  /// @{
   /// Appends a chart template's name, a CSV file's name, a template's text. An empty one is ignored.
   virtual void SetChartTemplate(std::string const& name);
   virtual void AddCSVFile(std::string const& name);
   virtual void AddImmediateTemplate(std::string const& xml);
+  /// @}
 
   /// The builder around a chart that came from outside: nothing in the chart is touched and no data store is
   /// made. `getGraph` and this share one builder: whichever runs first decides what both return.
@@ -141,10 +147,12 @@ class KESTREL_API XDocument {
   /// Sends nothing and returns false, whatever the arguments: part of the interface only.
   virtual bool SendCount(unsigned int count, ChartXMLContentType type) const;
 
+  /// @{
   /// Starts and ends one use of the XML library. Its count of uses is the only one: the constructors' calls
   /// of `initialize` and the destructor's `terminate` need not balance.
   static void initialize();
   static void terminate();
+  /// @}
 
   /// Parses `text` with the caller's parser, loading nothing from outside the text.
   /// @param errorText takes the parser's message when the text is not well formed
@@ -161,37 +169,64 @@ class KESTREL_API XDocument {
   /// @throws ChartException if the document is empty
   LumoVisualization* getVisualization() const;
 
+  /// What goes to the client beside the chart: the text of `SetDescription`, or what `SendDescription` put in
+  /// the place of an empty one.
   ChartString GetDescription() const;
 
+  /// First word of the end record. An attached CSV file sets it back to the default when it is sent.
   void setEditable(EDITABLE editable);
+  /// The first word of the end record, as it would be sent now.
   EDITABLE getEditable() const;
+  /// Second word of the end record. An attached CSV file changes it to `EditorAttachedFile` when it is sent.
   void setEditor(EDITOR editor);
 
   /// Kept for hosts that call it; nothing reads it.
   void setAdvancedCheck(bool advancedCheck);
+  /// Makes the completion give the cells of a second graph the looks of the first one's elements
+  /// (`customizeCharts::customizePDFCDF`), and variables that cluster the formats of those that they were
+  /// made from. False unless it was set.
   void setTableSwatch(bool tableSwatch);
+  /// Whether the chosen templates of the user's settings take the place of the default ones. True unless it
+  /// was set.
   void applyCTemplate(bool apply);
 
+  /// @{
+  /// The frames around the page and around the data. `TemplParamLeave` unless it was set; the completion puts
+  /// the action into effect.
   void SetOuterFrame(TEMPL_PARAM_ACT action);
   TEMPL_PARAM_ACT GetOuterFrame() const;
   void SetInnerFrame(TEMPL_PARAM_ACT action);
   TEMPL_PARAM_ACT GetInnerFrame() const;
+  /// @}
+
+  /// @{
+  /// The lines across the data at the ticks of every X or Y axis that has ticks. `TemplParamLeave` unless it
+  /// was set; the completion puts the action into effect.
   void SetXAxisGridlines(TEMPL_PARAM_ACT action);
   TEMPL_PARAM_ACT GetXAxisGridlines() const;
   void SetYAxisGridlines(TEMPL_PARAM_ACT action);
   TEMPL_PARAM_ACT GetYAxisGridlines() const;
+  /// @}
 
-  /// The lists themselves.
+  /// @{
+  /// The names that `SetChartTemplate` took, and the texts that `AddImmediateTemplate` took: the lists
+  /// themselves, which the document keeps.
   std::vector<std::string>& getTemplates();
   std::vector<std::string>& getInlineTemplates();
+  /// @}
 
+  /// Appends a colour. The completion makes them the first colours of the chart, in their order.
   void AddColorSpec(ColorSpec const& color);
+  /// The list itself, which the document keeps.
   std::vector<ColorSpec>& GetColorSpecs() const;
 
-  /// Name first (for messages), content second.
+  /// @{
+  /// A style sheet that reworks the chart text before it is sent, and the two maps of the client. The name
+  /// first (for messages; that of a map is sent), the content second.
   void setStyleSheet(std::string const& name, std::string const& styleSheet);
   void setLUMOMap(std::string const& name, std::string const& map);
   void setLUMORefMap(std::string const& name, std::string const& map);
+  /// @}
 
   /// Turns the chart into the one that goes to the client: default looks, language, templates, and what the
   /// host asked for in colours, frames and gridlines. `SendChart` and `getChartXML` call it; a second call
@@ -207,9 +242,11 @@ class KESTREL_API XDocument {
   /// Completes the chart and gives its text; empty for an empty document.
   std::string getChartXML();
 
+  /// @{
   /// Reworks the chart with `customizeCharts`, which must be of that kind. Not part of the completion.
   bool customizeSPCharts();
   void tweakNetworkDiagram(XVariable const& variable);
+  /// @}
 
   /// Applies the templates of the user's settings in their order (styles, options, then the chosen or the
   /// default ones), then those of `applyUserTemplates`.

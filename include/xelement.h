@@ -43,11 +43,14 @@ class KESTREL_API XElement : public XBaseElement {
   /// Sets the element's label collision handling to 1.
   explicit XElement(CTElementType& element);
 
+  /// @{
   /// Adds a coordinate bound to the variable; a second call adds a second one. Guarded.
   virtual void AddX(XVariable const& variable);
   virtual void AddY(XVariable const& variable);
   virtual void AddZ(XVariable const& variable);
+  /// @}
 
+  /// The name of the element in the chart text; null takes it away.
   virtual void SetName(char16_t const* name);
 
   /// Splits the element by a variable into parts that stand on each other; arguments as of `Cluster`.
@@ -89,14 +92,17 @@ class KESTREL_API XElement : public XBaseElement {
   /// anything else becomes U+0000.
   char16_t getXMLCharDigit(char16_t digit);
 
+  /// @{
   /// Colours of the element's own style, written as "#RRGGBB"; a component above 255 counts as 255.
   void SetPrimaryColor(unsigned int red, unsigned int green, unsigned int blue);
   void SetSecondaryColor(unsigned int red, unsigned int green, unsigned int blue);
+  /// @}
 
   /// Width of the element in `unit`; a value that is not above 0 is left out. The third text carries the
   /// second value, which clients rely on: the third value only switches it on.
   void SetWidth(WidthType unit, double first, double second, double third);
 
+  /// The line of the element's own style. `LineSolid` takes the dashes away.
   void SetLineType(StrokeLineType type);
 
  private:

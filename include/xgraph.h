@@ -35,11 +35,14 @@ class KESTREL_API XGraph : public XBaseElement {
   /// The side of the panels that a panel variable varies along.
   enum ROLE : int { ROLE_ROW = 0, ROLE_COLUMN = 1 };
 
+  /// @{
+  /// The ids of the axes that a graph makes.
   static char16_t const _primaryXAxisId[];
   static char16_t const _secondaryXAxisId[];
   static char16_t const _primaryYAxisId[];
   static char16_t const _secondaryYAxisId[];
   static char16_t const _zAxisId[];
+  /// @}
 
   /// Makes a new graph in the visualization. Guarded.
   /// @param vdp the chart's data store, may be null; stays its owner's until `clearData`
@@ -48,8 +51,12 @@ class KESTREL_API XGraph : public XBaseElement {
   /// Attaches to the first graph that the visualization holds, and to its last container style. Guarded.
   explicit XGraph(LumoVisualization& lumo);
 
+  /// @{
+  /// A copy is a second handle on the same graph, with its own list of panel variables.
   XGraph(XGraph const&) = default;
   XGraph& operator=(XGraph const&) = default;
+  /// @}
+
   ~XGraph() override;
 
   /// A new data source. The caller owns the wrapper and keeps it alive as long as `clearData` may be called;
@@ -72,13 +79,16 @@ class KESTREL_API XGraph : public XBaseElement {
   /// numbers.
   /// @param name may be null or empty; part of the id, with blanks as underscores
   virtual XElement AddLineElement(char16_t const* name);
+  /// As `AddLineElement`: an interval element without a name. The flag is part of its id only.
   virtual XElement AddBarElement(bool clustered);
+  /// As `AddLineElement`: a point element without a name.
   virtual XElement AddPointElement();
 
   /// The first or second legend of the chart; further calls give the second again.
   /// @param text its title, or null for none
   virtual XLegend addLegend(char16_t const* text);
 
+  /// @{
   /// Titles and footnotes. False, and nothing changed, for a null or empty text. Guarded. A second call makes
   /// a second frame, except for the subtitle, which keeps its frame and takes the new text.
   virtual bool AddTitle1(char16_t const* text);
@@ -87,6 +97,7 @@ class KESTREL_API XGraph : public XBaseElement {
   virtual bool AddFootnote1(char16_t const* text);
   virtual bool AddFootnote2(char16_t const* text);
   virtual bool AddFootnote3(char16_t const* text);
+  /// @}
 
   /// The second axis of the X dimension, on the opposite side. The primary axis must be there, and the call
   /// is made once: on a dimension with no axis, or with two, the result is a wrapper on an axis that stands
@@ -131,10 +142,14 @@ class KESTREL_API XGraph : public XBaseElement {
 
   /// The case number of the procedure's data. Only `systemVariable` true is supported; false is reported.
   virtual XVariable AddSystemVariable(bool systemVariable, XSource& source, bool categorical);
+
+  /// @{
   /// Variables over system columns of a source that exists: the last one whose id matches, ignoring case.
   /// @throws ChartException (reported) if there is none
   virtual XVariable AddCaseNumVariable(std::string const& sourceName);
   virtual XVariable AddWeightVariable(std::string const& sourceName);
+  /// @}
+
   /// A variable over a named column of a source that exists: the first one whose id matches, ignoring case.
   /// @throws ChartException (reported) if there is none
   virtual XVariable AddExistingVariable(ChartString const& sourceId, bool categorical,
@@ -160,8 +175,14 @@ class KESTREL_API XGraph : public XBaseElement {
   /// @param equal hides the line in those panels; false hides it in all others
   void AddReferenceLine(std::string const& x, std::string const& y, char16_t const* name, int facet,
                         std::vector<double> const* values, bool equal);
+
+  /// @{
+  /// A line at a value of one direction, in all panels. Guarded.
+  /// @param name may be null or empty; part of the id
   void AddXReferenceLine(double value, char16_t const* name);
   void AddYReferenceLine(double value, char16_t const* name);
+  /// @}
+
   /// A line along a function, as text that is passed on as it stands. Guarded.
   void AddFunctionLine(std::string const& function, char16_t const* name);
 
@@ -191,9 +212,12 @@ class KESTREL_API XGraph : public XBaseElement {
   /// Shows the chart from a point in space, with planes and a frame. Angles are in degrees. Without
   /// coordinates only the planes and the frame are made. Guarded.
   void make3D(double distance, double phi, double theta, double zeta);
+
+  /// @{
   /// Size of the whole chart, limited to 0.5 to 10 inches. A failure is logged.
   void setOuterFrameHeight(double inches);
   void setOuterFrameWidth(double inches);
+  /// @}
 
   /// Gives each source variable without a format the relabels, prefix, suffix and labels of the first
   /// variable of the same column name that has one; then a percent format to the axes of percentages.
@@ -211,7 +235,9 @@ class KESTREL_API XGraph : public XBaseElement {
   /// makes).
   LumoStyle* addStyle(ChartString const& id);
 
+  /// The graph in the chart model, which keeps it; null where it could not be made or found.
   LumoGraph* getGraph() const { return mGraph; }
+  /// The chart that the graph is part of; not the graph itself.
   LumoVisualization* getImplementation() { return mVisualization; }
 
   /// Width to height of one panel cell; makes the facet layout if there is none.

@@ -9,6 +9,7 @@ class XElement;
 /// The builder of one legend.
 class KESTREL_API XLegend : public XBaseElement {
  public:
+  /// A handle on that legend; nothing is written.
   explicit XLegend(LumoLegend& legend);
 
   /// Adds a title label. A second call adds a second label with the same id. A backslash followed by n is a

@@ -33,44 +33,59 @@ class KESTREL_API XLumoTemplate {
     LABEL_SUBFOOTNOTE = 4,
   };
 
+  /// What fills a slot.
   enum VARIABLE_TYPE : int {
     VARIABLE_SINGLE = 0,              ///< an ordinary variable
     VARIABLE_MULTIPLE_DICHOTOMY = 1,  ///< a multiple response set of dichotomies
     VARIABLE_MULTIPLE_CATEGORY = 2,   ///< a multiple response set of categories
   };
 
+  /// An empty request.
   XLumoTemplate();
   XLumoTemplate(XLumoTemplate const&) = delete;
   XLumoTemplate& operator=(XLumoTemplate const&) = delete;
   virtual ~XLumoTemplate();
 
+  /// The visualization template, and where it lives.
   void setTemplateName(ChartString& name, LOCATION where);
   /// Chooses a template of the host's template folder by its name without the extension. The template name
   /// stays as it is, and counts before this one where it is not empty.
   void setTemplateInternalName(std::string const& name);
+  /// The folder of the repository that has the template; counts with `LOCATION_KOS`.
   void setTemplateKosDirectory(std::string const& directory);
 
-  /// (The small s is the interface's own.)
+  /// The style sheet, and where it lives. (The small s is the interface's own.)
   void setstyleSheetName(std::string const& name, LOCATION where);
+  /// The folder of the repository that has the style sheet; counts with `LOCATION_KOS`.
   void setStyleSheetKosDirectory(std::string const& directory);
 
-  /// Of a file, every backslash in the name becomes a slash.
+  /// @{
+  /// The map with the data and the one with the places, where each lives, and the folder of the repository
+  /// that has it, which counts with `LOCATION_KOS`. Of a file, every backslash in the name becomes a slash.
   void setDataMapName(std::string const& name, LOCATION where);
   void setDataMapKosDirectory(std::string const& directory);
   void setRefMapName(std::string const& name, LOCATION where);
   void setRefMapKosDirectory(std::string const& directory);
+  /// @}
+
+  /// The key by which the two maps are joined.
   void setMapKey(std::string const& key);
-  /// True unless it was set.
+  /// Whether places without data are shown. True unless it was set.
   void setShowAllFeatures(bool show);
 
+  /// @{
   /// The names as they were set; after a conversion with maps the URIs that the converter gave.
   ChartString& getDataMapName() const;
   ChartString& getRefMapName() const;
+  /// @}
+
+  /// @{
   /// The files of those URIs, and what they hold; empty before a conversion.
   std::string& getDataMapFileName() const;
   std::string& getRefMapFileName() const;
   std::string& getDataMapContents() const;
   std::string& getRefMapContents() const;
+  /// @}
 
   /// Fills a slot with a variable or a multiple response set.
   /// @param slotValue the variable's display text, which the host may translate

@@ -19,10 +19,12 @@ class KESTREL_API XRow {
   XRow& operator=(XRow const&) = delete;
   ~XRow();
 
+  /// @{
   /// Writes one cell, as `XDataValue` tells. Failures of the store pass to the caller.
   void addDataValue(XVariable const& variable, long const& value);
   void addDataValue(XVariable const& variable, double const& value);
   void addDataValue(XVariable const& variable, OBS const& value);
+  /// @}
 
  private:
   VarDataProcessor* mProcessor;

@@ -28,6 +28,7 @@ class KESTREL_API XSource : public XBaseElement {
   /// The next row; the source owns it until it is cleared or destroyed.
   virtual XRow* AddRow();
 
+  /// How many rows were added since the source was made or cleared.
   unsigned int getNumRows() const { return static_cast<unsigned int>(mRows->size()); }
 
   /// Destroys the rows and opens the table in another store. Row numbers start at 0 again.

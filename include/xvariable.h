@@ -85,6 +85,7 @@ class KESTREL_API XVariable : public XBaseElement {
   /// column. Guarded.
   XVariable(LumoSourceVariable& variable, bool systemVariable, XSource& source, bool categorical);
 
+  /// Wraps a derived variable as it stands; it has no data column.
   explicit XVariable(LumoDerivedVariable& variable);
 
   /// Fills the first format from the host variable's print format. Guarded.
@@ -97,24 +98,36 @@ class KESTREL_API XVariable : public XBaseElement {
   /// Gives the variable a new categorical domain that is sorted by value. Guarded.
   virtual void sortCategories(bool descending);
 
+  /// The variable in the chart model, which keeps it.
   virtual CTVariableType& getImplementation() const;
+  /// Whether the variable has a format.
   virtual bool doesFormatExist() const;
 
+  /// The id in the chart, valid until it changes; null where there is none.
   char16_t const* GetID() const;
 
   /// Name of the data column in the store, UTF-8; empty where the wrapper has none.
   std::string getSourceName() const { return mSourceName; }
 
+  /// @{
+  /// Whether the values are categories; false unless it was set.
   bool getCategorical() const;
   void setCategorical(bool categorical);
+  /// @}
+
+  /// Writes where the values come from, as text.
   void setCreator(CREATOR creator);
 
   /// Marks the variable as the one that labels cases where nothing else is said.
   void makeDefaultLabelingVar();
 
+  /// @{
   /// Written unchanged, empty ones too.
   void setLabel(ChartString const& label);
   void setShortLabel(ChartString const& label);
+  /// @}
+
+  /// The model's label; empty where there is none.
   ChartString getLabel() const;
 
   /// The host variable's label without its leading blanks (trailing ones stay), or the model's label where
@@ -123,8 +136,11 @@ class KESTREL_API XVariable : public XBaseElement {
   /// The host variable's name, or the model's short label where there is no host variable.
   ChartString getVexaVariableShortLabel() const;
 
+  /// @{
+  /// Whether the variable is the weight of the cases; false unless it was set.
   void SetWeight(bool weight);
   bool isWeightVariable() const;
+  /// @}
 
   /// Attaches a host variable, which the caller keeps. Labels, formats and the data index stay as they are.
   void setVexaVariable(Vexa_Variable const& host);
@@ -136,20 +152,28 @@ class KESTREL_API XVariable : public XBaseElement {
   /// @param decimals cut to 32 bits
   bool SetNumberFormat(unsigned long decimals, bool grouping, char16_t const* prefix, char16_t const* suffix);
 
-  /// False, and nothing made, for an empty or null text.
+  /// @{
+  /// Text before and behind each number, on the first format. False, and nothing made, for an empty or null
+  /// text.
   bool SetFormatPrefix(char16_t const* prefix);
   bool SetFormatSuffix(char16_t const* suffix);
+  /// @}
 
+  /// @{
   /// Relabels the values 1 to 7 (Sunday first) and 1 to 12 with the names in the output language: long ones
   /// for a width above 3.
   void addDayOfWeekRelabels(LumoFormat& format, Vexa_Format hostFormat);
   void addMonthOfYearRelabels(LumoFormat& format, Vexa_Format hostFormat);
+  /// @}
 
+  /// @{
   /// Shows a value as another text, on the first format. Nothing is done for a null or empty value; the text
   /// may be empty, and a backslash followed by n becomes a line feed in it. A second text for a value is
   /// added behind the first. Guarded.
   void addRelabel(char16_t const* value, char16_t const* text);
   void addRelabel(unsigned int value, char16_t const* text);
+  /// @}
+
   /// The value is the cell in the host variable's format, or with up to 16 significant digits where there is
   /// no host variable.
   void addRelabel(OBS const& value, char16_t const* text);

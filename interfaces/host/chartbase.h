@@ -38,18 +38,24 @@ class VEXA_API ChartBase {
   /// The id itself where the chart has no such id yet, otherwise the id with a number that makes it unique.
   static ChartString CreateUniqueId(ChartString const& id, LumoVisualization& visualization);
 
+  /// @{
   /// Each fills the display attributes of a format element from a print format, and is false where the host
   /// has no display for the type; the element then stays as it was.
   static bool FormatNumber(LumoFormat& element, Vexa_Format& format);
   static bool FormatCustomCurrency(LumoFormat& element, Vexa_Format& format);
   static bool FormatDate(LumoFormat& element, Vexa_Format& format);
   static bool FormatElapsedTime(LumoFormat& element, Vexa_Format& format);
+  /// @}
 
   /// Rewrites a text in place: where the dictionary knows the whole text as a key, its translation takes the
   /// place. Any other text stays, and so does every text with a null dictionary. `encoding` is the code page
   /// of the language, for hosts whose dictionaries are not in the local one.
   static void updateText(ChartString& text, FacSTDictionary* dictionary, std::string const& encoding);
 
+  /// @{
+  /// Ids of well-known nodes of a chart and other fixed words, each the name behind the underscore, but for
+  /// three: `_default_style` is "s", which makes the id of a style out of that of its element, `_percent` is
+  /// the percent sign, and `_utf8` is "UTF-8".
   static char16_t const _container[];
   static char16_t const _default_style[];
   static char16_t const _frame_data_1[];
@@ -66,4 +72,5 @@ class VEXA_API ChartBase {
   static char16_t const _styleCyclePattern[];
   static char16_t const _styleCycleRepository[];
   static char16_t const _utf8[];
+  /// @}
 };

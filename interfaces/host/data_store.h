@@ -14,11 +14,14 @@ class VEXA_API VarDataProcessor {
   /// Reserved for hosts that keep more about a column.
   struct _varinfo;
 
+  /// @{
   /// Rows from here on are refused, and so is a row that would leave a longer gap behind the last row of its
   /// source: one absurd row number must not exhaust the memory.
   static constexpr unsigned int rowLimit = 1u << 28;
   static constexpr unsigned int gapLimit = 1u << 24;
+  /// @}
 
+  /// An empty store.
   VarDataProcessor();
   ~VarDataProcessor();
   VarDataProcessor(VarDataProcessor const&) = delete;
@@ -44,9 +47,11 @@ class VEXA_API VarDataProcessor {
   /// 0 where there is no such source.
   unsigned int GetRowCount(std::string const& source) const;
 
+  /// @{
   /// Both replace the list by names in the order of their creation; an unknown source gives an empty list.
   void GetSourceNames(std::vector<std::string>& names) const;
   void GetVariableNames(std::string const& source, std::vector<std::string>& names) const;
+  /// @}
 
   /// The whole store in its wire form, and the number of bytes. The caller frees it with `delete[]`. A store
   /// without sources gives no bytes, in a buffer that is freed all the same. Throws std::length_error where

@@ -10,11 +10,14 @@
 /// The host's data cell. A number is a double in its eight bytes; a string variable's cell is the first of as
 /// many bytes as the variable is wide, padded with blanks.
 struct alignas(8) OBS {
+  /// The double, in the byte order of the machine, or eight bytes of text.
   unsigned char bytes[8] = {};
 
   OBS() = default;
+  /// The cell of that number.
   explicit OBS(double number) { std::memcpy(bytes, &number, sizeof number); }
 
+  /// The eight bytes as a double, whatever they stand for.
   double number() const {
     double result;
     std::memcpy(&result, bytes, sizeof result);
@@ -67,9 +70,11 @@ class Vexa_Format {
     FormatDateTime86 = 86,
   };
 
+  /// The widest a number or a date is printed, in characters.
   static constexpr unsigned short widestNumber = 40;
 
   constexpr Vexa_Format() = default;
+  /// A format of that type, as the operations below set it. The width is in characters.
   constexpr Vexa_Format(FormatType type, int width, int decimals) {
     // The type first: the width's limit depends on it.
     Type(type);
@@ -83,11 +88,17 @@ class Vexa_Format {
   constexpr void Width(unsigned short width) {
     mWidth = width > widestNumber && !IsString() ? widestNumber : width;
   }
+  /// Digits behind the decimal point; not limited.
   constexpr void Decimals(unsigned char decimals) { mDecimals = decimals; }
 
+  /// @{
+  /// The parts, as they were set.
   constexpr unsigned int TypeEx() const { return mType; }
   constexpr unsigned short Width() const { return mWidth; }
   constexpr unsigned char Decimals() const { return mDecimals; }
+  /// @}
+
+  /// Whether the type is one of the two of text.
   constexpr bool IsString() const { return mType == FormatString || mType == FormatTextString; }
 
  private:
@@ -103,6 +114,7 @@ class VEXA_API Vexa_ValueLabels {
  public:
   virtual ~Vexa_ValueLabels();
 
+  /// The number of pairs. Indexes count from 0 and must lie below it.
   virtual unsigned int GetCount() const = 0;
   /// The cell of a string variable has as many bytes as the variable is wide.
   virtual OBS const* GetValue(unsigned int index) const = 0;
@@ -114,8 +126,10 @@ class VEXA_API Vexa_ValueLabels {
 class Vexa_VLImplPointer {
  public:
   Vexa_VLImplPointer() = default;
+  /// A further hold on the labels.
   explicit Vexa_VLImplPointer(std::shared_ptr<Vexa_ValueLabels const> labels) : mLabels(std::move(labels)) {}
 
+  /// The labels, which live as long as somebody holds them; null for none.
   Vexa_ValueLabels const* get() const { return mLabels.get(); }
 
  private:
@@ -125,6 +139,7 @@ class Vexa_VLImplPointer {
 /// Walks the value labels of a variable in their order.
 class VEXA_API Vexa_ValueLabelMap {
  public:
+  /// Stands before the first pair. Keeps a hold on the labels of its own.
   explicit Vexa_ValueLabelMap(Vexa_VLImplPointer const& labels);
   ~Vexa_ValueLabelMap();
 
@@ -144,13 +159,17 @@ class VEXA_API Vexa_Variable {
  public:
   virtual ~Vexa_Variable();
 
+  /// The name, never null.
   virtual char const* GetName() const = 0;
   /// Null or empty where there is none.
   virtual char const* GetLabel() const = 0;
+  /// The print format.
   virtual Vexa_Format GetFormat() const = 0;
+  /// A hold on the value labels; an empty one where there are none.
   virtual Vexa_VLImplPointer GetValueLabels() const = 0;
 };
 
+/// A data set, as the variables of a chart ask for their columns.
 class VEXA_API Vexa_DataSource {
  public:
   virtual ~Vexa_DataSource();
@@ -165,6 +184,7 @@ class VEXA_API ProcedureDataSource : public Vexa_DataSource {
   ~ProcedureDataSource() override;
 };
 
+/// Walks the cases of a data set. It belongs to the procedure, which moves it on.
 class VEXA_API Vexa_InputCaseIterator {
  public:
   virtual ~Vexa_InputCaseIterator();

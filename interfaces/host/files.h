@@ -4,6 +4,7 @@
 
 #include <string>
 
+/// Reads the files that a chart names: templates, CSV files, charts, maps.
 class VEXA_API FetchFile {
  public:
   FetchFile();
@@ -26,6 +27,7 @@ class VEXA_API PathInstance {
   virtual std::string getDictionaryPath() const = 0;
 };
 
+/// The way to the paths of the product.
 class VEXA_API PathFactory {
  public:
   /// The host's paths, which the host keeps; the argument is 3.

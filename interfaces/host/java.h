@@ -9,10 +9,17 @@ struct JNIEnv_;
 /// A failure on the Java side. It is thrown by value, and by pointer where the thrower keeps the object.
 class VEXA_API JException {
  public:
+  /// An empty message.
   JException();
+  /// `message` in UTF-8.
   explicit JException(std::string const& message);
+
+  /// @{
+  /// Copies have the same message.
   JException(JException const& other);
   JException& operator=(JException const& other);
+  /// @}
+
   virtual ~JException();
 
   /// In UTF-8.
@@ -28,6 +35,7 @@ class VEXA_API VexaJVM {
   /// Null where the host has none.
   static VexaJVM* GetInstance();
 
+  /// Whether the VM runs.
   bool IsStarted();
   /// False if the VM does not run afterwards. At most one VM starts in the life of a process.
   bool StartJVM();
@@ -43,12 +51,17 @@ class VEXA_API LumoConverter {
   /// Null where the host has none.
   static LumoConverter* GetInstance();
 
+  /// Whether the converter is ready.
   bool IsStarted();
+  /// Makes the converter ready in the VM of that environment. False if it is not ready afterwards.
   bool StartConverter(JNIEnv_* environment);
 
-  /// Each is true on success, with the markup in `out`; otherwise GetErrorMessage() says why.
+  /// @{
+  /// Translate a description in PDL, and upgrade a chart in LumoML 1.4. Each is true on success, with the
+  /// markup in `out`; otherwise GetErrorMessage() says why.
   bool PDLtoXML(std::string const& in, std::string& out);
   bool UpgradeXML(std::string const& in, std::string& out);
+  /// @}
 
   /// Of the last conversion: in UTF-8 after PDLtoXML, in the local code page after UpgradeXML. May be empty.
   std::string GetErrorMessage() const;

@@ -4,6 +4,7 @@
 
 #include <string>
 
+/// The language of what the user sees.
 class VEXA_API OLang {
  public:
   OLang();

@@ -12,15 +12,26 @@
 /// It is thrown and caught by value. File and line are diagnostics; nothing depends on them.
 class VEXA_API ChartException : public std::exception {
  public:
+  /// An empty message, an empty file, and line 0.
   ChartException();
+  /// A failure with its message in UTF-8 and the place in the source that raised it.
   ChartException(std::string const& message, std::string const& file, unsigned int line);
+
+  /// @{
+  /// Copies say the same.
   ChartException(ChartException const& other);
   ChartException& operator=(ChartException const& other);
+  /// @}
+
   ~ChartException() override;
 
+  /// @{
+  /// The parts, as they were given.
   std::string const& message() const;
   std::string const& file() const;
   unsigned int line() const;
+  /// @}
+
   /// The message, for code that knows only std::exception.
   char const* what() const noexcept override;
 
@@ -39,8 +50,11 @@ class VEXA_API ChartErrorHandler : public xercesc::HandlerBase {
 
   using xercesc::HandlerBase::error;
 
+  /// @{
+  /// Takes one failure to the log.
   void error(ChartException const& failure);
   void error(xercesc::XMLException const& failure);
+  /// @}
 
   /// Throws the failure itself, so that the parse ends there.
   void fatalError(xercesc::SAXParseException const& failure) override;

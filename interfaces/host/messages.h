@@ -9,8 +9,12 @@
 /// library lets it through.
 class VEXA_API VexaGoToCaller {
  public:
+  /// @{
+  /// Carries nothing.
   VexaGoToCaller();
   VexaGoToCaller(VexaGoToCaller const& other);
+  /// @}
+
   virtual ~VexaGoToCaller();
 };
 
@@ -20,14 +24,20 @@ class VEXA_API BpCellText {
  public:
   virtual ~BpCellText();
 
+  /// The text, as it is to be shown.
   std::string const& text() const;
+  /// Whether the text is one of the system.
   bool fixed() const;
 
  protected:
+  /// @{
+  /// For the classes of texts below.
   BpCellText(std::string text, bool fixed);
   BpCellText(BpCellText const& other);
   BpCellText& operator=(BpCellText const& other);
+  /// @}
 
+  /// Replaces the text; the flag stays.
   void assign(std::string text);
 
  private:
@@ -35,11 +45,18 @@ class VEXA_API BpCellText {
   bool mFixed;
 };
 
+/// A plain piece of text.
 class VEXA_API BpString : public BpCellText {
  public:
+  /// A text in UTF-8, and whether it is one of the system.
   BpString(std::string text, bool fixed);
+
+  /// @{
+  /// Copies are independent of each other.
   BpString(BpString const& other);
   BpString& operator=(BpString const& other);
+  /// @}
+
   ~BpString() override;
 };
 
@@ -47,9 +64,15 @@ class VEXA_API BpString : public BpCellText {
 /// text() is the pattern until Finish() fills it.
 class VEXA_API BpComposite : public BpCellText {
  public:
+  /// A message with that pattern, no cells, and whether it is one of the system.
   BpComposite(std::string const& pattern, bool fixed);
+
+  /// @{
+  /// Copies are independent of each other.
   BpComposite(BpComposite const& other);
   BpComposite& operator=(BpComposite const& other);
+  /// @}
+
   ~BpComposite() override;
 
   /// Keeps a copy of the cell's text and flag for the next placeholder.
@@ -59,7 +82,9 @@ class VEXA_API BpComposite : public BpCellText {
   /// A placeholder with no cell stays as it stands; a cell with no placeholder is not shown.
   void Finish();
 
+  /// The pattern as it was given.
   std::string const& pattern() const;
+  /// The cells in the order in which they were added.
   std::vector<BpString> const& cells() const;
 
  private:

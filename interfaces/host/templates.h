@@ -26,6 +26,7 @@ class VEXA_API ChartTemplate {
   /// Takes the text of a template in place of the one before. False if it is none; applyTemplate then does
   /// nothing.
   bool setTemplate(std::string const& xml);
+  /// Applies the template to the working chart.
   void applyTemplate();
 
  private:
@@ -36,6 +37,7 @@ class VEXA_API ChartTemplate {
 /// Finds the parts of a graph that a template addresses.
 class VEXA_API BaseTemplate {
  public:
+  /// `baseline` is the chart as it was before any template, and may be null. Neither chart is owned.
   BaseTemplate(LumoVisualization const* baseline, LumoVisualization& working);
   ~BaseTemplate();
 
@@ -82,10 +84,13 @@ class VEXA_API XTemplate {
  public:
   virtual ~XTemplate();
 
+  /// The names of the template files, in the order in which they are applied.
   virtual std::vector<std::string> Get() const = 0;
+  /// Whether there is a template of the kind.
   virtual bool Exists() const = 0;
   /// True when the user's settings changed since the last read.
   virtual bool isDirty() const = 0;
+  /// False after a read; true makes the next reader read anew.
   virtual void setIsDirty(bool dirty) = 0;
 };
 
@@ -96,8 +101,12 @@ class VEXA_API STemplate {
  public:
   /// The names of the template files, in the order in which they are applied.
   std::vector<std::string> Get() const;
+
+  /// @{
+  /// Whether the user's settings changed since the last read; a reader sets it back.
   bool isDirty() const;
   void setIsDirty(bool dirty);
+  /// @}
 
  private:
   static XTemplate* _impl;
@@ -106,9 +115,14 @@ class VEXA_API STemplate {
 /// Chart options templates.
 class VEXA_API OTemplate {
  public:
+  /// The names of the template files, in the order in which they are applied.
   std::vector<std::string> Get() const;
+
+  /// @{
+  /// Whether the user's settings changed since the last read; a reader sets it back.
   bool isDirty() const;
   void setIsDirty(bool dirty);
+  /// @}
 
  private:
   static XTemplate* _impl;
@@ -117,11 +131,16 @@ class VEXA_API OTemplate {
 /// Templates that take the place of the default ones where they are set.
 class VEXA_API CTemplate {
  public:
+  /// The names of the template files, in the order in which they are applied.
   std::vector<std::string> Get() const;
   /// True where such a template is set.
   bool Exists() const;
+
+  /// @{
+  /// Whether the user's settings changed since the last read; a reader sets it back.
   bool isDirty() const;
   void setIsDirty(bool dirty);
+  /// @}
 
  private:
   static XTemplate* _impl;
@@ -130,9 +149,14 @@ class VEXA_API CTemplate {
 /// Chart default templates.
 class VEXA_API DTemplate {
  public:
+  /// The names of the template files, in the order in which they are applied.
   std::vector<std::string> Get() const;
+
+  /// @{
+  /// Whether the user's settings changed since the last read; a reader sets it back.
   bool isDirty() const;
   void setIsDirty(bool dirty);
+  /// @}
 
  private:
   static XTemplate* _impl;

@@ -15,6 +15,7 @@
 /// to make the change; the document stays as it was before that change, and usable.
 class LUMO_API LumoChangeObserver {
  public:
+  /// What is about to change.
   enum class Kind {
     AddElement,
     RemoveElement,
@@ -54,6 +55,7 @@ class LUMO_API LumoDocument {
   /// constructor does so by itself.
   static void holdXmlLibrary();
 
+  /// The DOM document, which this keeps or, where it was given one, its caller.
   xercesc::DOMDocument* getImplementation() const noexcept;
   /// Not owned; null for none.
   void setChangeObserver(LumoChangeObserver* observer) noexcept;
@@ -75,6 +77,8 @@ class LUMO_API LumoVisualization : public LumoBaseElement {
   using LumoBaseElement::LumoBaseElement;
   ~LumoVisualization() override;
 
+  /// @{
+  /// Each appends a child of its kind. An id may be null.
   LumoCategoricalDomain* addCategoricalDomain(char16_t const* id);
   LumoContainer* addContainer(char16_t const* id);
   LumoDatabaseSource* addDatabaseSource(char16_t const* id);
@@ -94,7 +98,10 @@ class LUMO_API LumoVisualization : public LumoBaseElement {
   LumoStyleCycle* addStyleCycle(char16_t const* id);
   LumoSwingController* addSwingController();
   LumoUserSource* addUserSource(char16_t const* id);
+  /// @}
 
+  /// @{
+  /// The children of a kind, in document order. Of a kind that stands alone the first one, or null.
   std::vector<LumoCategoricalDomain*> getCategoricalDomains() const;
   std::vector<LumoContainer*> getContainers() const;
   std::vector<LumoDatabaseSource*> getDatabaseSources() const;
@@ -114,16 +121,28 @@ class LUMO_API LumoVisualization : public LumoBaseElement {
   std::vector<LumoStyle*> getStyles() const;
   std::vector<LumoSwingController*> getSwingControllers() const;
   std::vector<LumoUserSource*> getUserSources() const;
+  /// @}
+
+  /// Detaches all children of that kind.
   void removeLocations();
 
+  /// The language of the chart, such as "en-US".
   char16_t const* getLang() const;
+  /// The version of the markup, 2.8 for charts of today; 0 where nothing was set.
   double getVersion() const;
+  /// Who made the chart: a free text.
   void setCreator(char16_t const* creator);
+  /// The day on which it was made, as year-month-day.
   void setDate(char16_t const* date);
+  /// What the chart shows, in words.
   void setDescription(char16_t const* description);
+  /// The language of the chart, such as "en-US".
   void setLang(char16_t const* lang);
+  /// The name of the chart.
   void setName(char16_t const* name);
+  /// The kind of chart, a number of the client as text.
   void setType(char16_t const* type);
+  /// The version of the markup, 2.8 for charts of today.
   void setVersion(double version);
 
   /// Moves the graphs, label frames and legends of all containers, nested ones too, in document order to the
@@ -143,6 +162,7 @@ class LUMO_API LumoSwingController : public LumoBaseElement {
   using LumoBaseElement::LumoBaseElement;
   ~LumoSwingController() override;
 
+  /// The client's name of the function.
   void setFunction(char16_t const* function);
   /// The id of the part, as text.
   void setTarget(char16_t const* target);

@@ -22,9 +22,11 @@ class LUMO_API DOMPrinter {
   virtual void Print(xercesc::DOMNode const* node, std::ostream& stream, bool declaration) const;
 
  protected:
+  /// What Print does; `indented` puts elements that hold no text on lines of their own.
   void print(xercesc::DOMNode const* node, std::ostream& stream, bool declaration, bool indented) const;
 };
 
+/// Writes a chart, indented where that is asked for.
 class LUMO_API ChartPrinter : public DOMPrinter {
  public:
   ChartPrinter();
@@ -56,14 +58,24 @@ class LUMO_API formatter {
 /// A failure as the model's own log takes it.
 class LUMO_API LumoException {
  public:
+  /// A failure with its message and the place in the source that raised it.
   LumoException(std::string message, std::string file, unsigned int line);
+
+  /// @{
+  /// A failure with its message and the place in the source that raised it.
+  /// Copies say the same.
   LumoException(LumoException const& other);
   LumoException& operator=(LumoException const& other);
+  /// @}
+
   virtual ~LumoException();
 
+  /// @{
+  /// The parts, as they were given.
   std::string const& getMessage() const noexcept;
   std::string const& getFile() const noexcept;
   unsigned int getLine() const noexcept;
+  /// @}
 
  private:
   std::string message_;
@@ -74,11 +86,13 @@ class LUMO_API LumoException {
 /// The model's own log channel: standard error, unless a sink was set.
 class LUMO_API LumoErrorHandler {
  public:
+  /// What takes the failures of the log.
   using Sink = void (*)(LumoException const& exception);
 
   LumoErrorHandler();
   virtual ~LumoErrorHandler();
 
+  /// Takes one failure to the log.
   virtual void error(LumoException const& exception);
   /// For the whole process; null goes back to standard error. Returns the sink that was set before.
   static Sink setSink(Sink sink) noexcept;

@@ -12,33 +12,55 @@
 /// gives no value. Each `remove` takes one property away, those with three values as a whole.
 class LUMO_API LumoStyle : public LumoBaseElement {
  public:
+  /// @{
+  /// The names of two colours.
   static char16_t const _black[];
   static char16_t const _transparent[];
+  /// @}
 
   using LumoBaseElement::LumoBaseElement;
   ~LumoStyle() override;
 
+  /// Appends a style within this one, as in the container of styles.
   LumoStyle* addStyle();
+  /// Appends a set of named texts.
   LumoExtension* addExtension();
+  /// The styles within this one, in document order.
   std::vector<LumoStyle*> getStyles() const;
 
+  /// The colour: of a text, a line or a mark its own, of a box the background, of an area, a bar or a symbol
+  /// the filling.
   char16_t const* getColor() const;
   /// 0 where nothing was set.
   unsigned int getPattern() const;
+  /// The colour: of a text, a line or a mark its own, of a box the background, of an area, a bar or a symbol
+  /// the filling.
   void setColor(char16_t const* color);
+  /// The second colour: of a box the frame, of an area, a bar or a symbol the outline.
   void setColor2(char16_t const* color);
+  /// The size of a text.
   void setFontSize(char16_t const* preferred, char16_t const* minimum, char16_t const* maximum);
+  /// Room between a box and what is in it.
   void setPadding(char16_t const* padding);
+  /// The number of the pattern of a filling.
   void setPattern(unsigned int pattern);
   /// Writes the preferred size alone and leaves the other two.
   void setSize(char16_t const* size);
+  /// The size of a symbol or a mark.
   void setSize(char16_t const* preferred, char16_t const* minimum, char16_t const* maximum);
+  /// Lengths of dashes and gaps by turns, with commas between them.
   void setStroke_dasharray(char16_t const* lengths);
+  /// How thick a line or an outline is.
   void setStroke_width(char16_t const* width);
+  /// The name of the symbol, such as "circle".
   void setSymbol(char16_t const* symbol);
+  /// Whether the part is drawn.
   void setVisible(bool visible);
+  /// The width of a bar or a box.
   void setWidth(char16_t const* preferred, char16_t const* minimum, char16_t const* maximum);
 
+  /// @{
+  /// Each takes away the property of that name.
   void removeBackground_image();
   void removeBackground_method();
   void removeBaselineRotated();
@@ -101,4 +123,5 @@ class LUMO_API LumoStyle : public LumoBaseElement {
   void removeTwoCharacterVertical();
   void removeVisible();
   void removeWidth();
+  /// @}
 };

@@ -7,6 +7,8 @@ class LUMO_API LumoUni {
  public:
   LumoUni() = delete;
 
+  /// @{
+  /// A word of the markup: the name behind the underscore.
   static char16_t const _aesthetic[];
   static char16_t const _area[];
   static char16_t const _axis[];
@@ -104,4 +106,5 @@ class LUMO_API LumoUni {
   static char16_t const _x[];
   static char16_t const _y[];
   static char16_t const _z[];
+  /// @}
 };
