@@ -1,5 +1,16 @@
 include(CMakePackageConfigHelpers)
 
+# What is installed names its provider, which has to come from somewhere else.
+foreach(provider IN ITEMS ${KESTREL_MODEL} ${KESTREL_HOST})
+  if(NOT provider MATCHES "^(lumochart|kestrelhost)$" AND TARGET ${provider})
+    get_target_property(imported ${provider} IMPORTED)
+    if(NOT imported)
+      message(STATUS "kestrel has no rules to install: ${provider} is built with it")
+      return()
+    endif()
+  endif()
+endforeach()
+
 set(libraries kestrel_model_api kestrel_host_api kestrel_api kestrel)
 if(KESTREL_MODEL_IS_EMBEDDED)
   list(APPEND libraries lumochart)

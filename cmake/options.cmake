@@ -6,6 +6,7 @@ option(KESTREL_BUILD_FUZZERS "Build the fuzz targets with libFuzzer (needs Clang
 option(KESTREL_JAVA "Build the converter that the embedded host runs in a Java VM (needs a JDK)" ON)
 option(KESTREL_WARNINGS_AS_ERRORS "Treat warnings of our own code as errors" OFF)
 option(KESTREL_LTO "Optimise across translation units" OFF)
+option(KESTREL_INSTALL "Have rules to install" ${PROJECT_IS_TOP_LEVEL})
 option(KESTREL_CCACHE "Compile through ccache where it is installed" ${PROJECT_IS_TOP_LEVEL})
 option(KESTREL_FAST_LINKER "Link with mold or lld where one is installed" OFF)
 # Where the build leaves what the Java VM loads.
