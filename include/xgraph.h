@@ -75,8 +75,8 @@ class KESTREL_API XGraph : public XBaseElement {
   /// The Y axis that maps its dimension directly.
   virtual XAxis AddPrimaryYAxis(ChartString const& label);
 
-  /// Elements. Their ids end in the number of elements of the list, bars and error bars sharing one row of
-  /// numbers.
+  /// A line element. The ids of elements end in the number of elements of their list, bars and error bars
+  /// sharing one row of numbers.
   /// @param name may be null or empty; part of the id, with blanks as underscores
   virtual XElement AddLineElement(char16_t const* name);
   /// As `AddLineElement`: an interval element without a name. The flag is part of its id only.

@@ -153,8 +153,8 @@ class KESTREL_API XVariable : public XBaseElement {
   bool SetNumberFormat(unsigned long decimals, bool grouping, char16_t const* prefix, char16_t const* suffix);
 
   /// @{
-  /// Text before and behind each number, on the first format. False, and nothing made, for an empty or null
-  /// text.
+  /// Text before and behind each number, on the first format, which is made if there is none. False, and
+  /// nothing made, for an empty or null text. Guarded.
   bool SetFormatPrefix(char16_t const* prefix);
   bool SetFormatSuffix(char16_t const* suffix);
   /// @}

@@ -103,5 +103,6 @@ enum BpErrorLevel : int {
   BpLevelSevere = 3,
 };
 
-/// Shows a message to the user.
+/// Shows a message to the user. The text is the caller's. It is called where a failure is handled: what it
+/// throws goes past every guard, which is how a host unwinds.
 VEXA_API void BpError(BpCellText const& text, BpErrorShow show, BpErrorLevel level);
