@@ -16,6 +16,8 @@ FAMILIES = {
 def group_of(header):
     if header.parent.name in ("host", "model"):
         return f"{header.parent.name}_{header.stem}"
+    if header.parent.name == "kestrelhost":
+        return "embedded_host"
     for name, stems in FAMILIES.items():
         if header.stem in stems:
             return name

@@ -29,9 +29,12 @@ class VEXA_API Channel {
 
 /// One message as it was put.
 struct Message {
+  /// Its number: 307 for chart content, 318 for interactive content.
   std::int64_t identifier;
+  /// All its bytes.
   std::string bytes;
 
+  /// Equal in both.
   bool operator==(Message const&) const = default;
 };
 
@@ -40,7 +43,9 @@ class VEXA_API MemoryChannel : public Channel {
  public:
   int put(std::int64_t identifier, void const* bytes, std::size_t length) override;
 
+  /// All messages since the beginning or the last clear(), in order.
   std::vector<Message> const& messages() const { return mMessages; }
+  /// Forgets them.
   void clear() { mMessages.clear(); }
 
  private:
@@ -58,6 +63,7 @@ class VEXA_API NullChannel : public Channel {
 /// message stands in the file, or has failed, when put() returns.
 class VEXA_API CaptureChannel : public Channel {
  public:
+  /// The first bytes of every capture file.
   static constexpr char signature[] = "KCAP0001";
 
   /// Opens the file at once, over one that is there. good() tells whether that worked. `patience` counts
@@ -73,6 +79,7 @@ class VEXA_API CaptureChannel : public Channel {
 
   /// False where something could not be written, now or before.
   bool flush();
+  /// False where the file could not be opened, or once something could not be written.
   bool good() const { return mGood; }
 
  private:

@@ -9,14 +9,18 @@ namespace kestrel::host {
 
 /// A moment in parts, in UTC and the Gregorian calendar.
 struct DateParts {
+  /// @{
+  /// Day 1 to 31, month 1 to 12, hours 0 to 23, minutes 0 to 59, seconds from 0 to below 60.
   long day = 0;
   long month = 0;
   long year = 0;
   long hours = 0;
   long minutes = 0;
   double seconds = 0;
+  /// @}
 };
 
+/// Breaks dates up.
 class VEXA_API Calendar {
  public:
   virtual ~Calendar();
@@ -36,12 +40,17 @@ class VEXA_API DisplayFormats {
  public:
   virtual ~DisplayFormats();
 
+  /// @{
+  /// False, and the element stays as it is, for a type that there is no display for.
   virtual bool number(LumoFormat& element, Vexa_Format& format) = 0;
   virtual bool customCurrency(LumoFormat& element, Vexa_Format& format) = 0;
   virtual bool date(LumoFormat& element, Vexa_Format& format) = 0;
   virtual bool elapsedTime(LumoFormat& element, Vexa_Format& format) = 0;
+  /// @}
 };
 
+/// Numbers with their decimals, currencies with thousands set apart too, dates and times as yyyy-MM-dd and
+/// HH:mm:ss.
 class VEXA_API UsualFormats : public DisplayFormats {
  public:
   bool number(LumoFormat& element, Vexa_Format& format) override;
@@ -55,7 +64,9 @@ class VEXA_API ChartTexts {
  public:
   virtual ~ChartTexts();
 
+  /// The id, or one like it that the chart does not have.
   virtual ChartString createUniqueId(ChartString const& id, LumoVisualization& visualization) = 0;
+  /// Puts the translation in the place of a text that the dictionary knows; the dictionary may be null.
   virtual void updateText(ChartString& text, FacSTDictionary* dictionary, std::string const& encoding) = 0;
 };
 

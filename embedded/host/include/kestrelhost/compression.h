@@ -7,6 +7,7 @@
 
 namespace kestrel::host {
 
+/// What the contents of messages are compressed by.
 class VEXA_API Compression {
  public:
   virtual ~Compression();

@@ -18,23 +18,34 @@ class VEXA_API JavaSide {
 
   /// False stands for a host without a virtual machine: callers then get no object for it.
   virtual bool hasMachine() = 0;
+  /// Whether the machine runs.
   virtual bool machineStarted() = 0;
+  /// False if the machine does not run afterwards.
   virtual bool startMachine() = 0;
+  /// The environment of the calling thread, or null.
   virtual JNIEnv_* environment() = 0;
   /// 0 is success.
   virtual int attachThread(JNIEnv_** environment) = 0;
 
   /// False stands for a host without a converter.
   virtual bool hasConverter() = 0;
+  /// Whether the converter is ready.
   virtual bool converterStarted() = 0;
+  /// False if the converter is not ready afterwards.
   virtual bool startConverter(JNIEnv_* environment) = 0;
+  /// Translates a description in PDL; false where it is refused, which errorMessage() tells.
   virtual bool convertPdl(std::string const& in, std::string& out) = 0;
+  /// Upgrades a chart in LumoML 1.4, likewise.
   virtual bool upgrade(std::string const& in, std::string& out) = 0;
+  /// Why the thread's last conversion was refused: in UTF-8 for a description, in the local code page for a
+  /// chart.
   virtual std::string errorMessage() = 0;
   /// What of the chart the thread's last upgrade could not carry over, a line for each thing; here nothing.
   virtual std::string upgradeReport();
 
+  /// The reworked chart text; empty to leave the chart as it is.
   virtual std::string applyStyleSheet(std::string const& styleSheet, std::string const& chart) = 0;
+  /// The reply to a request for a visualization template; empty where there is none.
   virtual std::string convertTemplate(std::string const& request) = 0;
 };
 
@@ -96,6 +107,7 @@ VEXA_API std::shared_ptr<JavaSide> makeJava(JavaSettings settings = {});
 /// conversions fail with an empty message.
 class VEXA_API ScriptedJava : public JavaSide {
  public:
+  /// A conversion that a test says.
   using Conversion = std::function<bool(std::string const& in, std::string& out)>;
 
   bool hasMachine() override;
@@ -112,18 +124,34 @@ class VEXA_API ScriptedJava : public JavaSide {
   std::string applyStyleSheet(std::string const& styleSheet, std::string const& chart) override;
   std::string convertTemplate(std::string const& request) override;
 
+  /// @{
+  /// What hasMachine() and startMachine() answer, and whether the machine runs now.
   bool machineThere = true;
   bool machineStarts = true;
   bool machineRuns = false;
+  /// @}
+
   /// False: threads get a null environment.
   bool environmentThere = true;
+
+  /// @{
+  /// What hasConverter() answers, and whether the converter is ready now.
   bool converterThere = true;
   bool converterRuns = false;
+  /// @}
+
+  /// @{
+  /// The two conversions, which fail where nothing is set, and the message of a failure.
   Conversion pdl;
   Conversion upgrading;
   std::string message;
+  /// @}
+
+  /// @{
+  /// Style sheets and template requests give nothing where nothing is set.
   std::function<std::string(std::string const& styleSheet, std::string const& chart)> styleSheets;
   std::function<std::string(std::string const& request)> templates;
+  /// @}
 };
 
 }  // namespace kestrel::host

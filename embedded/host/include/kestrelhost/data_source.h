@@ -24,8 +24,12 @@ class VEXA_API MemoryVariable : public Vexa_Variable {
   Vexa_Format GetFormat() const override;
   Vexa_VLImplPointer GetValueLabels() const override;
 
+  /// @{
+  /// The label and the print format; the label is empty unless it was set.
   void setLabel(std::string label);
   void setFormat(Vexa_Format format);
+  /// @}
+
   /// For a column of numbers.
   void addValueLabel(double value, std::string label);
   /// For a column of text; a value longer than the column is wide is cut, as a cell could not hold it.
@@ -48,8 +52,11 @@ class VEXA_API MemoryVariable : public Vexa_Variable {
 /// as the first; one that has not is refused with std::invalid_argument.
 class VEXA_API MemoryDataSource : public ProcedureDataSource {
  public:
+  /// @{
+  /// Print formats where none is given.
   static constexpr Vexa_Format usualNumber{Vexa_Format::FormatNumber, 8, 2};
   static constexpr Vexa_Format usualDate{Vexa_Format::FormatDate, 11, 0};
+  /// @}
 
   MemoryDataSource();
   ~MemoryDataSource() override;
@@ -70,9 +77,16 @@ class VEXA_API MemoryDataSource : public ProcedureDataSource {
   /// as value labels. An empty text is system-missing.
   MemoryVariable& addCategories(std::string name, std::vector<std::string> const& values);
 
+  /// How many variables there are.
   unsigned int variableCount() const;
+
+  /// @{
+  /// The variable of that index, from 0, which must lie below the count; the source keeps it.
   MemoryVariable& variable(unsigned int index);
   MemoryVariable const& variable(unsigned int index) const;
+  /// @}
+
+  /// How many cases each variable has.
   std::uint64_t caseCount() const;
 
   /// Of two variables of a name the first is found.
@@ -87,6 +101,7 @@ class VEXA_API MemoryDataSource : public ProcedureDataSource {
 /// Walks the cases of a source in memory, which must outlive it. It stands before the first case at first.
 class VEXA_API MemoryCaseIterator : public ProcDSIterator {
  public:
+  /// Stands before the first case.
   explicit MemoryCaseIterator(MemoryDataSource const& source);
   ~MemoryCaseIterator() override;
 

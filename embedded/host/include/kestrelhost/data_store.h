@@ -18,6 +18,8 @@ class VEXA_API StoreObserver {
  public:
   virtual ~StoreObserver();
 
+  /// @{
+  /// Each is called before the operation of that name, with its arguments, and lets it go on: true.
   virtual bool addDataSource(std::string const& source, unsigned int rows);
   virtual bool addVariable(std::string const& source, std::string const& column);
   virtual bool setVariableValue(std::string const& source, std::string const& column, unsigned int row,
@@ -27,6 +29,7 @@ class VEXA_API StoreObserver {
   virtual bool getSourceNames();
   virtual bool getVariableNames(std::string const& source);
   virtual bool getDataStream();
+  /// @}
 };
 
 }  // namespace kestrel::host

@@ -14,6 +14,7 @@ class VEXA_API Dumps {
  public:
   virtual ~Dumps();
 
+  /// Whether dumps of that category are wanted.
   virtual bool wanted(ChartBase::PRINTTYPE type) = 0;
   /// Decides for itself whether the dump is wanted.
   virtual void print(std::string const& content, std::string const& prefix, std::string const& suffix,
@@ -25,6 +26,7 @@ class VEXA_API Dumps {
 /// readable by its owner only, is replaced if it is there, and is never written through a symbolic link.
 class VEXA_API FolderDumps : public Dumps {
  public:
+  /// Those that are wanted.
   using Categories = std::set<ChartBase::PRINTTYPE>;
 
   /// Without categories, all are wanted.
@@ -55,6 +57,7 @@ class VEXA_API NoDumps : public Dumps {
   void print(std::string const& content, std::string const& prefix, std::string const& suffix,
              unsigned long number, ChartBase::PRINTTYPE type) override;
 
+  /// What wanted() is true for.
   std::set<ChartBase::PRINTTYPE> categories;
 };
 

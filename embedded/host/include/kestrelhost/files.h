@@ -22,6 +22,7 @@ class VEXA_API Files {
 /// link, is not read.
 class VEXA_API LocalFiles : public Files {
  public:
+  /// 1 GiB.
   static constexpr std::uint64_t usualLimit = std::uint64_t{1} << 30;
 
   /// An empty root stands for none. The limit is in bytes.
@@ -39,6 +40,7 @@ class VEXA_API MemoryFiles : public Files {
  public:
   std::string fetch(std::string const& name, bool first, bool second) override;
 
+  /// The bytes by name; a name that is not here is a file that cannot be read.
   std::map<std::string, std::string> content;
 };
 

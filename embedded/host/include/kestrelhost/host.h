@@ -22,11 +22,15 @@ namespace kestrel::host {
 /// The services of a host. A default-constructed one has the services that a plain process works with; each
 /// can be replaced alone. Copies share their services.
 struct VEXA_API Host {
+  /// A host of the default services.
   Host();
 
   /// The host in force.
   static Host const& current();
 
+  /// @{
+  /// The services, each described with its class. A null one is replaced by the default where the host is put
+  /// in force.
   std::shared_ptr<Channel> channel;
   std::shared_ptr<Log> log;
   std::shared_ptr<UserMessages> messages;
@@ -45,6 +49,8 @@ struct VEXA_API Host {
   std::shared_ptr<DataDump> dataDump;
   std::shared_ptr<JavaSide> java;
   std::shared_ptr<Compression> compression;
+  /// @}
+
   /// Null, unless somebody watches the data stores.
   std::shared_ptr<StoreObserver> storeObserver;
 };

@@ -29,15 +29,19 @@ class VEXA_API EnvironmentLocale : public Locale {
   std::string codePage() override;
 };
 
+/// A locale that is what it is told to be.
 class VEXA_API FixedLocale : public Locale {
  public:
   std::string languageCode() override;
   std::string localeName() override;
   std::string codePage() override;
 
+  /// @{
+  /// What the operations answer.
   std::string language = "en";
   std::string name = "en_US.UTF-8";
   std::string page = "UTF-8";
+  /// @}
 };
 
 /// Where the product keeps what it reads.
@@ -63,13 +67,17 @@ class VEXA_API SharePaths : public Paths {
   std::string dictionaryPath(int kind) override;
 };
 
+/// Paths that are what they are told to be.
 class VEXA_API FixedPaths : public Paths {
  public:
   std::string basePath(int kind) override;
   std::string dictionaryPath(int kind) override;
 
+  /// @{
+  /// What the operations answer, whatever the kind.
   std::string base = "/base/";
   std::string dictionary = "/base/en/";
+  /// @}
 };
 
 }  // namespace kestrel::host

@@ -23,6 +23,7 @@ class VEXA_API UserMessages {
  public:
   virtual ~UserMessages();
 
+  /// Shows a text at once; it stays the caller's. What it throws goes past every guard.
   virtual void show(BpCellText const& text, BpErrorShow show, BpErrorLevel level) = 0;
 };
 
@@ -31,6 +32,7 @@ class VEXA_API Trace {
  public:
   virtual ~Trace();
 
+  /// Writes one line. Must not throw: it is called when a document goes.
   virtual void line(std::string const& text) = 0;
 };
 
@@ -57,17 +59,20 @@ class VEXA_API StandardTrace : public Trace {
   bool mOn;
 };
 
+/// Keeps nothing.
 class VEXA_API SilentLog : public Log {
  public:
   void error(std::string const& message, std::string const& file, unsigned int line) override;
   void note(std::string const& message) override;
 };
 
+/// Shows nothing.
 class VEXA_API SilentMessages : public UserMessages {
  public:
   void show(BpCellText const& text, BpErrorShow show, BpErrorLevel level) override;
 };
 
+/// Writes nothing.
 class VEXA_API SilentTrace : public Trace {
  public:
   void line(std::string const& text) override;

@@ -52,6 +52,7 @@ class VEXA_API SocketChannel : public Channel {
 
   int put(std::int64_t identifier, void const* bytes, std::size_t length) override;
 
+  /// False where nobody listens, or once something could not be written.
   bool good() const;
   /// Of connecting or of writing.
   std::error_code error() const { return mError; }

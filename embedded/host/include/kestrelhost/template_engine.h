@@ -19,12 +19,15 @@ struct TemplateWrite {
   /// An attribute of the element, `gridline` for the ticks that won ("true") or lost ("false") one, or
   /// `frame` for a frame that was added ("true").
   std::string attribute;
+  /// The value as it was written.
   std::string value;
   /// The whole text of the template, as it was given.
   std::string const& text;
+  /// @{
   /// Where the tag that says so begins in the text, from 1.
   unsigned int line;
   unsigned int column;
+  /// @}
 };
 
 /// Hears of what templates do to charts, after each step. What it throws leaves the template half applied.
@@ -38,6 +41,7 @@ class VEXA_API TemplateObserver {
  public:
   virtual ~TemplateObserver();
 
+  /// A value has been written into the chart.
   virtual void written(TemplateWrite const& write) = 0;
   /// A part of the chart has shared a style with others that a template leaves alone, and has got its own,
   /// with the same values.
@@ -49,6 +53,7 @@ class VEXA_API TemplateObserver {
 /// kept as long as the engine, so that the same ones cost little for further charts.
 class VEXA_API XmlTemplateEngine : public TemplateEngine {
  public:
+  /// Without an observer nobody is told.
   explicit XmlTemplateEngine(std::shared_ptr<TemplateObserver> observer = nullptr);
 
   std::unique_ptr<TemplateApplication> start(LumoVisualization& working,

@@ -15,6 +15,7 @@ class VEXA_API TextTable {
  public:
   virtual ~TextTable();
 
+  /// Chooses the part of the table that keys are looked up in.
   virtual void setProcedure(std::string const& procedure) = 0;
   /// False for a key that the table does not know: both arguments then stay as they were. `index` is the
   /// key's position among those of its procedure.
@@ -50,6 +51,7 @@ class VEXA_API FixedTexts : public Texts {
  public:
   std::unique_ptr<TextTable> open(std::string const& path) override;
 
+  /// The texts by key.
   std::map<std::string, std::string> texts;
 };
 
