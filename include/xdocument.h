@@ -96,7 +96,9 @@ class KESTREL_API XDocument {
   /// store then: a second send has no data.
   /// @param ignoredFlag has no effect
   /// @param alreadyComplete sends the chart as it stands
-  /// @param clearDataAfterSend empties the graph's data store after the send
+  /// @param clearDataAfterSend clears the graph's data after the send. A store of `SetChartData` that the
+  ///        graph holds is the caller's until the data is cleared: it is destroyed then, see
+  ///        `XGraph::clearData`
   /// @return true if the last content step that ran has succeeded; what failed is reported
   virtual bool SendChart(bool ignoredFlag, bool alreadyComplete, bool clearDataAfterSend);
 
@@ -297,8 +299,9 @@ class KESTREL_API XDocument {
   /// How many of the names are ids of data sources of the chart, of any kind, and how many are not. Guarded.
   void getSourceNameCount(std::vector<std::string> const& names, unsigned int& found, unsigned int& notFound);
 
-  /// Makes the document use the caller's data store, which the caller keeps. A store that `getGraph` made
-  /// before stays with the graph, and ends with the document.
+  /// Makes the document use the caller's data store, which the caller keeps until the data is cleared: a
+  /// graph that `getGraph` makes after this holds the store, and `XGraph::clearData` destroys it. A store
+  /// that `getGraph` made before stays with the graph, and ends with the document.
   void SetChartData(VarDataProcessor* data);
 
  private:

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <limits>
 #include <sstream>
+#include <stdexcept>
 #include <utility>
 
 class VarDataProcessor::Store {
@@ -101,6 +102,7 @@ unsigned char* VarDataProcessor::GetDataStream(unsigned int& size) {
     text << "\n\n";
   }
   std::string const bytes = text.str();
+  if (bytes.size() > std::numeric_limits<unsigned int>::max()) throw std::length_error("too much data");
   auto* const stream = new unsigned char[bytes.size()];
   std::copy(bytes.begin(), bytes.end(), stream);
   size = static_cast<unsigned int>(bytes.size());
