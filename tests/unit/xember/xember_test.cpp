@@ -2,9 +2,9 @@
 
 #include "xember.h"
 
+#include "host_calls.h"
 #include "sending_test.h"
-
-#include "host/messages.h"
+#include "told_sends.h"
 
 #include <gmock/gmock.h>
 
@@ -319,35 +319,31 @@ TEST_F(EngineChart, TellsNobodyOfFailures) {
   expectNoReport(recorder);
 }
 
-TEST_F(EngineChart, LetsTheHostsSignalThrough) {
-  recorder.throwAt(Operation::Fetch, 1, VexaGoToCaller());
-  EXPECT_THROW(chart.setLumoJSON("chart.json"), VexaGoToCaller);
-  recorder.behave();
-  recorder.throwEvery(Operation::Fetch, VexaGoToCaller());
-  EXPECT_THROW(chart.addGeoJSON("lakes.json"), VexaGoToCaller);
-  chart.setOptions("x");
-  recorder.throwEvery(Operation::IpcPutC, VexaGoToCaller());
-  EXPECT_THROW(chart.sendChart(), VexaGoToCaller);
+TEST_F(EngineChart, LetsThroughWhatTheHostThrows) {
+  expectToLetThrough(recorder, {Operation::Fetch}, [this] { chart.setLumoJSON("missing.json"); });
+  expectToLetThrough(recorder, {Operation::Fetch}, [this] { chart.addGeoJSON("missing.json"); });
+  fill();
+  expectToLetThrough(recorder,
+                     {put(0), put(9), Operation::PrintDebugInfo,    //
+                      Operation::CompressString, put(12),           //
+                      Operation::CompressString, put(13), put(19),  //
+                      Operation::CompressString, put(14), put(15),  //
+                      Operation::CompressString, put(14), put(15), put(3)},
+                     [this] { chart.sendChart(); });
 }
 
 // --- What it inherits
 
-class NumberedSends : public xEmber {
- public:
-  bool SendContent(char const*, unsigned long, ChartXMLContentType type,
-                   ChartXMLContentSubType) const override {
-    sent.push_back(type);
-    return true;
-  }
-  mutable std::vector<std::uint32_t> sent;
-};
-
 TEST_F(EngineChart, IsSentThroughTheOperationsOfADocument) {
-  NumberedSends own;
+  ToldSends<xEmber> own;
+  addFile("chart.json", "{}");
+  own.setLumoJSON("chart.json");
+  own.setLumoJSONTemplate("{}");
   own.setOptions("x");
   own.addGeoJSON("a", "b");
+  own.failing = {"done"};
   EXPECT_TRUE(own.sendChart());
-  EXPECT_THAT(own.sent, ElementsAre(0u, 9u, 19u, 14u, 15u, 3u));
+  EXPECT_THAT(own.story, ElementsAre("description", "12", "13", "19", "14", "15", "done"));
   EXPECT_THAT(got(), IsEmpty());
 }
 

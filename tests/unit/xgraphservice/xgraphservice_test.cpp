@@ -2,11 +2,12 @@
 
 #include "xgraphservice.h"
 
+#include "host_calls.h"
 #include "schema_validator.h"
 #include "sending_test.h"
+#include "told_sends.h"
 
 #include "host/data_store.h"
-#include "host/messages.h"
 #include "model/chartstring.h"
 
 #include <gmock/gmock.h>
@@ -311,30 +312,32 @@ TEST_F(Service, TellsNobodyOfFailures) {
   expectNoReport(recorder);
 }
 
-TEST_F(Service, LetsTheHostsSignalThrough) {
+TEST_F(Service, LetsThroughWhatTheHostThrows) {
   fill();
-  recorder.throwAt(Operation::GetDataStream, 1, VexaGoToCaller());
-  EXPECT_THROW(service.sendChartOptions(), VexaGoToCaller);
-  recorder.throwEvery(Operation::IpcPutC, VexaGoToCaller());
-  EXPECT_THROW(service.sendChartOptions(), VexaGoToCaller);
+  expectToLetThrough(recorder,
+                     {put(0), put(9), Operation::PrintDebugInfo, put(20), put(21), Operation::GetDataStream,
+                      put(5), put(8), put(3)},
+                     [this] { service.sendChartOptions(); });
+  expectToLetThrough(recorder, {Operation::LanguageCode}, [this] { service.addVariable("sex", 1); });
 }
 
 // --- What it inherits
 
-class OwnData : public XGraphService {
- public:
-  bool SendData() const override {
-    ++data;
-    return false;
-  }
-  mutable unsigned int data = 0;
-};
-
-TEST_F(Service, SendsItsDataThroughTheOperationOfADocument) {
-  OwnData own;
+TEST_F(Service, IsSentThroughTheOperationsOfADocument) {
+  ToldSends<XGraphService> own;
+  own.setChartOptions("a");
   own.createDocument(ChartString(u"s"));
+  own.failing = {"done"};
+  EXPECT_TRUE(own.sendChartOptions());
+  EXPECT_THAT(own.story, ElementsAre("description", "20", "21", "data", "done"));
+  EXPECT_THAT(got(), IsEmpty());
+}
+
+TEST_F(Service, HasTheResultOfTheOperationThatSendsItsData) {
+  ToldSends<XGraphService> own;
+  own.createDocument(ChartString(u"s"));
+  own.failing = {"data"};
   EXPECT_FALSE(own.sendChartOptions());
-  EXPECT_EQ(own.data, 1u);
 }
 
 }  // namespace

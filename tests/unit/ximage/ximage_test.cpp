@@ -2,9 +2,9 @@
 
 #include "ximage.h"
 
+#include "host_calls.h"
 #include "sending_test.h"
-
-#include "host/messages.h"
+#include "told_sends.h"
 
 #include <gmock/gmock.h>
 
@@ -232,29 +232,21 @@ TEST_F(Image, TellsNobodyOfFailures) {
   expectNoReport(recorder);
 }
 
-TEST_F(Image, LetsTheHostsSignalThrough) {
-  recorder.throwAt(Operation::Fetch, 1, VexaGoToCaller());
-  EXPECT_THROW(image.setImage(png, "plot.png"), VexaGoToCaller);
-  recorder.throwAt(Operation::IpcPutC, 3, VexaGoToCaller());
-  EXPECT_THROW(image.sendImage(), VexaGoToCaller);
+TEST_F(Image, LetsThroughWhatTheHostThrows) {
+  image.setImageInline(png, "bytes");
+  expectToLetThrough(recorder,
+                     {put(0), put(9), Operation::PrintDebugInfo, Operation::CompressString, put(7), put(3)},
+                     [this] { image.sendImage(); });
+  expectToLetThrough(recorder, {Operation::Fetch}, [this] { image.setImage(png, "plot.png"); });
 }
 
 // --- What it inherits
 
-class NumberedSends : public XImage {
- public:
-  bool SendContent(char const*, unsigned long, ChartXMLContentType type,
-                   ChartXMLContentSubType) const override {
-    sent.push_back(type);
-    return true;
-  }
-  mutable std::vector<std::uint32_t> sent;
-};
-
 TEST_F(Image, IsSentThroughTheOperationsOfADocument) {
-  NumberedSends own;
+  ToldSends<XImage> own;
+  own.failing = {"done"};
   EXPECT_TRUE(own.sendImage());
-  EXPECT_THAT(own.sent, ElementsAre(0u, 9u, 7u, 3u));
+  EXPECT_THAT(own.story, ElementsAre("description", "7", "done"));
   EXPECT_THAT(got(), IsEmpty());
 }
 

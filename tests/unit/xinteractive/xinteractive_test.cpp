@@ -2,9 +2,9 @@
 
 #include "xinteractive.h"
 
+#include "host_calls.h"
 #include "sending_test.h"
-
-#include "host/messages.h"
+#include "told_sends.h"
 
 #include <gmock/gmock.h>
 
@@ -410,11 +410,24 @@ TEST_F(InteractivePage, TellsNobodyOfFailures) {
   expectNoReport(recorder);
 }
 
-TEST_F(InteractivePage, LetsTheHostsSignalThrough) {
-  recorder.throwAt(Operation::Fetch, 1, VexaGoToCaller());
-  EXPECT_THROW(page.addGeoJSON("lakes.json"), VexaGoToCaller);
-  recorder.throwEvery(Operation::IpcPutC, VexaGoToCaller());
-  EXPECT_THROW(page.sendInteractive(), VexaGoToCaller);
+TEST_F(InteractivePage, LetsThroughWhatTheHostThrows) {
+  expectToLetThrough(recorder, {Operation::Fetch}, [this] { page.addGeoJSON("missing.json"); });
+  fill();
+  expectToLetThrough(recorder,
+                     {put(0), put(9), Operation::PrintDebugInfo,                      //
+                      Operation::CompressString, put(16), put(17), put(18), put(19),  //
+                      Operation::CompressString, put(14), put(15),                    //
+                      Operation::CompressString, put(14), put(15), put(3)},
+                     [this] { page.sendInteractive(); });
+}
+
+TEST_F(InteractivePage, LetsThroughWhatTheHostThrowsWhereItLooksUpADescription) {
+  page.SetDescription(u"");
+  expectToLetThrough(
+      recorder,
+      {Operation::DictionaryPath, Operation::OpenDictionary, Operation::SetProcedure, Operation::LookUp,
+       Operation::LanguageCode, put(0), put(9), Operation::PrintDebugInfo, put(3)},
+      [this] { page.sendInteractive(); });
 }
 
 // --- What it inherits
@@ -425,20 +438,13 @@ TEST_F(InteractivePage, SendsWhatADocumentSendsInChartContentMessages) {
   for (auto const& message : got()) EXPECT_EQ(message.identifier, 307);
 }
 
-class OwnEndRecord : public xInteractive {
- public:
-  bool SendDone() const override {
-    ++done;
-    return false;
-  }
-  mutable unsigned int done = 0;
-};
-
+/// Its description and its contents go out in messages that a document has no operation for.
 TEST_F(InteractivePage, EndsThroughTheOperationOfADocument) {
-  OwnEndRecord own;
+  ToldSends<xInteractive> own;
   own.setOptions("x");
+  own.failing = {"done"};
   EXPECT_TRUE(own.sendInteractive());
-  EXPECT_EQ(own.done, 1u);
+  EXPECT_THAT(own.story, ElementsAre("done"));
   EXPECT_THAT(types(), ElementsAre(0u, 9u, 19u));
 }
 
