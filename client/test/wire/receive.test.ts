@@ -1,0 +1,369 @@
+import { deflateSync } from 'node:zlib';
+import { describe, expect, test } from 'vitest';
+import { receive } from '../../src/wire/receive.js';
+import type { Received } from '../../src/received.js';
+import { sentData } from './arrowBytes.js';
+import {
+  arrowStream,
+  CaptureBuilder,
+  fullChunk,
+  fullInteractiveChunk,
+  usualChart,
+} from './captureBuilder.js';
+
+function receiveOne(capture: Uint8Array): Received {
+  const sends = receive(capture);
+  expect(sends).toHaveLength(1);
+  return sends[0] as Received;
+}
+
+function column(received: Received, source: string, name: string): number[] {
+  return [...(received.tables.get(source)?.columns.get(name)?.numbers ?? [])];
+}
+
+const missingEnd = 'The end record is missing: the chart was not sent to its end.';
+
+describe('a chart', () => {
+  test('is read with its texts, its data and its end record', () => {
+    const received = receiveOne(usualChart(sentData).bytes());
+    expect(received.problems).toEqual([]);
+    expect(received.description).toBe('Höhe der Berge');
+    expect(received.englishDescription).toBe('Hohe der Berge');
+    expect(received.chartText).toBe('<visualization xmlns="http://xml.vexa.example/visualization"/>');
+    expect(received.done).toEqual({ editable: 0, editor: 1 });
+    expect([...received.tables.keys()]).toEqual(['source0']);
+    expect(column(received, 'source0', 'sourceVariable0_SN')).toEqual([1.5, NaN, -3]);
+    expect(column(received, 'source0', 'sourceVariable1_SN')).toEqual([10, 20, NaN]);
+  });
+
+  test('notes its messages with their places', () => {
+    const received = receiveOne(new CaptureBuilder().content(0, 'abc').done().bytes());
+    expect(received.messages).toEqual([
+      { number: 1, offset: 24, id: 307, type: 0, subtype: 0, name: 'description', chunk: 3, length: 15 },
+      { number: 2, offset: 55, id: 307, type: 3, subtype: 0, name: 'done', chunk: 8, length: 20 },
+    ]);
+  });
+
+  test('keeps its contents in order, decompressed', () => {
+    const capture = new CaptureBuilder()
+      .content(0, 'd')
+      .content(12, deflateSync('{"a":1}'))
+      .content(7, deflateSync(Buffer.from([1, 2, 3])), 9)
+      .content(6, Buffer.from([0xff, 0x2c]))
+      .content(77, 'later')
+      .done(1, 3)
+      .bytes();
+    const received = receiveOne(capture);
+    expect(received.problems).toEqual([]);
+    expect(received.contents.map((content) => [content.name, content.subtype, content.text])).toEqual([
+      ['description', 0, 'd'],
+      ['engine JSON', 0, '{"a":1}'],
+      ['image', 9, null],
+      ['CSV content', 0, null],
+      ['type 77', 0, null],
+      ['done', 0, null],
+    ]);
+    expect([...(received.contents[2]?.bytes ?? [])]).toEqual([1, 2, 3]);
+    expect([...(received.contents[3]?.bytes ?? [])]).toEqual([0xff, 0x2c]);
+    expect(received.done).toEqual({ editable: 1, editor: 3 });
+  });
+
+  test('may be interactive: messages 318, and the end record as 307', () => {
+    const page = JSON.stringify({ words: Array.from({ length: 30_000 }, (_, i) => Math.sin(i)) });
+    const sent = deflateSync(page);
+    expect(sent.length).toBeGreaterThan(fullInteractiveChunk);
+    const capture = new CaptureBuilder()
+      .interactiveContent(0, 'page')
+      .interactiveContent(16, sent)
+      .done(0, 3)
+      .bytes();
+    const received = receiveOne(capture);
+    expect(received.problems).toEqual([]);
+    expect(received.description).toBe('page');
+    expect(received.contents[1]?.text).toBe(page);
+  });
+});
+
+describe('chunks', () => {
+  test('are joined up to the first that is not full', () => {
+    const text = 'x'.repeat(2 * fullChunk + 5);
+    expect(receiveOne(new CaptureBuilder().content(0, text).done().bytes()).description).toBe(text);
+  });
+
+  test('are joined up to a message of another type where all are full', () => {
+    const text = 'x'.repeat(2 * fullChunk);
+    const received = receiveOne(new CaptureBuilder().content(0, text).done().bytes());
+    expect(received.description).toBe(text);
+    expect(received.problems).toEqual([]);
+  });
+
+  test('are told apart by their subtype', () => {
+    const image = Buffer.from(deflateSync(Buffer.alloc(80_000), { level: 0 }));
+    const capture = new CaptureBuilder()
+      .content(0, 'd')
+      .message(7, image.subarray(0, fullChunk), 1)
+      .message(7, deflateSync('other'), 2)
+      .done()
+      .bytes();
+    const received = receiveOne(capture);
+    expect(received.contents.filter((content) => content.name === 'image')).toHaveLength(2);
+    expect(received.contents[1]?.whole).toBe(false);
+    expect(Buffer.from(received.contents[2]?.bytes ?? []).toString()).toBe('other');
+  });
+
+  test('may have anything in their trailers', () => {
+    const capture = new CaptureBuilder().message(0, Buffer.from('abc'), 0, 0xdeadbeef).done().bytes();
+    expect(receiveOne(capture).problems).toEqual([]);
+  });
+});
+
+describe('several sends', () => {
+  test('stand one after the other', () => {
+    const capture = new CaptureBuilder().content(0, 'first').done().content(0, 'second').done(1, 2).bytes();
+    const sends = receive(capture);
+    expect(sends.map((send) => send.description)).toEqual(['first', 'second']);
+    expect(sends.map((send) => send.problems)).toEqual([[], []]);
+  });
+
+  test('are told by the description where an end record is missing', () => {
+    const sends = receive(new CaptureBuilder().content(0, 'first').content(0, 'second').done().bytes());
+    expect(sends.map((send) => send.description)).toEqual(['first', 'second']);
+    expect(sends.map((send) => send.problems)).toEqual([[missingEnd], []]);
+  });
+
+  test('share no announcement', () => {
+    const capture = new CaptureBuilder()
+      .content(0, 'first')
+      .content(5, Buffer.alloc(7))
+      .content(0, 'second')
+      .content(8, sentData)
+      .done()
+      .bytes();
+    const sends = receive(capture);
+    expect(sends[1]?.problems).toEqual([]);
+    expect(sends[1]?.tables.size).toBe(1);
+  });
+});
+
+describe('data', () => {
+  test('has a table for each stream, in their order', () => {
+    const stream = Buffer.concat([
+      arrowStream('b', { v: [1, null, 3] }),
+      arrowStream('a', { w: [4], 'ä w': [null] }),
+      arrowStream('none', { v: [] }),
+    ]);
+    const received = receiveOne(usualChart(stream).bytes());
+    expect(received.problems).toEqual([]);
+    expect([...received.tables.values()].map((table) => [table.source, table.rows])).toEqual([
+      ['b', 3],
+      ['a', 1],
+      ['none', 0],
+    ]);
+    expect(column(received, 'b', 'v')).toEqual([1, NaN, 3]);
+    expect(column(received, 'a', 'ä w')).toEqual([NaN]);
+  });
+
+  test('keeps infinities and negative zero', () => {
+    const received = receiveOne(usualChart(arrowStream('s', { v: [Infinity, -Infinity, -0] })).bytes());
+    expect(column(received, 's', 'v')).toEqual([Infinity, -Infinity, -0]);
+  });
+
+  test('counts the first of two streams of one source', () => {
+    const stream = Buffer.concat([arrowStream('s', { v: [1] }), arrowStream('s', { v: [2] })]);
+    const received = receiveOne(usualChart(stream).bytes());
+    expect(received.problems).toEqual([
+      "Data: there is more than one stream for source 's'; the first counts.",
+    ]);
+    expect(column(received, 's', 'v')).toEqual([1]);
+  });
+
+  test('is kept up to a stream that is cut', () => {
+    const stream = Buffer.concat([
+      arrowStream('s', { v: [1] }),
+      arrowStream('t', { v: [2, 3] }).subarray(0, 100),
+    ]);
+    const received = receiveOne(usualChart(stream).bytes());
+    expect(column(received, 's', 'v')).toEqual([1]);
+    expect(received.problems).toHaveLength(1);
+    expect(received.problems[0]).toMatch(/^Data: stream 2 cannot be read/);
+  });
+});
+
+describe('announcements', () => {
+  const text = deflateSync('<a/>');
+
+  test('are compared with the chart text on the wire', () => {
+    const capture = new CaptureBuilder()
+      .content(0, 'd')
+      .content(4, Buffer.alloc(3))
+      .content(1, text)
+      .done()
+      .bytes();
+    const received = receiveOne(capture);
+    expect(received.chartText).toBeNull();
+    expect(received.problems).toEqual([
+      `The chart text (from message 3 on) has ${text.length} bytes where 3 were announced, and is lost.`,
+    ]);
+  });
+
+  test.each([
+    [3, 'it holds more than 3 bytes'],
+    [5, 'it holds 4 bytes where 5 were announced'],
+  ])('are compared with the chart text itself: %i', (size, why) => {
+    const capture = new CaptureBuilder()
+      .content(0, 'd')
+      .content(2, Buffer.alloc(size))
+      .content(1, text)
+      .done()
+      .bytes();
+    const received = receiveOne(capture);
+    expect(received.chartText).toBeNull();
+    expect(received.problems).toEqual([
+      `The chart text (from message 3 on) cannot be decompressed and is lost: ${why}.`,
+    ]);
+  });
+
+  test('may be missing', () => {
+    const received = receiveOne(new CaptureBuilder().content(0, 'd').content(1, text).done().bytes());
+    expect(received.problems).toEqual([]);
+    expect(received.chartText).toBe('<a/>');
+  });
+
+  test('are sums of chunks', () => {
+    const long = `<a>${'b'.repeat(3 * fullChunk)}</a>`;
+    const received = receiveOne(new CaptureBuilder().content(0, 'd').chartText(long).done().bytes());
+    expect(received.problems).toEqual([]);
+    expect(received.chartText).toBe(long);
+  });
+
+  test('are compared with the data', () => {
+    const capture = new CaptureBuilder()
+      .content(0, 'd')
+      .content(5, Buffer.alloc(sentData.length + 1))
+      .content(8, sentData)
+      .done()
+      .bytes();
+    const received = receiveOne(capture);
+    expect(received.tables.size).toBe(0);
+    expect(received.problems).toEqual([
+      `The data (from message 3 on) has ${sentData.length} bytes where ${sentData.length + 1} were announced, and is lost.`,
+    ]);
+  });
+});
+
+describe('damage', () => {
+  test('of the first bytes: no capture', () => {
+    const received = receiveOne(Buffer.from('<html>'));
+    expect(received.problems).toEqual(['This is no capture: it does not begin with KCAP0001.']);
+  });
+
+  test('nothing was sent', () => {
+    const received = receiveOne(new CaptureBuilder().bytes());
+    expect(received.problems).toEqual([]);
+    expect(received.messages).toEqual([]);
+  });
+
+  test('a cut within a message', () => {
+    const capture = usualChart(sentData).bytes();
+    const received = receiveOne(capture.subarray(0, capture.length - 3));
+    expect(received.problems).toEqual([
+      `The capture is cut at byte ${capture.length - 3}: message 8 has 17 of its 20 bytes.`,
+      missingEnd,
+    ]);
+    expect(received.tables.size).toBe(1);
+  });
+
+  test('a cut before a message', () => {
+    const capture = new CaptureBuilder().content(0, 'abc').done().bytes();
+    const received = receiveOne(capture.subarray(0, 8 + 16 + 15 + 7));
+    expect(received.problems[0]).toBe('The capture is cut at byte 46, before message 2.');
+  });
+
+  test('a length out of bounds', () => {
+    const capture = new CaptureBuilder().content(0, 'abc').record(307, Buffer.alloc(3), -5).done().bytes();
+    expect(receiveOne(capture).problems[0]).toBe(
+      'Message 2 (at byte 39) says that it is -5 bytes long; nothing behind it can be read.',
+    );
+  });
+
+  test('a message whose chunk size is not its own', () => {
+    const bytes = Buffer.alloc(20);
+    bytes.writeUInt32LE(9, 4);
+    const received = receiveOne(new CaptureBuilder().content(0, 'abc').record(307, bytes).done().bytes());
+    expect(received.problems).toEqual([
+      'Message 2 (at byte 55) is 20 bytes long and says it has 9; skipped.',
+    ]);
+    expect(received.description).toBe('abc');
+  });
+
+  test('a message that damage has taken out of a content', () => {
+    const text = Buffer.from('x'.repeat(2 * fullChunk));
+    const capture = new CaptureBuilder()
+      .message(0, text.subarray(0, fullChunk))
+      .record(307, Buffer.alloc(5))
+      .done()
+      .bytes();
+    const received = receiveOne(capture);
+    expect(received.description).toBe('');
+    expect(received.problems).toContain('The description (from message 1 on) was cut off and is lost.');
+  });
+
+  test('a message with an identifier of later senders', () => {
+    const capture = new CaptureBuilder().content(0, 'abc').record(400, Buffer.alloc(5)).done().bytes();
+    const received = receiveOne(capture);
+    expect(received.problems).toEqual(['Message 2 (at byte 55) has the unknown identifier 400; skipped.']);
+  });
+
+  test('a text that is no UTF-8', () => {
+    const received = receiveOne(
+      new CaptureBuilder()
+        .content(0, Buffer.from([0x61, 0xff]))
+        .done()
+        .bytes(),
+    );
+    expect(received.description).toBe('a\uFFFD');
+    expect(received.problems).toEqual([
+      'The description (from message 1 on) is not UTF-8; what is wrong in it is shown as \uFFFD.',
+    ]);
+  });
+
+  test('an end record of another size', () => {
+    const received = receiveOne(new CaptureBuilder().content(0, 'd').message(3, Buffer.alloc(9)).bytes());
+    expect(received.done).toBeNull();
+    expect(received.problems[0]).toBe('The done (from message 2 on) has 9 bytes instead of 8.');
+  });
+});
+
+describe('compressed contents', () => {
+  function problemOf(sent: Uint8Array, limit?: number): string | undefined {
+    const capture = new CaptureBuilder().content(0, 'd').content(12, sent).done().bytes();
+    return receive(capture, limit)[0]?.problems[0];
+  }
+  const before = 'The engine JSON (from message 2 on) cannot be decompressed and is lost: ';
+
+  test('with a wrong checksum are lost', () => {
+    const sent = deflateSync('abc');
+    sent[sent.length - 1] = (sent[sent.length - 1] as number) ^ 1;
+    expect(problemOf(sent)).toBe(`${before}its checksum is wrong.`);
+  });
+
+  test('with something behind them are lost', () => {
+    expect(problemOf(Buffer.concat([deflateSync('abc'), Buffer.from('x')]))).toContain(before);
+  });
+
+  test('that end early are lost', () => {
+    expect(problemOf(deflateSync('abcdefghijkl').subarray(0, 12))).toContain(before);
+  });
+
+  test('that hold more than allowed are given up before they are held', () => {
+    const bomb = deflateSync(Buffer.alloc(64 * 1024 * 1024));
+    expect(problemOf(bomb, 1_000_000)).toBe(`${before}it holds more than 1000000 bytes.`);
+  });
+
+  test('may not hold too much together', () => {
+    const part = deflateSync(Buffer.alloc(600_000));
+    const capture = new CaptureBuilder().content(0, 'd').content(12, part).content(13, part).done().bytes();
+    const [received] = receive(capture, 1_000_000);
+    expect(received?.contents.map((content) => content.whole)).toEqual([true, true, false, true]);
+  });
+});
