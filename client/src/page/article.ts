@@ -1,0 +1,120 @@
+import { draw, type Drawn } from '../draw/draw.js';
+import type { Received } from '../received.js';
+import { element } from './elements.js';
+import { imageUrl } from './images.js';
+import { panelsOf, type Panel } from './panels.js';
+import { parseXml } from './xml.js';
+
+/** Makes all that is shown of one send: the chart, what it does not show, and what stands behind it. */
+export function article(received: Received, id: string): HTMLElement {
+  const problems = [...received.problems];
+  const drawn = received.chartText === null ? null : drawnOr(problems, received);
+  const title = drawn?.title || received.description || 'Content without a chart';
+  const made = element(
+    'article',
+    { id, 'aria-labelledby': `${id}-title` },
+    element('h2', { id: `${id}-title`, class: 'title' }, title),
+  );
+  const panels = panelsOf(received, drawn);
+  if (drawn !== null) made.append(figure(drawn, received, id, panels));
+  else if (received.description !== '') made.append(element('p', {}, received.description));
+  made.append(...images(received, title));
+  made.append(...list('notes', 'What this picture leaves out', drawn?.notes ?? []));
+  made.append(...list('problems', 'What was wrong with what was received', problems));
+  addPanels(made, panels, id);
+  return made;
+}
+
+function drawnOr(problems: string[], received: Received): Drawn | null {
+  try {
+    return draw(received, { document, parseXml });
+  } catch (error) {
+    problems.push(`The chart cannot be drawn: ${error instanceof Error ? error.message : String(error)}.`);
+    return null;
+  }
+}
+
+function figure(drawn: Drawn, received: Received, id: string, panels: readonly Panel[]): HTMLElement {
+  const { svg } = drawn;
+  liftStyles(svg);
+  if (!svg.hasAttribute('role')) svg.setAttribute('role', 'graphics-document');
+  svg.setAttribute('aria-roledescription', 'chart');
+  svg.setAttribute('aria-label', received.description || drawn.title);
+  svg.setAttribute('aria-describedby', `${id}-keys`);
+  svg.setAttribute('tabindex', '0');
+  svg.setAttribute('aria-keyshortcuts', panels.map((panel) => panel.key.toUpperCase()).join(' '));
+  const keys = panels.map((panel) => `${panel.key.toUpperCase()} shows the ${panel.name.toLowerCase()}`);
+  return element(
+    'figure',
+    {},
+    element('div', { class: 'picture' }, svg),
+    element('figcaption', {}, element('p', { class: 'description' }, received.description)),
+    element('p', { id: `${id}-keys`, class: 'keys' }, `${keys.join(', ')}.`),
+  );
+}
+
+/**
+ * Style elements come with the drawing; under the policy of the page they would not count, so they go where scripts
+ * may put styles.
+ */
+function liftStyles(svg: SVGSVGElement): void {
+  for (const style of [...svg.querySelectorAll('style')]) {
+    const sheet = new CSSStyleSheet();
+    sheet.replaceSync(style.textContent);
+    document.adoptedStyleSheets = [...document.adoptedStyleSheets, sheet];
+    style.remove();
+  }
+}
+
+function images(received: Received, title: string): HTMLElement[] {
+  return received.contents
+    .filter((content) => content.name === 'image' && content.whole)
+    .map((content) => {
+      const url = imageUrl(content);
+      if (url !== null) return element('img', { src: url, alt: received.description || title });
+      return element(
+        'p',
+        { class: 'keys' },
+        `An image of ${content.bytes.length} bytes that is not shown here.`,
+      );
+    });
+}
+
+function list(kind: string, heading: string, lines: readonly string[]): HTMLElement[] {
+  if (lines.length === 0) return [];
+  const items = lines.map((line) => element('li', {}, line));
+  return [element('section', { class: kind }, element('h3', {}, heading), element('ul', {}, ...items))];
+}
+
+function addPanels(made: HTMLElement, panels: readonly Panel[], id: string): void {
+  const buttons = element('div', { class: 'buttons', role: 'group', 'aria-label': 'More of this chart' });
+  made.append(buttons);
+  const toggles = new Map<string, () => void>();
+  for (const panel of panels) {
+    const place = element('div', { id: `${id}-${panel.id}`, class: 'panel' });
+    place.hidden = true;
+    const button = element(
+      'button',
+      { type: 'button', 'aria-expanded': 'false', 'aria-controls': place.id, class: `show-${panel.id}` },
+      panel.name,
+    );
+    const toggle = (): void => {
+      if (place.childElementCount === 0) place.append(panel.make());
+      place.hidden = !place.hidden;
+      button.setAttribute('aria-expanded', String(!place.hidden));
+      if (!place.hidden) place.scrollIntoView({ block: 'nearest' });
+    };
+    button.addEventListener('click', toggle);
+    toggles.set(panel.key, toggle);
+    buttons.append(button);
+    made.append(place);
+  }
+  // Only while the chart itself has the focus, so that no key is taken from anything else.
+  made.querySelector('figure svg')?.addEventListener('keydown', (event) => {
+    const { key, ctrlKey, metaKey, altKey } = event as KeyboardEvent;
+    const toggle = ctrlKey || metaKey || altKey ? undefined : toggles.get(key.toLowerCase());
+    if (toggle === undefined) return;
+    event.preventDefault();
+    toggle();
+  });
+}
