@@ -4,6 +4,7 @@ option(KESTREL_BUILD_TESTS "Build the tests" ${PROJECT_IS_TOP_LEVEL})
 option(KESTREL_BUILD_BENCHMARKS "Build the benchmarks" OFF)
 option(KESTREL_BUILD_FUZZERS "Build the fuzz targets with libFuzzer (needs Clang)" OFF)
 option(KESTREL_JAVA "Build the converter that the embedded host runs in a Java VM (needs a JDK)" ON)
+option(KESTREL_CLIENT "Build the client that draws charts, where Node.js and npm are found" ${PROJECT_IS_TOP_LEVEL})
 option(KESTREL_WARNINGS_AS_ERRORS "Treat warnings of our own code as errors" OFF)
 option(KESTREL_LTO "Optimise across translation units" OFF)
 option(KESTREL_INSTALL "Have rules to install" ${PROJECT_IS_TOP_LEVEL})
@@ -11,6 +12,8 @@ option(KESTREL_CCACHE "Compile through ccache where it is installed" ${PROJECT_I
 option(KESTREL_FAST_LINKER "Link with mold or lld where one is installed" OFF)
 # Where the build leaves what the Java VM loads.
 set(KESTREL_JAVA_DIR "${PROJECT_BINARY_DIR}/java/archives")
+# Where the build leaves the client, and the command line finds it.
+set(KESTREL_CLIENT_DIR "${PROJECT_BINARY_DIR}/client")
 set(KESTREL_SANITIZERS "" CACHE STRING "Sanitizers for all our targets, as -fsanitize= takes them")
 
 # The providers behind interfaces/. A product names targets of its own and, where they are not yet known to the
@@ -39,4 +42,7 @@ if(NOT KESTREL_HOST_IS_EMBEDDED)
     set(KESTREL_BUILD_${part} OFF)
   endforeach()
   set(KESTREL_JAVA OFF)
+endif()
+if(NOT KESTREL_BUILD_TOOLS)
+  set(KESTREL_CLIENT OFF)
 endif()

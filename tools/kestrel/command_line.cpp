@@ -2,6 +2,7 @@
 
 #include "chart/chart_command.h"
 #include "chart_templates.h"
+#include "client/client_options.h"
 #include "command_options.h"
 #include "explain/explain_command.h"
 #include "gallery/gallery_command.h"
@@ -341,20 +342,12 @@ CLI::App* addListen(CLI::App& program, ListenRequest& request) {
             "where to write 001.kcap, 002.kcap and so on, and the contents of each in 001, 002 ...")
       ->required();
   listen->add_flag("--once", request.once, "ends after one connection instead of at SIGINT or SIGTERM");
-  listen->add_option("--limit", request.limit, "how long a chart may be, in MiB (256)")
-      ->type_name("MIB")
-      ->check(CLI::Range(1, 4096));
   listen
       ->add_option("--max-bytes", request.mostBytes,
                    "how many bytes all files together may take (4294967296); at the limit the command ends")
       ->type_name("BYTES")
       ->check(CLI::Range(std::int64_t{1}, std::numeric_limits<std::int64_t>::max()));
-  listen
-      ->add_option(
-          "--idle", request.idle,
-          "after how many seconds in which it sends nothing a connection is closed (60); 0 for never")
-      ->type_name("SECONDS")
-      ->check(CLI::Range(0, 1'000'000));
+  addReceiving(*listen, request);
   listen->footer(listenNotes + std::string(exitCodes));
   return listen;
 }
@@ -415,12 +408,14 @@ int run(int count, char const* const* arguments) {
   addVisualization(program, visualizationRequest);
   SideCommands side;
   side.addTo(program);
+  ClientCommands client;
+  client.addTo(program);
   try {
     program.parse(count, arguments);
   } catch (CLI::ParseError const& end) {
     return finish(program, end);
   }
-  if (side.run()) return code(Exit::Success);
+  if (side.run() || client.run()) return code(Exit::Success);
   if (program.got_subcommand("gallery")) {
     runGallery(galleryRequest);
     return code(Exit::Success);

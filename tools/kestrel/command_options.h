@@ -32,4 +32,17 @@ CLI::Option* addOption(CLI::App& command, std::string const& name, Target& targe
       ->type_name(value);
 }
 
+/// What every command that receives charts allows their senders.
+template <typename Request>
+void addReceiving(CLI::App& command, Request& request) {
+  command.add_option("--limit", request.limit, "how long a chart may be, in MiB (256)")
+      ->type_name("MIB")
+      ->check(CLI::Range(1, 4096));
+  command
+      .add_option("--idle", request.idle,
+                  "after how many seconds in which it sends nothing a connection is closed (60); 0 for never")
+      ->type_name("SECONDS")
+      ->check(CLI::Range(0, 1'000'000));
+}
+
 }  // namespace kestrel::tool

@@ -1,17 +1,21 @@
 #include "chart_folder.h"
 
+#include "chart_summary.h"
 #include "files.h"
 #include "inspect/capture_reader.h"
 #include "inspect/extraction.h"
 #include "inspect/inspect_command.h"
 #include "inspect/inspection.h"
-#include "inspect/order_rules.h"
 #include "problem.h"
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdio>
+#include <optional>
+#include <string_view>
 #include <system_error>
 #include <utility>
+#include <vector>
 
 namespace kestrel::tool {
 
@@ -32,9 +36,43 @@ std::string stemOf(unsigned int number) {
 
 }  // namespace
 
-ChartFolder::ChartFolder(fs::path folder, std::size_t mostBytes)
-    : mFolder(std::move(folder)), mBudget(mostBytes) {
-  makeFolder(mFolder);
+/// The capture of a chart's messages, and beside it in the end the folder of its contents.
+class ChartFolder::Chart : public IncomingChart {
+ public:
+  explicit Chart(ChartFolder& folder) : mFolder(folder.mFolder), mBudget(&folder.mBudget) {
+    mBudget->take(ByteBudget::fileCost, mFolder);
+    while (!mFile) open(stemOf(++folder.mLast));
+    Chart::append(captureSignature);
+  }
+
+  std::optional<std::string> refusal(std::size_t) const override { return std::nullopt; }
+  void append(std::string_view bytes) override;
+  std::size_t size() const override { return mSize; }
+  bool finish() override;
+
+ private:
+  struct Closer {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+  };
+
+  /// Only a file that was not there.
+  void open(std::string const& stem);
+
+  fs::path mFolder;
+  ByteBudget* mBudget;
+  std::string mStem;
+  std::string mName;
+  std::unique_ptr<std::FILE, Closer> mFile;
+  std::size_t mSize = 0;
+};
+
+void ChartFolder::Chart::open(std::string const& stem) {
+  mStem = stem;
+  mName = (mFolder / (stem + ".kcap")).string();
+  std::error_code ignored;
+  if (fs::exists(fs::symlink_status(mFolder / stem, ignored))) return;
+  mFile.reset(std::fopen(mName.c_str(), "wbxe"));
+  if (!mFile && errno != EEXIST) throw notWritten(mName, errno);
 }
 
 void ChartFolder::Chart::append(std::string_view bytes) {
@@ -43,33 +81,24 @@ void ChartFolder::Chart::append(std::string_view bytes) {
   mSize += bytes.size();
 }
 
-ChartFolder::Chart ChartFolder::begin() {
-  Chart chart(mBudget);
-  mBudget.take(ByteBudget::fileCost, mFolder);
-  while (!chart.mFile) {
-    chart.mStem = stemOf(++mLast);
-    chart.mName = (mFolder / (chart.mStem + ".kcap")).string();
-    std::error_code ignored;
-    if (fs::exists(fs::symlink_status(mFolder / chart.mStem, ignored))) continue;
-    // Only a file that was not there.
-    chart.mFile.reset(std::fopen(chart.mName.c_str(), "wbxe"));
-    if (!chart.mFile && errno != EEXIST) throw notWritten(chart.mName, errno);
-  }
-  chart.append(captureSignature);
-  return chart;
+bool ChartFolder::Chart::finish() {
+  if (std::fclose(mFile.release()) != 0) throw notWritten(mName, errno);
+  std::string const bytes = readFile(mName);
+  Inspection const inspection(bytes);
+  tellFaults(mName, inspection.faults());
+  std::vector<std::string> const written = extract(inspection.sends(), mFolder / mStem, *mBudget);
+  print(printable(mName) + ": " + summaryOf(inspection, bytes.size()) + ", " +
+        counted(written.size(), "file") + (inspection.faults().empty() ? "" : ", faulty") + "\n");
+  return inspection.faults().empty();
 }
 
-bool ChartFolder::finish(Chart chart) {
-  if (std::fclose(chart.mFile.release()) != 0) throw notWritten(chart.mName, errno);
-  std::string const bytes = readFile(chart.mName);
-  Inspection const inspection(bytes);
-  tellFaults(chart.mName, inspection.faults());
-  std::vector<std::string> const written = extract(inspection.sends(), mFolder / chart.mStem, mBudget);
-  std::string const kind = inspection.sends().empty() ? "nothing" : kindOf(inspection.sends().front());
-  print(printable(chart.mName) + ": " + kind + ", " + counted(inspection.messages().size(), "message") +
-        ", " + counted(bytes.size(), "byte") + ", " + counted(written.size(), "file") +
-        (inspection.faults().empty() ? "" : ", faulty") + "\n");
-  return inspection.faults().empty();
+ChartFolder::ChartFolder(fs::path folder, std::size_t mostBytes)
+    : mFolder(std::move(folder)), mBudget(mostBytes) {
+  makeFolder(mFolder);
+}
+
+std::unique_ptr<IncomingChart> ChartFolder::begin(std::string const&) {
+  return std::make_unique<Chart>(*this);
 }
 
 }  // namespace kestrel::tool

@@ -9,8 +9,8 @@
 
 namespace kestrel::tool {
 
-Connection::Connection(OpenFile socket, std::size_t number, ChartFolder& folder, std::size_t longestChart)
-    : mSocket(std::move(socket)), mNumber(number), mFolder(&folder), mLongestChart(longestChart) {}
+Connection::Connection(OpenFile socket, std::size_t number, ChartReceiver& receiver, std::size_t longestChart)
+    : mSocket(std::move(socket)), mNumber(number), mReceiver(&receiver), mLongestChart(longestChart) {}
 
 bool Connection::read() {
   std::array<char, 1 << 16> bytes;
@@ -29,10 +29,7 @@ void Connection::take(std::string_view bytes) {
     if (!message) break;
     takeMessage(*message);
   }
-  if (mStream.fault() && !mIsRefused) {
-    mIsRefused = true;
-    tellFault(*mStream.fault());
-  }
+  if (mStream.fault() && !mIsRefused) refuse(*mStream.fault());
 }
 
 void Connection::takeMessage(std::string const& message) {
@@ -40,8 +37,11 @@ void Connection::takeMessage(std::string const& message) {
   if (mChart && isFirst) finishChart();
   beginChart();
   if (message.size() > mLongestChart - std::min(mLongestChart, mChart->size())) {
-    mIsRefused = true;
-    tellFault("the chart is longer than " + counted(mLongestChart, "byte") + "; --limit allows more");
+    refuse("the chart is longer than " + counted(mLongestChart, "byte") + "; --limit allows more");
+    return;
+  }
+  if (auto const why = mChart->refusal(message.size())) {
+    refuse(*why);
     return;
   }
   mChart->append(message);
@@ -50,12 +50,12 @@ void Connection::takeMessage(std::string const& message) {
 
 void Connection::beginChart() {
   if (mChart) return;
-  mChart = mFolder->begin();
+  mChart = mReceiver->begin(name());
   ++mCharts;
 }
 
 void Connection::finishChart() {
-  mGood = mFolder->finish(std::move(*mChart)) && mGood;
+  mGood = mChart->finish() && mGood;
   mChart.reset();
 }
 
@@ -67,7 +67,7 @@ void Connection::giveUp(std::chrono::seconds silence) {
   // A sender that stays behind its last chart has done nothing wrong.
   bool const isBetweenCharts = mCharts > 0 && !mChart && mStream.rest().empty();
   if (isBetweenCharts) {
-    tell(start() + text);
+    tell(name() + ": " + text);
   } else {
     tellFault(text);
   }
@@ -86,11 +86,16 @@ void Connection::end() {
   }
 }
 
-std::string Connection::start() const { return "connection " + std::to_string(mNumber) + ": "; }
+std::string Connection::name() const { return "connection " + std::to_string(mNumber); }
 
 void Connection::tellFault(std::string const& text) {
-  tell(start() + text);
+  tell(name() + ": " + text);
   mGood = false;
+}
+
+void Connection::refuse(std::string const& why) {
+  mIsRefused = true;
+  tellFault(why);
 }
 
 }  // namespace kestrel::tool

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "chart_folder.h"
+#include "incoming_chart.h"
 #include "message_stream.h"
 #include "open_file.h"
 
 #include <chrono>
 #include <cstddef>
-#include <optional>
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -17,8 +17,8 @@ class Connection {
  public:
   using Clock = std::chrono::steady_clock;
 
-  /// `number` is what the user is told of it, `longestChart` in bytes. The folder must live longer.
-  Connection(OpenFile socket, std::size_t number, ChartFolder& folder, std::size_t longestChart);
+  /// `number` is what the user is told of it, `longestChart` in bytes. The receiver must live longer.
+  Connection(OpenFile socket, std::size_t number, ChartReceiver& receiver, std::size_t longestChart);
 
   int descriptor() const { return mSocket.number(); }
 
@@ -43,17 +43,18 @@ class Connection {
   void takeMessage(std::string const& message);
   void beginChart();
   void finishChart();
-  /// Of what the user is told.
-  std::string start() const;
+  /// What the user is told of where a chart came from.
+  std::string name() const;
   void tellFault(std::string const& text);
+  void refuse(std::string const& why);
 
   OpenFile mSocket;
   std::size_t mNumber;
-  ChartFolder* mFolder;
+  ChartReceiver* mReceiver;
   std::size_t mLongestChart;
   MessageStream mStream;
   SendStarts mStarts;
-  std::optional<ChartFolder::Chart> mChart;
+  std::unique_ptr<IncomingChart> mChart;
   std::size_t mCharts = 0;
   Clock::time_point mSilentSince = Clock::now();
   bool mIsRefused = false;

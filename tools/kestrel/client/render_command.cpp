@@ -1,0 +1,114 @@
+#include "render_command.h"
+
+#include "child_process.h"
+#include "files.h"
+#include "problem.h"
+#include "shipped_client.h"
+#include "view_command.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <sstream>
+#include <system_error>
+#include <vector>
+
+namespace kestrel::tool {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A folder of its own for what is on its way, removed in the end.
+class PassingFolder {
+ public:
+  PassingFolder() {
+    std::string path = (fs::temp_directory_path() / "kestrel-XXXXXX").string();
+    if (::mkdtemp(path.data()) == nullptr)
+      throw Problem(path + ": cannot make a folder for what is on its way", Exit::NotWritten);
+    mPath = path;
+  }
+  ~PassingFolder() {
+    std::error_code ignored;
+    fs::remove_all(mPath, ignored);
+  }
+  PassingFolder(PassingFolder const&) = delete;
+  PassingFolder& operator=(PassingFolder const&) = delete;
+
+  fs::path const& path() const { return mPath; }
+
+ private:
+  fs::path mPath;
+};
+
+std::vector<std::string> linesOf(std::string const& text) {
+  std::vector<std::string> lines;
+  std::istringstream stream(text);
+  for (std::string line; std::getline(stream, line);) {
+    if (!line.empty()) lines.push_back(printable(line));
+  }
+  return lines;
+}
+
+/// Debian has called it by both names.
+ChildOutcome runNode(std::vector<std::string> command) {
+  for (char const* const name : {"node", "nodejs"}) {
+    command.front() = name;
+    ChildOutcome outcome = runProgram(command);
+    if (outcome.found) return outcome;
+  }
+  throw Problem(
+      "Node.js is not there, which draws without a browser; install it (Debian: nodejs, Homebrew: node), or "
+      "look at the chart in a browser: kestrel view CAPTURE -o chart.html",
+      Exit::NotWritten);
+}
+
+void drawSvg(RenderRequest const& request, fs::path const& svg) {
+  ChildOutcome const outcome =
+      runNode({"", clientFile("render.mjs").string(), fs::absolute(request.capture).string(), svg.string(),
+               std::to_string(request.chart)});
+  std::vector<std::string> lines = linesOf(outcome.errors);
+  std::string reason = "Node.js has ended with " + std::to_string(outcome.exit);
+  if (outcome.exit != 0 && !lines.empty()) {
+    reason = lines.back();
+    lines.pop_back();
+  }
+  for (std::string const& line : lines) tell(request.capture + ": " + line);
+  if (outcome.exit != 0) throw badInput(request.capture, "cannot be drawn: " + reason);
+}
+
+void paintPng(fs::path const& svg, double zoom, fs::path const& png) {
+  ChildOutcome const outcome =
+      runProgram({"rsvg-convert", "--format=png", "--background-color=white",
+                  "--zoom=" + std::to_string(zoom), "--output=" + png.string(), svg.string()});
+  if (!outcome.found)
+    throw Problem(
+        "rsvg-convert is not there, which makes PNG of SVG; install it (Debian: librsvg2-bin, "
+        "Homebrew: librsvg), or write the chart as .svg",
+        Exit::NotWritten);
+  if (outcome.exit != 0) {
+    std::vector<std::string> const lines = linesOf(outcome.errors);
+    throw Problem("rsvg-convert: " + (lines.empty() ? "has failed" : lines.back()), Exit::NotWritten);
+  }
+}
+
+}  // namespace
+
+void runRender(RenderRequest const& request) {
+  std::string const ending = fs::path(request.output).extension().string();
+  if (ending != ".svg" && ending != ".png")
+    throw badInput(request.output, "has to end with .svg or .png, which says what is written");
+  readCaptureFile(request.capture);
+  PassingFolder const folder;
+  fs::path picture = folder.path() / "chart.svg";
+  drawSvg(request, picture);
+  if (ending == ".png") {
+    fs::path const svg = picture;
+    picture.replace_extension(".png");
+    paintPng(svg, request.zoom, picture);
+  }
+  std::string const bytes = readFile(picture.string());
+  writeFile(request.output, bytes);
+  print(printable(request.output) + ": " + counted(bytes.size(), "byte") + "\n");
+}
+
+}  // namespace kestrel::tool
