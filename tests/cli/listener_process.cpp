@@ -36,55 +36,62 @@ std::string contentOf(std::filesystem::path const& path) {
 
 }  // namespace
 
-ListenerProcess::ListenerProcess(std::filesystem::path const& folder, std::vector<std::string> const& more)
+BackgroundCommand::BackgroundCommand(std::filesystem::path const& folder,
+                                     std::vector<std::string> const& arguments)
     : mFolder(folder) {
-  std::vector<std::string> command = {"/bin/sh",
-                                      "-c",
-                                      "cd \"$0\" && exec \"$@\" >listener.out 2>listener.err",
-                                      folder.string(),
-                                      KESTREL_CLI,
-                                      "listen",
-                                      "s",
-                                      "-o",
-                                      "got"};
-  command.insert(command.end(), more.begin(), more.end());
-  std::vector<char*> arguments;
-  for (std::string& argument : command) arguments.push_back(argument.data());
-  arguments.push_back(nullptr);
-  if (posix_spawn(&mProcess, arguments[0], nullptr, nullptr, arguments.data(), environ) != 0)
-    throw std::runtime_error("cannot start the listener");
+  std::vector<std::string> command = {
+      "/bin/sh", "-c", "cd \"$0\" && exec \"$@\" >listener.out 2>listener.err", folder.string(), KESTREL_CLI};
+  command.insert(command.end(), arguments.begin(), arguments.end());
+  std::vector<char*> pointers;
+  for (std::string& argument : command) pointers.push_back(argument.data());
+  pointers.push_back(nullptr);
+  if (posix_spawn(&mProcess, pointers[0], nullptr, nullptr, pointers.data(), environ) != 0)
+    throw std::runtime_error("cannot start the command");
   for (int i = 0; i < steps && out().empty() && !hasEnded(); ++i) std::this_thread::sleep_for(step);
 }
 
-ListenerProcess::~ListenerProcess() {
+BackgroundCommand::~BackgroundCommand() {
   if (mProcess < 0) return;
   ::kill(mProcess, SIGKILL);
   wait();
 }
 
-bool ListenerProcess::hasEnded() {
+bool BackgroundCommand::hasEnded() {
   if (mProcess >= 0 && ::waitpid(mProcess, &mStatus, WNOHANG) == mProcess) mProcess = -1;
   return mProcess < 0;
 }
 
-void ListenerProcess::signal(int number) const { ::kill(mProcess, number); }
+void BackgroundCommand::signal(int number) const { ::kill(mProcess, number); }
 
-int ListenerProcess::wait() {
+int BackgroundCommand::wait() {
   if (mProcess >= 0) ::waitpid(mProcess, &mStatus, 0);
   mProcess = -1;
   return WIFEXITED(mStatus) ? WEXITSTATUS(mStatus) : 128 + WTERMSIG(mStatus);
 }
 
-std::string ListenerProcess::out() const { return contentOf(mFolder / "listener.out"); }
-std::string ListenerProcess::err() const { return contentOf(mFolder / "listener.err"); }
+std::string BackgroundCommand::out() const { return contentOf(mFolder / "listener.out"); }
+std::string BackgroundCommand::err() const { return contentOf(mFolder / "listener.err"); }
 
-bool ListenerProcess::says(std::string const& text) const {
+bool BackgroundCommand::says(std::string const& text) const {
   for (int i = 0; i < steps; ++i) {
     if (out().find(text) != std::string::npos) return true;
     std::this_thread::sleep_for(step);
   }
   return false;
 }
+
+namespace {
+
+std::vector<std::string> listenArguments(std::vector<std::string> const& more) {
+  std::vector<std::string> arguments = {"listen", "s", "-o", "got"};
+  arguments.insert(arguments.end(), more.begin(), more.end());
+  return arguments;
+}
+
+}  // namespace
+
+ListenerProcess::ListenerProcess(std::filesystem::path const& folder, std::vector<std::string> const& more)
+    : BackgroundCommand(folder, listenArguments(more)) {}
 
 Sender::Sender(std::filesystem::path const& socket) : mSocket(::socket(AF_UNIX, SOCK_STREAM, 0)) {
   sockaddr_un address{};

@@ -8,14 +8,14 @@
 
 namespace kestrel::test {
 
-/// `kestrel listen s -o got`, with more arguments, in the background in a folder.
-class ListenerProcess {
+/// A command of kestrel that runs in the background in a folder, until it is told to stop.
+class BackgroundCommand {
  public:
-  /// Returns when it listens, or has ended.
-  ListenerProcess(std::filesystem::path const& folder, std::vector<std::string> const& more);
-  ~ListenerProcess();
-  ListenerProcess(ListenerProcess const&) = delete;
-  ListenerProcess& operator=(ListenerProcess const&) = delete;
+  /// Returns when it has said something, or has ended.
+  BackgroundCommand(std::filesystem::path const& folder, std::vector<std::string> const& arguments);
+  ~BackgroundCommand();
+  BackgroundCommand(BackgroundCommand const&) = delete;
+  BackgroundCommand& operator=(BackgroundCommand const&) = delete;
 
   void signal(int number) const;
   /// Waits for its end. The exit code, or 128 and the number of the signal that ended it.
@@ -33,6 +33,12 @@ class ListenerProcess {
   std::filesystem::path mFolder;
   pid_t mProcess = -1;
   int mStatus = 0;
+};
+
+/// `kestrel listen s -o got`, with more arguments.
+class ListenerProcess : public BackgroundCommand {
+ public:
+  ListenerProcess(std::filesystem::path const& folder, std::vector<std::string> const& more);
 };
 
 /// A sender that connects to the socket, and sends what it is told.

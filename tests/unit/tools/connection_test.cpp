@@ -2,6 +2,8 @@
 
 #include "listen/connection.h"
 
+#include "listen/chart_folder.h"
+
 #include <gtest/gtest.h>
 #include <sys/socket.h>
 

@@ -1,0 +1,204 @@
+// kestrel serve: charts in a browser as they come.
+
+#include "listen_fixture.h"
+
+#include <gmock/gmock.h>
+#include <httplib.h>
+#include <nlohmann/json.hpp>
+
+#include <chrono>
+#include <csignal>
+#include <functional>
+#include <memory>
+#include <string>
+#include <thread>
+#include <vector>
+
+using namespace kestrel::test;
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+using testing::StartsWith;
+
+namespace {
+
+/// What the stream of events tells.
+struct Told {
+  std::vector<int> charts;
+  std::vector<int> gone;
+};
+
+/// A message 307 of type 1 with as much as fits into it.
+std::string fullChunkOfText() {
+  std::string const head("\x33\x01\0\0\0\0\0\0\xCC\x84\0\0\0\0\0\0\x01\0\0\0\xC0\x84\0\0", 24);
+  return head + std::string(0x84C0 + 4, '\0');
+}
+
+class Serve : public Listen {
+ protected:
+  void start(std::vector<std::string> const& more) {
+    std::vector<std::string> arguments = {"serve", "--port", "0"};
+    arguments.insert(arguments.end(), more.begin(), more.end());
+    server = std::make_unique<BackgroundCommand>(folder, arguments);
+    ASSERT_TRUE(server->says("charts are at http://127.0.0.1:")) << server->err();
+    std::string const said = server->out();
+    std::string const mark = "http://127.0.0.1:";
+    port = std::stoi(said.substr(said.find(mark) + mark.size()));
+  }
+
+  httplib::Client client() const { return httplib::Client("127.0.0.1", port); }
+
+  httplib::Response get(std::string const& path, httplib::Headers const& headers = {}) const {
+    auto const result = client().Get(path, headers);
+    return result ? *result : httplib::Response();
+  }
+
+  /// Reads events until so many charts have been told, and does something once when `first` of them have.
+  Told events(std::size_t charts, std::size_t first = 0, std::function<void()> const& then = {}) const {
+    Told told;
+    std::string text;
+    bool isDone = !then;
+    client().Get("/events", [&](char const* bytes, std::size_t count) {
+      text.append(bytes, count);
+      told = readEvents(text);
+      if (!isDone && told.charts.size() >= first) {
+        isDone = true;
+        then();
+      }
+      return told.charts.size() < charts;
+    });
+    return told;
+  }
+
+  static Told readEvents(std::string const& text) {
+    Told told;
+    std::string const chart = "event: chart\ndata: ";
+    for (std::size_t at = text.find(chart); at != std::string::npos; at = text.find(chart, at + 1)) {
+      std::size_t const begin = at + chart.size();
+      std::size_t const end = text.find('\n', begin);
+      if (end == std::string::npos) break;
+      told.charts.push_back(nlohmann::json::parse(text.substr(begin, end - begin)).at("id").get<int>());
+    }
+    std::string const gone = "event: gone\ndata: ";
+    for (std::size_t at = text.find(gone); at != std::string::npos; at = text.find(gone, at + 1))
+      told.gone.push_back(std::stoi(text.substr(at + gone.size())));
+    return told;
+  }
+
+  std::unique_ptr<BackgroundCommand> server;
+  int port = 0;
+};
+
+}  // namespace
+
+TEST_F(Serve, ServesTheClientUnderAPolicyThatAllowsNothingElse) {
+  start({"unix:s"});
+  httplib::Response const page = get("/");
+  EXPECT_EQ(page.status, 200);
+  EXPECT_THAT(page.body, HasSubstr("<script type=\"module\" src=\"live.js\">"));
+  std::string const policy = page.get_header_value("Content-Security-Policy");
+  EXPECT_THAT(policy, AllOf(StartsWith("default-src 'none'; script-src 'self'"),
+                            HasSubstr("frame-ancestors 'none'"), Not(HasSubstr("unsafe"))));
+  EXPECT_EQ(page.get_header_value("X-Content-Type-Options"), "nosniff");
+  EXPECT_EQ(get("/live.js").get_header_value("Content-Type"), "text/javascript; charset=utf-8");
+  EXPECT_EQ(get("/client.css").get_header_value("Content-Type"), "text/css; charset=utf-8");
+  EXPECT_EQ(get("/../live.js").status, 404);
+}
+
+TEST_F(Serve, ShowsCapturesThatAreNamed) {
+  std::string const bytes = capture();
+  start({"out/capture.kcap", "unix:s"});
+  EXPECT_THAT(events(1).charts, testing::ElementsAre(1));
+  httplib::Response const chart = get("/charts/1.kcap");
+  EXPECT_EQ(chart.status, 200);
+  EXPECT_EQ(chart.body, bytes);
+  EXPECT_EQ(get("/charts/2.kcap").status, 404);
+}
+
+TEST_F(Serve, TellsOfChartsAsTheyCome) {
+  start({"unix:s"});
+  Told told;
+  std::thread reader([&] { told = events(2); });
+  EXPECT_EQ(send({"--title", "One"}).exit, 0);
+  EXPECT_EQ(send({"--title", "Two"}).exit, 0);
+  reader.join();
+  EXPECT_THAT(told.charts, testing::ElementsAre(1, 2));
+  EXPECT_THAT(get("/charts/2.kcap").body, StartsWith("KCAP0001"));
+  EXPECT_THAT(server->out(), HasSubstr("connection 2: chart, 8 messages, "));
+}
+
+TEST_F(Serve, KeepsOnlyTheNewestChartsAndSaysWhichAreGone) {
+  capture();
+  start({"--keep", "2", "out/capture.kcap", "out/capture.kcap", "unix:s"});
+  Told const told = events(3, 2, [this] { send(); });
+  EXPECT_THAT(told.charts, testing::ElementsAre(1, 2, 3));
+  EXPECT_THAT(told.gone, testing::ElementsAre(1));
+  EXPECT_EQ(get("/charts/1.kcap").status, 404);
+  EXPECT_EQ(get("/charts/3.kcap").status, 200);
+}
+
+TEST_F(Serve, DropsTheOldestWhereTheyTakeTooMuch) {
+  std::string const bytes = capture();
+  start({"--max-bytes", std::to_string(2 * bytes.size() + 10), "out/capture.kcap", "out/capture.kcap",
+         "out/capture.kcap", "unix:s"});
+  EXPECT_THAT(events(2).charts, testing::ElementsAre(2, 3));
+}
+
+TEST_F(Serve, RefusesAChartOnItsWayThatTakesTooMuch) {
+  start({"--max-bytes", "50000", "unix:s"});
+  Sender const sender(socket());
+  sender.send("KCAP0001" + description + fullChunkOfText() + fullChunkOfText());
+  EXPECT_TRUE(sender.isRefused());
+  EXPECT_THAT(server->err(), HasSubstr("would take more than 50,000 bytes; --max-bytes allows more"));
+}
+
+TEST_F(Serve, ShowsAChartThatWasCut) {
+  start({"unix:s"});
+  Sender sender(socket());
+  sender.send("KCAP0001" + description);
+  sender.close();
+  EXPECT_THAT(events(1).charts, testing::ElementsAre(1));
+  EXPECT_EQ(get("/charts/1.kcap").body, "KCAP0001" + description);
+}
+
+TEST_F(Serve, AnswersNoNameButItsOwn) {
+  start({"unix:s"});
+  std::string const own = std::to_string(port);
+  for (std::string const& name : {"127.0.0.1:" + own, "localhost:" + own, "[::1]:" + own})
+    EXPECT_EQ(get("/", {{"Host", name}}).status, 200) << name;
+  for (std::string const name : {"charts.example", "127.0.0.1.example:80", "localhost.example", ""})
+    EXPECT_EQ(get("/", {{"Host", name}}).status, 403) << name;
+}
+
+TEST_F(Serve, IsOnlyToBeRead) {
+  start({"unix:s"});
+  EXPECT_EQ(client().Post("/charts/1.kcap", "x", "text/plain")->status, 405);
+  EXPECT_EQ(client().Delete("/charts/1.kcap")->status, 405);
+}
+
+TEST_F(Serve, EndsCleanlyWhileAPageWaits) {
+  start({"unix:s"});
+  std::thread reader([&] { events(1); });
+  std::this_thread::sleep_for(std::chrono::milliseconds(200));
+  auto const begin = std::chrono::steady_clock::now();
+  server->signal(SIGTERM);
+  EXPECT_EQ(server->wait(), 0);
+  reader.join();
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(10));
+  EXPECT_FALSE(exists("s"));
+}
+
+TEST_F(Serve, MakesASocketWhereNoneIsNamed) {
+  start({});
+  EXPECT_TRUE(exists("kestrel.sock"));
+  EXPECT_THAT(server->out(), HasSubstr("KESTREL_CAPTURE=unix:" + (folder / "kestrel.sock").string()));
+}
+
+TEST_F(Serve, SharesNoPort) {
+  start({"unix:s"});
+  Outcome const outcome = kestrel({"serve", "--port", std::to_string(port), "unix:other"});
+  EXPECT_EQ(outcome.exit, 3);
+  EXPECT_EQ(outcome.err, "kestrel: cannot serve at 127.0.0.1:" + std::to_string(port) +
+                             "; choose another --port or --host\n");
+}
