@@ -1,0 +1,209 @@
+import { spawn } from 'node:child_process';
+import { readFileSync, writeFileSync } from 'node:fs';
+import { join } from 'node:path';
+import { afterAll, beforeAll, describe, expect, test } from 'vitest';
+import type { Browser, Page } from 'playwright-core';
+import { deflateSync } from 'node:zlib';
+import { CaptureBuilder } from '../wire/captureBuilder.js';
+import { folder, kestrel, launch, open, run } from './browser.js';
+
+let browser: Browser;
+let work: string;
+
+beforeAll(async () => {
+  browser = await launch();
+  work = folder('page');
+});
+afterAll(async () => browser?.close());
+
+/** The page of a capture. */
+function view(name: string, capture: Uint8Array): string {
+  const file = join(work, `${name}.kcap`);
+  writeFileSync(file, capture);
+  run('view', file, '-o', join(work, `${name}.html`));
+  return join(work, `${name}.html`);
+}
+
+function galleryChart(name: string): string {
+  run('gallery', name, '-o', work);
+  return view(name, readFileSync(join(work, `${name}.kcap`)));
+}
+
+async function opened(address: string): Promise<Page> {
+  const { page, complaints } = await open(browser, address);
+  await page.waitForSelector('html[data-drawn]');
+  expect(complaints).toEqual([]);
+  return page;
+}
+
+/** What a screen reader gets of the only element with a role. */
+async function accessible(page: Page, role: string): Promise<{ name: unknown; description: unknown }> {
+  const session = await page.context().newCDPSession(page);
+  const { nodes } = await session.send('Accessibility.getFullAXTree');
+  const found = nodes.filter((node) => !node.ignored && node.role?.value === role);
+  expect(found).toHaveLength(1);
+  return { name: found[0]?.name?.value, description: found[0]?.description?.value };
+}
+
+describe('a page', () => {
+  let page: Page;
+  beforeAll(async () => {
+    page = await opened(galleryChart('clustered-bars'));
+  });
+  afterAll(async () => page?.context().close());
+
+  test('is smaller than 600 kB without its data', () => {
+    const size = readFileSync(join(work, 'clustered-bars.html')).length;
+    const data = readFileSync(join(work, 'clustered-bars.kcap')).length;
+    expect(size - (data * 4) / 3).toBeLessThan(600_000);
+  });
+
+  test('names the chart for those who do not see it', async () => {
+    const chart = await accessible(page, 'graphics-document');
+    expect(chart.name).toBe('Bars of the number of penguins by island, a bar for each species.');
+    expect(chart.description).toBe('T shows the data table, X shows the chart text, M shows the messages.');
+  });
+
+  test('shows the data table by its key, and only while the chart has the focus', async () => {
+    const table = page.locator('#chart-1-table');
+    await page.keyboard.press('t');
+    expect(await table.isVisible()).toBe(false);
+    await page.keyboard.press('Tab');
+    expect(await page.evaluate(() => document.activeElement?.localName)).toBe('svg');
+    await page.keyboard.press('t');
+    expect(await table.isVisible()).toBe(true);
+    expect(await page.getByRole('button', { name: 'Data table' }).getAttribute('aria-expanded')).toBe('true');
+    await page.keyboard.press('t');
+    expect(await table.isVisible()).toBe(false);
+  });
+
+  test('shows the chart text and the messages by buttons that the keyboard reaches', async () => {
+    for (const [name, text] of [
+      ['Chart text', '<visualization'],
+      ['Messages', 'compressed size'],
+    ] as const) {
+      await page.getByRole('button', { name }).focus();
+      await page.keyboard.press('Enter');
+      expect(await page.locator('.panel:visible').textContent()).toContain(text);
+      await page.keyboard.press('Enter');
+      expect(await page.locator('.panel:visible').count()).toBe(0);
+    }
+  });
+
+  test('gives its tables captions and heads', async () => {
+    await page.getByRole('button', { name: 'Messages' }).click();
+    const table = page.getByRole('table', { name: '8 messages' });
+    expect(await table.getByRole('columnheader').count()).toBe(8);
+    expect(await table.getByRole('row').count()).toBe(9);
+    await page.getByRole('button', { name: 'Messages' }).click();
+  });
+
+  test('prints without what only a screen has', async () => {
+    await page.emulateMedia({ media: 'print' });
+    expect(await page.getByRole('button', { name: 'Messages' }).isVisible()).toBe(false);
+    expect(await page.locator('figure svg').isVisible()).toBe(true);
+    await page.emulateMedia({ media: 'screen' });
+  });
+});
+
+describe('what came over the wire', () => {
+  test('is shown as text and never as markup', async () => {
+    const evil = '<img src=x onerror="document.title=1"></script><script>document.title=2</script>';
+    const capture = new CaptureBuilder()
+      .content(0, evil)
+      .chartText(`<visualization id="&lt;b>"/>`)
+      .done()
+      .bytes();
+    const page = await opened(view('evil', capture));
+    expect(await page.locator('.description').textContent()).toBe(evil);
+    expect(await page.locator('main img, main script').count()).toBe(0);
+    await page.context().close();
+  });
+
+  test('is shown with what is wrong with it', async () => {
+    const whole = new CaptureBuilder().content(0, 'A chart').chartText('<visualization/>').done().bytes();
+    const page = await opened(view('cut', whole.subarray(0, whole.length - 4)));
+    const problems = page.locator('section.problems li');
+    expect(await problems.allTextContents()).toEqual([
+      `The capture is cut at byte ${whole.length - 4}: message 5 has 16 of its 20 bytes.`,
+      'The end record is missing: the chart was not sent to its end.',
+    ]);
+    await page.context().close();
+  });
+
+  test('may be no chart', async () => {
+    const picture = Buffer.from(
+      'iVBORw0KGgoAAAANSUhEUgAAAAEAAAABCAYAAAAfFcSJAAAADUlEQVR42mNk+M9QDwADhgGAWjR9awAAAABJRU5ErkJggg==',
+      'base64',
+    );
+    const capture = new CaptureBuilder()
+      .content(0, 'A dot')
+      .content(7, deflateSync(picture), 3)
+      .done()
+      .bytes();
+    const page = await opened(view('image', capture));
+    const image = page.getByRole('img', { name: 'A dot' });
+    expect(await image.evaluate((element) => (element as HTMLImageElement).naturalWidth)).toBe(1);
+    await page.context().close();
+  });
+
+  test('may be a chart text that is no XML', async () => {
+    const capture = new CaptureBuilder().content(0, 'A chart').chartText('<visualization>').done().bytes();
+    const page = await opened(view('broken', capture));
+    expect(await page.locator('section.problems, section.notes').textContent()).toContain(
+      'the chart text is no XML',
+    );
+    await page.context().close();
+  });
+
+  test('may be several charts', async () => {
+    const capture = new CaptureBuilder()
+      .content(0, 'One')
+      .chartText('<visualization/>')
+      .done()
+      .content(0, 'Two')
+      .chartText('<visualization/>')
+      .done()
+      .bytes();
+    const page = await opened(view('several', capture));
+    expect(await page.getByRole('article').count()).toBe(2);
+    await page.context().close();
+  });
+});
+
+describe('live charts', () => {
+  test('come without loading anew, the newest first', async () => {
+    run('gallery', 'clustered-bars', 'sorted-bars', '-o', work);
+    const socket = join(work, 's');
+    const server = spawn(kestrel, ['serve', '--port', '0', `unix:${socket}`], {
+      stdio: ['ignore', 'pipe', 'inherit'],
+    });
+    try {
+      const address = await new Promise<string>((resolve) => {
+        let said = '';
+        server.stdout.on('data', (bytes: Buffer) => {
+          said += bytes.toString();
+          const [found] = /http:\/\/\S+/.exec(said) ?? [];
+          if (found !== undefined) resolve(found);
+        });
+      });
+      const { page, complaints } = await open(browser, address);
+      const state = page.getByRole('status');
+      await expect.poll(() => state.textContent()).toBe('No chart has come yet.');
+      for (const [number, x] of ['a', 'b'].entries()) {
+        writeFileSync(join(work, 'live.csv'), 'a,b\n1,2\n3,4\n');
+        const other = x === 'a' ? 'b' : 'a';
+        const options = ['--element', 'point', '--x', x, '--y', other, '--description', `Chart ${x}`];
+        run('chart', join(work, 'live.csv'), ...options, '--send', `unix:${socket}`);
+        await expect.poll(() => page.locator('figure svg').count()).toBe(number + 1);
+      }
+      expect(await page.locator('figcaption').allTextContents()).toEqual(['Chart b', 'Chart a']);
+      expect(await state.textContent()).toBe('2 charts, newest first.');
+      expect(complaints).toEqual([]);
+      await page.context().close();
+    } finally {
+      server.kill('SIGTERM');
+      await new Promise((resolve) => server.on('exit', resolve));
+    }
+  });
+});
