@@ -1,0 +1,193 @@
+import {
+  combinations,
+  complete,
+  filledClasses,
+  groups,
+  numbers,
+  outliers,
+  penguins,
+  weather,
+  type Row,
+} from './knownData.js';
+
+/** What a chart must show, told by its data and not by its drawing. */
+export interface Expected {
+  /** How many shapes of each kind there are in all panels. */
+  marks: Partial<Record<MarkKind, number>>;
+  /** Texts that must be there: titles, labels of axes, categories, entries of legends. */
+  texts: string[];
+  /** Words of what the picture must say it leaves out. */
+  notes?: string[];
+}
+
+/** Points, bars of every kind, corners of lines, and parts of error bars and box plots. */
+export type MarkKind = 'dot' | 'rect' | 'line' | 'area' | 'link' | 'slice';
+
+const species = ['Adelie', 'Chinstrap', 'Gentoo'];
+const islands = ['Biscoe', 'Dream', 'Torgersen'];
+const kindsOfWeather = ['fog', 'rain', 'snow', 'sun'];
+
+const of = (column: string, value: string): Row[] => penguins.filter((row) => row[column] === value);
+const masses = (rows: readonly Row[]): number[] => numbers(rows, 'body_mass_g');
+const known = penguins.filter((row) => !['', 'NA'].includes(row['sex'] ?? ''));
+const sum = (values: readonly number[]): number => values.reduce((total, value) => total + value, 0);
+
+/** By the name of the chart in the gallery. */
+export const gallery: Record<string, Expected> = {
+  'scatter-with-reference-line': {
+    marks: { dot: complete(penguins, 'flipper_length_mm', 'body_mass_g') },
+    texts: [
+      'Heavier penguins have longer flippers',
+      'Flipper length (mm)',
+      'Body mass (g)',
+      'Species',
+      'Mean length',
+      'Mean mass',
+      'The lines stand at the means of all penguins.',
+      ...species,
+    ],
+  },
+  'scatter-with-function-line': {
+    marks: { dot: complete(of('species', 'Gentoo'), 'bill_length_mm', 'bill_depth_mm') },
+    texts: ['Bills of Gentoo penguins', 'Bill length (mm)', 'Bill depth (mm)', 'Best fit'],
+  },
+  'dot-plot': {
+    marks: { dot: complete(penguins, 'flipper_length_mm') },
+    texts: ['Flipper lengths of penguins', 'Flipper length (mm)', ...species],
+  },
+  'clustered-bars': {
+    marks: { rect: combinations(penguins, 'island', 'species') },
+    texts: [
+      'Only Adelie penguins live on all three islands',
+      'Island',
+      'Number of penguins',
+      ...islands,
+      ...species,
+    ],
+  },
+  'stacked-bars': {
+    marks: { rect: combinations(penguins, 'species', 'sex') },
+    texts: ['As many females as males', 'Species', 'Number of penguins', ...species, 'female', 'male'],
+  },
+  'sorted-bars': {
+    marks: { rect: combinations(weather, 'weather') - 1 },
+    texts: ['Weather in Seattle, 2012 to 2015', 'Weather', 'Number of days', ...kindsOfWeather],
+  },
+  'histogram-with-summary': {
+    marks: { rect: filledClasses(masses(penguins), 2500, 250) },
+    texts: ['Body mass of penguins', 'Body mass (g)', 'Number of penguins', 'N = 342'],
+  },
+  'box-plot-with-outliers': {
+    marks: { rect: 3, dot: sum(groups(penguins, 'species').map((rows) => outliers(masses(rows)))) },
+    texts: ['Body mass of penguins', 'Species', 'Body mass (g)', ...species],
+  },
+  'error-bars': {
+    marks: { dot: 3, link: 9 },
+    texts: ['Gentoo penguins are the heaviest', 'Species', 'Mean body mass (g)', ...species],
+  },
+  'line-over-dates': {
+    marks: { line: 2 },
+    texts: ['Temperatures in Seattle', '2012', 'Temperature (°C)', 'Freezing', 'Warmest', 'Coldest'],
+  },
+  'secondary-y-axis': {
+    marks: { rect: combinations(weather, 'weather') },
+    texts: [
+      'Weather in Seattle, 2012 to 2015',
+      'Number of days',
+      'Share of all days',
+      'drizzle',
+      ...kindsOfWeather,
+    ],
+  },
+  'cross-panels': {
+    marks: { dot: complete(known, 'bill_length_mm', 'bill_depth_mm') },
+    texts: ['Bills of penguins', 'Bill length (mm)', 'Bill depth (mm)', ...species, 'female', 'male'],
+  },
+  'nested-panels': {
+    marks: {},
+    texts: ['Body mass of penguins by island', 'Body mass (g)', 'Number of penguins', ...islands, ...species],
+  },
+  'panel-highlight': {
+    marks: { dot: complete(penguins, 'flipper_length_mm', 'body_mass_g'), line: 1 },
+    texts: ['Flippers of penguins', 'Body mass (g)', 'Flipper length (mm)', 'Mean Gentoo', ...species],
+  },
+  'blended-panels': {
+    marks: { line: 2 },
+    texts: ['Temperatures in Seattle, 2012 to 2015', 'Date', 'Temperature (°C)', 'Warmest', 'Coldest'],
+  },
+  'population-pyramid': {
+    marks: {},
+    texts: ['Male penguins are heavier', 'Body mass (g)', 'female', 'male'],
+  },
+  'scatter-in-3d': {
+    marks: {},
+    texts: ['Bills and body mass of penguins'],
+    notes: ['three dimensions|third dimension|3-D|space'],
+  },
+};
+
+export interface TemplateChart extends Expected {
+  template: string;
+  data: string;
+  slots: string[];
+}
+
+/** A chart of each visualization template. */
+export const templates: TemplateChart[] = [
+  {
+    template: 'bar_of_counts',
+    data: 'penguins',
+    slots: ['x=species', 'Title=Penguins by species'],
+    marks: { rect: combinations(penguins, 'species') },
+    texts: ['Penguins by species', ...species],
+  },
+  {
+    template: 'box_plot',
+    data: 'penguins',
+    slots: ['x=species', 'y=body_mass_g', 'Title=Body mass by species'],
+    marks: { rect: 3, dot: sum(groups(penguins, 'species').map((rows) => outliers(masses(rows)))) },
+    texts: ['Body mass by species', 'body_mass_g', ...species],
+  },
+  {
+    template: 'clustered_bar',
+    data: 'penguins',
+    slots: ['x=island', 'cluster=species', 'Title=Penguins by island'],
+    marks: { rect: combinations(penguins, 'island', 'species') },
+    texts: ['Penguins by island', ...islands, ...species],
+  },
+  {
+    template: 'grouped_scatter',
+    data: 'penguins',
+    slots: ['x=bill_length_mm', 'y=bill_depth_mm', 'group=species', 'Title=Bills'],
+    marks: { dot: complete(penguins, 'bill_length_mm', 'bill_depth_mm') },
+    texts: ['Bills', 'bill_length_mm', 'bill_depth_mm', ...species],
+  },
+  {
+    template: 'histogram',
+    data: 'penguins',
+    slots: ['x=flipper_length_mm', 'bins=12', 'Title=Flippers'],
+    marks: {},
+    texts: ['Flippers', 'flipper_length_mm'],
+  },
+  {
+    template: 'line_over_time',
+    data: 'seattle-weather',
+    slots: ['time=date', 'y=temp_max', 'y=temp_min', 'Title=Temperatures'],
+    marks: { line: 2 },
+    texts: ['Temperatures'],
+  },
+  {
+    template: 'panelled_scatter',
+    data: 'penguins',
+    slots: ['x=flipper_length_mm', 'y=body_mass_g', 'columns=species', 'Title=Flippers and mass'],
+    marks: { dot: complete(penguins, 'flipper_length_mm', 'body_mass_g') },
+    texts: ['Flippers and mass', 'flipper_length_mm', 'body_mass_g', ...species],
+  },
+  {
+    template: 'pie_of_shares',
+    data: 'penguins',
+    slots: ['slices=island', 'Title=Penguins by island'],
+    marks: { slice: combinations(penguins, 'island') },
+    texts: ['Penguins by island', ...islands],
+  },
+];

@@ -1,0 +1,126 @@
+import { join } from 'node:path';
+import { afterAll, beforeAll, describe, expect, test } from 'vitest';
+import type { Browser, Page } from 'playwright-core';
+import { folder, launch, open, run } from './browser.js';
+import { gallery, templates, type Expected, type MarkKind } from './charts.js';
+import { contrasts } from './contrast.js';
+import { differenceFromStored, pictureWithoutTexts } from './pictures.js';
+
+let browser: Browser;
+let work: string;
+
+beforeAll(async () => {
+  browser = await launch();
+  work = folder('gallery');
+  run('gallery', '-o', work);
+});
+afterAll(async () => browser?.close());
+
+/** How the drawing marks the shapes of a kind. */
+const selectors: Record<MarkKind, string> = {
+  dot: 'g[aria-label="dot"] > *',
+  rect: 'g[aria-label="rect"] > *',
+  line: 'g[aria-label="line"] > *',
+  area: 'g[aria-label="area"] > *',
+  link: 'g[aria-label="link"] > *',
+  slice: '[aria-label="slice"] path',
+};
+
+async function opened(capture: string): Promise<Page> {
+  const page = capture.replace(/\.kcap$/, '.html');
+  run('view', capture, '-o', page);
+  const { page: tab, complaints } = await open(browser, page);
+  await tab.waitForSelector('html[data-drawn]', { state: 'attached' });
+  expect(complaints).toEqual([]);
+  return tab;
+}
+
+async function check(page: Page, expected: Expected): Promise<void> {
+  expect(await page.locator('section.problems li').allTextContents()).toEqual([]);
+  const counted: Partial<Record<MarkKind, number>> = {};
+  for (const kind of Object.keys(expected.marks) as MarkKind[]) {
+    counted[kind] = await page.locator(`figure svg ${selectors[kind]}`).count();
+  }
+  expect(counted).toEqual(expected.marks);
+  const shown = (await page.locator('figure svg text').allTextContents()).join('\n');
+  expect(expected.texts.filter((text) => !shown.includes(text))).toEqual([]);
+  const notes = (await page.locator('section.notes li').allTextContents()).join('\n');
+  if (expected.notes === undefined) expect(notes).toBe('');
+  for (const words of expected.notes ?? []) expect(notes).toMatch(new RegExp(words));
+}
+
+describe('the gallery', () => {
+  test('is known here as a whole', () => {
+    const names = run('gallery', '--list')
+      .trim()
+      .split('\n')
+      .map((line) => line.split(' ')[0]);
+    expect(Object.keys(gallery).sort()).toEqual(names.sort());
+  });
+
+  test.each(Object.entries(gallery))('%s', async (name, expected) => {
+    const page = await opened(join(work, `${name}.kcap`));
+    try {
+      await page.screenshot({ path: join(work, `${name}.png`), fullPage: true });
+      await check(page, expected);
+    } finally {
+      await page.context().close();
+    }
+  });
+});
+
+describe('a chart of each visualization template', () => {
+  test.each(templates)('$template', async ({ template, data, slots, ...expected }) => {
+    const place = folder('templates', template);
+    const values = slots.flatMap((slot) => ['--slot', slot]);
+    run('template', template, '--data', `../examples/data/${data}.csv`, ...values, '-o', place);
+    const page = await opened(join(place, 'capture.kcap'));
+    try {
+      await page.screenshot({ path: join(place, 'page.png'), fullPage: true });
+      await check(page, expected);
+    } finally {
+      await page.context().close();
+    }
+  });
+});
+
+describe('the shipped templates', () => {
+  const shipped = ['', 'colors_only', 'dark', 'default_look', 'large_type', 'print_grey'];
+  test.each(shipped)('leave texts readable: %s', async (template) => {
+    const place = folder('contrast', template || 'none');
+    const options = template === '' ? [] : ['--template', template];
+    for (const name of ['scatter-with-reference-line', 'clustered-bars', 'cross-panels']) {
+      run('gallery', name, '-o', place, ...options);
+      const page = await opened(join(place, `${name}.kcap`));
+      const faint = (await contrasts(page)).filter(({ ratio }) => ratio < 4.5);
+      expect(faint).toEqual([]);
+      await page.context().close();
+    }
+  });
+});
+
+describe('pictures', () => {
+  const kinds = [
+    'scatter-with-reference-line',
+    'dot-plot',
+    'clustered-bars',
+    'stacked-bars',
+    'sorted-bars',
+    'histogram-with-summary',
+    'box-plot-with-outliers',
+    'error-bars',
+    'line-over-dates',
+    'secondary-y-axis',
+    'cross-panels',
+    'population-pyramid',
+  ];
+  test.each(kinds)('are what they were: %s', async (name) => {
+    const page = await opened(join(work, `${name}.kcap`));
+    const picture = await pictureWithoutTexts(page);
+    // The page's own policy forbids other pictures.
+    const other = await browser.newPage();
+    expect(await differenceFromStored(other, name, picture)).toBeNull();
+    await page.context().close();
+    await other.close();
+  });
+});
