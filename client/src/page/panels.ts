@@ -1,5 +1,5 @@
 import type { Drawn } from '../draw/draw.js';
-import type { Received } from '../received.js';
+import type { Content, Received } from '../received.js';
 import { element, table } from './elements.js';
 import { indented } from './markup.js';
 
@@ -22,8 +22,28 @@ export function panelsOf(received: Received, drawn: Drawn | null): Panel[] {
   if (chartText !== null) {
     panels.push({ id: 'text', name: 'Chart text', key: 'x', make: () => markup(chartText) });
   }
+  const others = received.contents.filter((content) => content.text && !shownElsewhere.has(content.name));
+  if (others.length > 0) {
+    panels.push({ id: 'others', name: 'Other contents', key: 'o', make: () => otherTexts(others) });
+  }
   panels.push({ id: 'messages', name: 'Messages', key: 'm', make: () => traffic(received) });
   return panels;
+}
+
+/** Texts that have places of their own. */
+const shownElsewhere = new Set(['description', 'English description', 'chart text']);
+
+/** More of a text is not read on a screen, and would make the page slow. */
+const mostLetters = 200_000;
+
+function otherTexts(contents: readonly Content[]): HTMLElement {
+  const parts = contents.map((content) => {
+    const text = content.text ?? '';
+    const shown = text.length > mostLetters ? `${text.slice(0, mostLetters)} …` : text;
+    const label = `${content.name}, ${count(text.length, 'character')}`;
+    return element('div', {}, element('h3', {}, label), region(label, element('pre', {}, shown)));
+  });
+  return element('div', {}, ...parts);
 }
 
 const mostRows = 10_000;

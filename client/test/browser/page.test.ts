@@ -147,6 +147,19 @@ describe('what came over the wire', () => {
     await page.context().close();
   });
 
+  test('may be interactive content, whose texts are shown', async () => {
+    const capture = new CaptureBuilder()
+      .interactiveContent(0, 'A page')
+      .interactiveContent(16, deflateSync('{"rows":[1,2]}'))
+      .interactiveContent(19, 'wide')
+      .done(0, 3)
+      .bytes();
+    const page = await opened(view('interactive', capture));
+    await page.getByRole('button', { name: 'Other contents' }).click();
+    expect(await page.locator('.panel:visible pre').allTextContents()).toEqual(['{"rows":[1,2]}', 'wide']);
+    await page.context().close();
+  });
+
   test('may be a chart text that is no XML', async () => {
     const capture = new CaptureBuilder().content(0, 'A chart').chartText('<visualization>').done().bytes();
     const page = await opened(view('broken', capture));
