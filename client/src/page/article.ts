@@ -13,7 +13,8 @@ export function article(received: Received, id: string): HTMLElement {
   const made = element(
     'article',
     { id, 'aria-labelledby': `${id}-title` },
-    element('h2', { id: `${id}-title`, class: 'title' }, title),
+    // The picture has its own titles; the heading is for those who go from heading to heading.
+    element('h2', { id: `${id}-title`, class: drawn === null ? 'title' : 'hidden-title' }, title),
   );
   const panels = panelsOf(received, drawn);
   if (drawn !== null) made.append(figure(drawn, received, id, panels));

@@ -18,7 +18,12 @@ export function table(
   header: readonly string[],
   rows: readonly (readonly (string | number | null)[])[],
 ): HTMLTableElement {
-  const head = element('tr', {}, ...header.map((text) => element('th', { scope: 'col' }, text)));
+  const isNumber = header.map((_, index) => rows.every((row) => typeof row[index] !== 'string'));
+  const heads = header.map((text, index) => {
+    const kind: Record<string, string> = rows.length > 0 && isNumber[index] ? { class: 'number' } : {};
+    return element('th', { scope: 'col', ...kind }, text);
+  });
+  const head = element('tr', {}, ...heads);
   const body = element('tbody');
   for (const row of rows) body.append(element('tr', {}, ...row.map(cell)));
   return element('table', {}, element('caption', {}, caption), element('thead', {}, head), body);

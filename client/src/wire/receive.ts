@@ -45,6 +45,12 @@ function readSend(send: RawSend, budget: Budget): Received {
       received.contents.push(content(raw, new Uint8Array(0), null, false));
     }
   }
+  for (const [type, announcement] of sizeOnWire) {
+    const size = announced.get(announcement);
+    if (size !== undefined && !send.contents.some((raw) => raw.type === type)) {
+      received.problems.push(`The ${contentName(type)} is missing: ${size} bytes were announced.`);
+    }
+  }
   if (received.done === null && send.messages.length > 0) {
     received.problems.push('The end record is missing: the chart was not sent to its end.');
   }

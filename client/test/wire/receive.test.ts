@@ -140,6 +140,7 @@ describe('several sends', () => {
       .done()
       .bytes();
     const sends = receive(capture);
+    expect(sends[0]?.problems).toEqual(['The data is missing: 7 bytes were announced.', missingEnd]);
     expect(sends[1]?.problems).toEqual([]);
     expect(sends[1]?.tables.size).toBe(1);
   });
@@ -234,6 +235,13 @@ describe('announcements', () => {
     const received = receiveOne(new CaptureBuilder().content(0, 'd').chartText(long).done().bytes());
     expect(received.problems).toEqual([]);
     expect(received.chartText).toBe(long);
+  });
+
+  test('may be of something that does not come', () => {
+    const received = receiveOne(
+      new CaptureBuilder().content(0, 'd').content(5, Buffer.alloc(7)).done().bytes(),
+    );
+    expect(received.problems).toEqual(['The data is missing: 7 bytes were announced.']);
   });
 
   test('are compared with the data', () => {
