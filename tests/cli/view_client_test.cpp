@@ -74,3 +74,14 @@ TEST_F(View, RefusesWhatIsNoCapture) {
   EXPECT_EQ(outcome.err, "kestrel: t.csv: is no capture, which starts with KCAP0001\n");
   EXPECT_FALSE(exists("chart.html"));
 }
+
+TEST_F(View, RefusesWhatNoBrowserCouldHold) {
+  makeCapture();
+  shell("truncate -s 268435457 out/capture.kcap");
+  Outcome const outcome = kestrel({"view", "out/capture.kcap", "-o", "chart.html"});
+  EXPECT_EQ(outcome.exit, 1);
+  EXPECT_EQ(
+      outcome.err,
+      "kestrel: out/capture.kcap: is too long for a page, which holds up to 268,435,456 bytes; kestrel serve "
+      "shows it\n");
+}

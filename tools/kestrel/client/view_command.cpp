@@ -15,6 +15,9 @@ namespace kestrel::tool {
 
 namespace {
 
+/// A browser holds a page as one text, and no longer one than this in base64.
+constexpr std::size_t longestCapture = std::size_t{256} << 20;
+
 /// The places of the page that are filled; both stand in it before its script.
 constexpr std::string_view titlePlace = "{{title}}";
 constexpr std::string_view capturePlace = "{{capture}}";
@@ -51,6 +54,9 @@ std::string readCaptureFile(std::string const& path) {
 
 void runView(ViewRequest const& request) {
   std::string const capture = readCaptureFile(request.capture);
+  if (capture.size() > longestCapture)
+    throw badInput(request.capture, "is too long for a page, which holds up to " +
+                                        counted(longestCapture, "byte") + "; kestrel serve shows it");
   std::string page = readFile(clientFile("page.html").string());
   std::string const name = printable(std::filesystem::path(request.capture).filename().string());
   // The name of a file may be anything; the page is UTF-8.
