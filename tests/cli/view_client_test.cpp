@@ -4,6 +4,7 @@
 
 #include <gmock/gmock.h>
 
+#include <filesystem>
 #include <string>
 
 using namespace kestrel::test;
@@ -77,7 +78,7 @@ TEST_F(View, RefusesWhatIsNoCapture) {
 
 TEST_F(View, RefusesWhatNoBrowserCouldHold) {
   makeCapture();
-  shell("truncate -s 268435457 out/capture.kcap");
+  std::filesystem::resize_file(folder / "out/capture.kcap", 268435457);
   Outcome const outcome = kestrel({"view", "out/capture.kcap", "-o", "chart.html"});
   EXPECT_EQ(outcome.exit, 1);
   EXPECT_EQ(

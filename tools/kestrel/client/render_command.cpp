@@ -6,6 +6,8 @@
 #include "shipped_client.h"
 #include "view_command.h"
 
+#include <unistd.h>
+
 #include <cstdlib>
 #include <filesystem>
 #include <sstream>
