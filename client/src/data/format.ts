@@ -1,0 +1,163 @@
+/** Values as text: numbers with decimals, grouping, prefix and suffix; dates by patterns; relabels. */
+import type { Format } from '../chart/model.js';
+
+const minus = '\u2212';
+
+/** How many decimals a number needs, up to `most`. */
+export function decimalsOf(value: number, most = 10): number {
+  for (let decimals = 0; decimals < most; decimals += 1) {
+    const factor = 10 ** decimals;
+    if (Math.abs(Math.round(value * factor) / factor - value) < Math.abs(value) * 1e-9) return decimals;
+  }
+  return most;
+}
+
+/** The parts of a pattern of numbers, such as `#,##0.00 %`. Null where it is none. */
+function numberPattern(pattern: string) {
+  const found = /^([^#0,.]*)([#0,]*)(?:\.([0#]*))?([^#0,.]*)$/.exec((pattern.split(';')[0] ?? '').replace(/'/g, ''));
+  if (!found || !/[#0]/.test(pattern)) return null;
+  const [, prefix = '', whole = '', fraction = '', suffix = ''] = found;
+  return {
+    prefix,
+    suffix,
+    grouping: whole.includes(','),
+    least: fraction.replace(/#/g, '').length,
+    most: fraction.length,
+    percent: (prefix + suffix).includes('%'),
+  };
+}
+
+const formatters = new Map<string, Intl.NumberFormat>();
+
+/** Formats of a language are costly to make. */
+function formatter(language: string, options: Intl.NumberFormatOptions): Intl.NumberFormat {
+  const key = language + JSON.stringify(options);
+  let made = formatters.get(key);
+  if (!made) {
+    try {
+      made = new Intl.NumberFormat(language || 'en-US', options);
+    } catch {
+      made = new Intl.NumberFormat('en-US', options);
+    }
+    formatters.set(key, made);
+  }
+  return made;
+}
+
+const clampDigits = (digits: number) => Math.max(0, Math.min(20, Math.round(digits)));
+
+function scientific(value: number): string {
+  return value.toExponential(decimalsOf(Number(value.toExponential().split('e')[0]), 3)).replace('e+', 'e');
+}
+
+/** `decimals` is what a number gets where its format does not say; by default as many as it needs, up to 6. */
+export function numberText(value: number, format: Format | null, language: string, decimals?: number): string {
+  if (Number.isNaN(value)) return format?.errorCharacter ?? '';
+  if (!Number.isFinite(value)) return value > 0 ? '\u221e' : minus + '\u221e';
+  const pattern = format?.pattern ? numberPattern(format.pattern) : null;
+  const wanted = decimals ?? decimalsOf(value, 6);
+  const most = format?.maximumFractionDigits ?? pattern?.most ?? Math.max(wanted, format?.minimumFractionDigits ?? 0);
+  const least = Math.min(format?.minimumFractionDigits ?? pattern?.least ?? Math.min(decimals ?? 0, most), most);
+  const shown = pattern?.percent ? value * 100 : value;
+  const free = format?.maximumFractionDigits == null && !pattern;
+  const huge = free && (Math.abs(shown) >= 1e15 || (shown !== 0 && Math.abs(shown) < 1e-6));
+  const digits = huge
+    ? scientific(shown)
+    : formatter(language, {
+        useGrouping: format?.grouping ?? pattern?.grouping ?? false,
+        minimumFractionDigits: clampDigits(least),
+        maximumFractionDigits: clampDigits(most),
+      }).format(shown);
+  const signed = digits.replace(/^-/, /^-[0.,]*$/.test(digits) ? '' : minus);
+  return `${format?.prefix ?? ''}${pattern?.prefix ?? ''}${signed}${pattern?.suffix ?? ''}${format?.suffix ?? ''}`;
+}
+
+const two = (value: number, width = 2) => String(value).padStart(width, '0');
+
+function named(date: Date, language: string, options: Intl.DateTimeFormatOptions): string {
+  const all = { ...options, timeZone: 'UTC' };
+  try {
+    return new Intl.DateTimeFormat(language || 'en-US', all).format(date);
+  } catch {
+    return new Intl.DateTimeFormat('en-US', all).format(date);
+  }
+}
+
+function month(date: Date, count: number, language: string): string {
+  if (count <= 2) return two(date.getUTCMonth() + 1, count);
+  return named(date, language, { month: count === 3 ? 'short' : 'long' });
+}
+
+function dayOfYear(date: Date): number {
+  return Math.floor((date.getTime() - Date.UTC(date.getUTCFullYear(), 0, 1)) / 86_400_000) + 1;
+}
+
+/** The week of ISO 8601. */
+function weekOfYear(date: Date): number {
+  const thursday = new Date(date.getTime());
+  thursday.setUTCDate(date.getUTCDate() + 3 - ((date.getUTCDay() + 6) % 7));
+  return Math.floor((dayOfYear(thursday) - 1) / 7) + 1;
+}
+
+const fields: Record<string, (date: Date, count: number, language: string) => string> = {
+  y: (date, count) => (count === 2 ? two(date.getUTCFullYear() % 100) : two(date.getUTCFullYear(), count)),
+  M: month,
+  L: month,
+  d: (date, count) => two(date.getUTCDate(), count),
+  D: (date, count) => two(dayOfYear(date), count),
+  w: (date, count) => two(weekOfYear(date), count),
+  q: (date, count) => two(Math.floor(date.getUTCMonth() / 3) + 1, count > 2 ? 1 : count),
+  Q: (date, count) => two(Math.floor(date.getUTCMonth() / 3) + 1, count > 2 ? 1 : count),
+  E: (date, count, language) => named(date, language, { weekday: count > 3 ? 'long' : 'short' }),
+  H: (date, count) => two(date.getUTCHours(), count),
+  h: (date, count) => two(date.getUTCHours() % 12 || 12, count),
+  m: (date, count) => two(date.getUTCMinutes(), count),
+  s: (date, count) => two(date.getUTCSeconds(), count),
+  S: (date, count) => two(date.getUTCMilliseconds(), 3).slice(0, count),
+  a: (date) => (date.getUTCHours() < 12 ? 'AM' : 'PM'),
+};
+
+/** A date by a pattern such as `dd.MM.yyyy`; texts stand in single quotes. */
+export function dateText(seconds: number, pattern: string, language: string): string {
+  const date = new Date(seconds * 1000);
+  if (Number.isNaN(date.getTime())) return '';
+  return pattern.replace(/'((?:[^']|'')*)'|([A-Za-z])\2*/g, (all, quoted: string | undefined, letter?: string) => {
+    if (quoted !== undefined) return quoted === '' ? "'" : quoted.replace(/''/g, "'");
+    const field = letter && fields[letter];
+    return field ? field(date, all.length, language) : all;
+  });
+}
+
+/** Days, or days with a time where there is one. */
+export function plainDateText(seconds: number): string {
+  const text = new Date(seconds * 1000);
+  if (Number.isNaN(text.getTime())) return '';
+  const iso = text.toISOString();
+  return iso.endsWith('T00:00:00.000Z') ? iso.slice(0, 10) : iso.slice(0, 19).replace('T', ' ');
+}
+
+/** A date as bounds and places have it: `2012-06-30`, `2012-06-30T12:00:00`, or a number of seconds. */
+export function secondsOf(text: string): number | null {
+  const number = Number(text);
+  if (text.trim() !== '' && !Number.isNaN(number)) return number;
+  const found = /^(\d{4,})-(\d\d)-(\d\d)(?:[T ](\d\d):(\d\d)(?::(\d\d(?:\.\d+)?))?)?$/.exec(text.trim());
+  if (!found) return null;
+  const [, year, monthNumber, day, hour = '0', minute = '0', second = '0'] = found;
+  const start = Date.UTC(Number(year), Number(monthNumber) - 1, Number(day), Number(hour), Number(minute));
+  return start / 1000 + Number(second);
+}
+
+/** The first of the formats that says anything of a look; relabels are taken from all. */
+export function mergeFormats(...formats: (Format | null | undefined)[]): Format | null {
+  const present = formats.filter((format): format is Format => !!format);
+  if (present.length === 0) return null;
+  const merged = { ...present[present.length - 1]! };
+  for (const format of present.slice(0, -1).reverse()) {
+    for (const [key, value] of Object.entries(format)) {
+      if (value === null || value === '' || key === 'relabels') continue;
+      Object.assign(merged, { [key]: value });
+    }
+    merged.relabels = new Map([...merged.relabels, ...format.relabels]);
+  }
+  return merged;
+}

@@ -1,0 +1,79 @@
+/** Labels beside what is drawn: where they stand, and which of them have room. */
+import type { Layer } from './layers.js';
+import { ownTexts } from './looks.js';
+import type { Canvas } from './marks.js';
+import { lineHeight, textLook, textWidth, type TextLook } from './text.js';
+
+export interface PlacedLabel {
+  /** In units of the scales that run across and upwards. */
+  x: number;
+  y: number;
+  text: string;
+  side: 'left' | 'right' | 'above' | 'below';
+}
+
+interface Candidate extends PlacedLabel {
+  /** The place in pixels. */
+  across: number;
+  down: number;
+}
+
+function candidatesOf(layer: Layer, canvas: Canvas): Candidate[] {
+  const upright = layer.kind === 'bars' ? (canvas.transposed ? 'right' : 'above') : 'right';
+  const candidates: Candidate[] = [];
+  const add = (x: number, y: number, text: string, side: PlacedLabel['side']) => {
+    const [ux, uy] = [canvas.x.unit(x), canvas.y.unit(y)];
+    const [across, up] = canvas.transposed ? [uy, ux] : [ux, uy];
+    const place = canvas.transposed ? { x: y, y: x } : { x, y };
+    candidates.push({ ...place, text, side, across: across * canvas.width, down: (1 - up) * canvas.height });
+  };
+  for (const shape of layer.shapes) {
+    if (shape.box) {
+      // Neighbours stand on both sides, so that those of almost one place can be read.
+      [...shape.box.outliers]
+        .sort((a, b) => a.value - b.value)
+        .forEach((outlier, at) => {
+          const sides = canvas.transposed ? (['above', 'below'] as const) : (['right', 'left'] as const);
+          if (outlier.label) add(shape.x, outlier.value, outlier.label, sides[at % 2]!);
+        });
+    } else if (shape.label) {
+      add(shape.x, shape.y2 ?? shape.y, shape.label, upright);
+    }
+  }
+  return candidates;
+}
+
+interface Room {
+  left: number;
+  right: number;
+  top: number;
+  bottom: number;
+}
+
+function roomOf(label: Candidate, look: TextLook): Room {
+  const width = textWidth(label.text, look);
+  const height = lineHeight(look);
+  const left = { right: label.across + 6, left: label.across - 6 - width, above: 0, below: 0 }[label.side];
+  const from = label.side === 'above' || label.side === 'below' ? label.across - width / 2 : left;
+  const middle = label.down + { right: 0, left: 0, above: -8, below: 8 }[label.side];
+  return { left: from, right: from + width, top: middle - height / 2, bottom: middle + height / 2 };
+}
+
+const overlap = (a: Room, b: Room) => a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom;
+
+/** More cannot be read. */
+const mostLabels = 2_000;
+
+/** Unless the chart wants all of them, a label that would cover an earlier one is left out. */
+export function placeLabels(canvas: Canvas, layer: Layer): PlacedLabel[] {
+  const look = textLook(layer.element.labeling[0]?.style ?? {}, ownTexts.dataLabel);
+  const candidates = candidatesOf(layer, canvas).slice(0, mostLabels);
+  if (layer.element.showCollidingLabels) return candidates;
+  const taken: Room[] = [];
+  return candidates.filter((label) => {
+    const room = roomOf(label, look);
+    if (taken.some((other) => overlap(room, other))) return false;
+    taken.push(room);
+    return true;
+  });
+}

@@ -1,0 +1,257 @@
+/** Layers as marks of Observable Plot. */
+import * as Plot from '@observablehq/plot';
+import { none } from './colors.js';
+import { placeLabels, type PlacedLabel } from './datalabels.js';
+import { stackDots } from './dots.js';
+import type { Layer, Shape } from './layers.js';
+import type { Look } from './looks.js';
+import { ownTexts } from './looks.js';
+import type { Patterns } from './patterns.js';
+import type { DrawnScale } from './scales.js';
+import { isStroked, symbolType } from './symbols.js';
+import { textLook, type TextLook } from './text.js';
+
+/** Where a panel's shapes are drawn. */
+export interface Canvas {
+  /** Scales of the data's x and y; of a transposed chart x runs upwards. */
+  x: DrawnScale;
+  y: DrawnScale;
+  transposed: boolean;
+  width: number;
+  height: number;
+  patterns: Patterns;
+  /** What lies behind the marks. */
+  paper: string;
+}
+
+type Channels = Record<string, (shape: Shape) => number | undefined>;
+
+/** Names of channels change places where the chart is transposed. */
+const swapped: Record<string, string> = { x: 'y', y: 'x', x1: 'y1', y1: 'x1', x2: 'y2', y2: 'x2' };
+
+function channels(canvas: Canvas, own: Channels): Channels {
+  if (!canvas.transposed) return own;
+  return Object.fromEntries(Object.entries(own).map(([name, read]) => [swapped[name] ?? name, read]));
+}
+
+/** A value that is drawn as it is, without a scale. */
+const asIs = (read: (shape: Shape) => unknown) => ({ value: read, scale: null });
+
+const dashOf = (look: Look) => (look.dashes.length > 0 ? look.dashes.join(' ') : undefined);
+
+/** Only what is there: Plot takes an undefined option for a wrong one. */
+function options(all: Record<string, unknown>): Record<string, unknown> {
+  return Object.fromEntries(Object.entries(all).filter(([, value]) => value !== undefined));
+}
+
+function strokeOf(look: Look): Record<string, unknown> {
+  const stroke = look.stroke === none || look.strokeWidth === 0 ? none : look.stroke;
+  return options({ stroke, strokeWidth: stroke === none ? undefined : look.strokeWidth, strokeDasharray: dashOf(look) });
+}
+
+function lineOptions(look: Look): Record<string, unknown> {
+  return {
+    ...strokeOf(look),
+    strokeOpacity: look.opacity,
+    strokeLinecap: look.lineCap,
+    strokeLinejoin: 'round',
+    fill: none,
+  };
+}
+
+/** The inside of a shape, by its value where that varies. */
+function fillOf(canvas: Canvas, look: Look, shapes: Shape[]): Record<string, unknown> {
+  const first = shapes[0]?.varied;
+  const fill = first?.fill
+    ? asIs((shape) => canvas.patterns.fill(shape.varied?.fill ?? look.fill, look.pattern))
+    : canvas.patterns.fill(look.fill, look.pattern);
+  const opacity = first?.opacity === undefined ? look.opacity : asIs((shape) => shape.varied?.opacity ?? look.opacity);
+  return { fill, fillOpacity: opacity };
+}
+
+function pointMarks(canvas: Canvas, layer: Layer, shapes: Shape[]): Plot.Markish[] {
+  const { look } = layer;
+  const stroked = isStroked(look.symbol);
+  const size = shapes[0]?.varied?.size;
+  const color = shapes[0]?.varied?.fill ? asIs((shape) => shape.varied?.fill ?? look.fill) : look.fill;
+  const opacity =
+    shapes[0]?.varied?.opacity === undefined ? look.opacity : asIs((shape) => shape.varied?.opacity ?? look.opacity);
+  const paint = stroked
+    ? { stroke: color, strokeWidth: Math.max(1.4, look.size / 5), strokeOpacity: opacity, fill: none }
+    : { ...fillOf(canvas, look, shapes), ...strokeOf(look) };
+  return [
+    Plot.dot(shapes, {
+      ...channels(canvas, { x: (shape) => shape.x, y: (shape) => shape.y }),
+      ...paint,
+      symbol: symbolType(look.symbol),
+      r: size === undefined ? look.size / 2 : asIs((shape) => (shape.varied?.size ?? look.size) / 2),
+    } as Plot.DotOptions),
+  ];
+}
+
+const rectangle: Channels = { x1: (s) => s.x1, x2: (s) => s.x2, y1: (s) => s.y1, y2: (s) => s.y2 };
+
+/** The bounds of a scale that has no 0, where bars begin. */
+function grounded(canvas: Canvas, shapes: Shape[]): Shape[] {
+  if (canvas.y.method !== 'log') return shapes;
+  const [low] = canvas.y.domain;
+  const above = (value: number | undefined) => (value !== undefined && value > 0 ? value : low);
+  return shapes.map((shape) => ({ ...shape, y1: above(shape.y1), y2: above(shape.y2) }));
+}
+
+function barMarks(canvas: Canvas, layer: Layer): Plot.Markish[] {
+  const shapes = grounded(canvas, layer.shapes);
+  const paint = { ...fillOf(canvas, layer.look, shapes), ...strokeOf(layer.look) };
+  return [Plot.rect(shapes, { ...channels(canvas, rectangle), ...paint } as Plot.RectOptions)];
+}
+
+function areaMarks(canvas: Canvas, layer: Layer): Plot.Markish[] {
+  const shapes = grounded(canvas, layer.shapes);
+  const paint = { ...fillOf(canvas, layer.look, shapes), ...strokeOf(layer.look) };
+  const own = channels(canvas, { x: (s) => s.x, y1: (s) => s.y1, y2: (s) => s.y2 });
+  const all = { ...own, ...paint, z: null } as unknown as Plot.AreaYOptions & Plot.AreaXOptions;
+  return [canvas.transposed ? Plot.areaX(shapes, all) : Plot.areaY(shapes, all)];
+}
+
+function lineMarks(canvas: Canvas, layer: Layer): Plot.Markish[] {
+  const own = channels(canvas, { x: (s) => s.x, y: (s) => s.y });
+  const line = Plot.line(layer.shapes, { ...own, ...lineOptions(layer.look), z: null } as Plot.LineOptions);
+  const alone = layer.shapes.filter((shape, at, all) => isAlone(shape, all[at - 1], all[at + 1]));
+  if (alone.length === 0) return [line];
+  const fill = layer.look.stroke;
+  return [line, Plot.dot(alone, { ...own, fill, r: layer.look.strokeWidth } as Plot.DotOptions)];
+}
+
+/** A place between two missing ones makes no line. */
+function isAlone(shape: Shape, before: Shape | undefined, after: Shape | undefined): boolean {
+  const missing = (other: Shape | undefined) => !other || Number.isNaN(other.y);
+  return !Number.isNaN(shape.y) && missing(before) && missing(after);
+}
+
+function polygonMarks(canvas: Canvas, layer: Layer): Plot.Markish[] {
+  const own = channels(canvas, { x: (s) => s.x, y: (s) => s.y });
+  const paint = { ...fillOf(canvas, layer.look, []), ...strokeOf(layer.look) };
+  return [Plot.line(layer.shapes, { ...own, ...paint, z: null, curve: 'linear-closed' } as Plot.LineOptions)];
+}
+
+function links(canvas: Canvas, shapes: Shape[], own: Channels, look: Look): Plot.Markish {
+  return Plot.link(shapes, { ...channels(canvas, own), ...lineOptions(look) } as Plot.LinkOptions);
+}
+
+function errorMarks(canvas: Canvas, layer: Layer): Plot.Markish[] {
+  const { shapes, look } = layer;
+  const cap = (bound: 'low' | 'high') =>
+    links(canvas, shapes, { x1: (s) => s.x1, x2: (s) => s.x2, y1: (s) => s[bound], y2: (s) => s[bound] }, look);
+  const stem = links(canvas, shapes, { x1: (s) => s.x, x2: (s) => s.x, y1: (s) => s.low, y2: (s) => s.high }, look);
+  const dot = { ...look, symbol: 'circle', fill: look.fill, stroke: none };
+  return [stem, cap('low'), cap('high'), ...pointMarks(canvas, { ...layer, look: dot }, shapes)];
+}
+
+/** The lines of a whisker's ends are half as wide as the box. */
+const capShare = 0.5;
+
+function boxMarks(canvas: Canvas, layer: Layer): Plot.Markish[] {
+  const { shapes, look } = layer;
+  const parts = layer.parts!;
+  const box = (shape: Shape) => shape.box!.box;
+  const whisker = (from: (s: Shape) => number, to: (s: Shape) => number) =>
+    links(canvas, shapes, { x1: (s) => s.x, x2: (s) => s.x, y1: from, y2: to }, parts.fence);
+  const cap = (at: (s: Shape) => number) => {
+    const side = (s: Shape, sign: number) => s.x + (sign * capShare * (s.x2! - s.x1!)) / 2;
+    return links(canvas, shapes, { x1: (s) => side(s, -1), x2: (s) => side(s, 1), y1: at, y2: at }, parts.fence);
+  };
+  const body: Channels = { x1: (s) => s.x1, x2: (s) => s.x2, y1: (s) => box(s).lowerHinge, y2: (s) => box(s).upperHinge };
+  const paint = { ...fillOf(canvas, { ...parts.hinge, fill: look.fill }, []), ...strokeOf(parts.hinge) };
+  const middle: Channels = { x1: (s) => s.x1, x2: (s) => s.x2, y1: (s) => box(s).median, y2: (s) => box(s).median };
+  return [
+    whisker((s) => box(s).upperHinge, (s) => box(s).highest),
+    whisker((s) => box(s).lowerHinge, (s) => box(s).lowest),
+    cap((s) => box(s).highest),
+    cap((s) => box(s).lowest),
+    Plot.rect(shapes, { ...channels(canvas, body), ...paint } as Plot.RectOptions),
+    links(canvas, shapes, middle, parts.median),
+    ...outlierMarks(canvas, layer),
+  ];
+}
+
+function outlierMarks(canvas: Canvas, layer: Layer): Plot.Markish[] {
+  const places = (extreme: boolean) =>
+    layer.shapes.flatMap((shape) =>
+      shape.box!.outliers
+        .filter((outlier) => outlier.extreme === extreme)
+        .map((outlier): Shape => ({ x: shape.x, y: outlier.value })),
+    );
+  return [false, true].flatMap((extreme) => {
+    const shapes = places(extreme);
+    const look = extreme ? layer.parts!.extreme : layer.parts!.outlier;
+    return shapes.length > 0 && look.visible ? pointMarks(canvas, { ...layer, look }, shapes) : [];
+  });
+}
+
+function labelMarks(canvas: Canvas, labels: PlacedLabel[], look: TextLook): Plot.Markish[] {
+  const sides = [...new Set(labels.map((label) => label.side))];
+  const halo = { stroke: canvas.paper === none ? '#ffffff' : canvas.paper, strokeWidth: 2.5 };
+  return sides.map((side) => {
+    const anchor = { right: 'start', left: 'end', above: 'middle', below: 'middle' }[side];
+    const shift = { right: [6, 0], left: [-6, 0], above: [0, -8], below: [0, 8] }[side] as [number, number];
+    return Plot.text(
+      labels.filter((label) => label.side === side),
+      {
+        x: (label: PlacedLabel) => label.x,
+        y: (label: PlacedLabel) => label.y,
+        text: (label: PlacedLabel) => label.text,
+        textAnchor: anchor as 'start',
+        dx: shift[0],
+        dy: shift[1],
+        fontFamily: look.family,
+        fontSize: look.size,
+        ...(look.weight === 'normal' ? {} : { fontWeight: look.weight }),
+        ...(look.slant === 'normal' ? {} : { fontStyle: look.slant }),
+        fill: look.color,
+        ...halo,
+      },
+    );
+  });
+}
+
+/** The marks of one layer; `dots` are the layers that share its stacks of dots. */
+export function marksOf(canvas: Canvas, layer: Layer, dots: Map<Layer, Shape[]>): Plot.Markish[] {
+  switch (layer.kind) {
+    case 'points':
+      return pointMarks(canvas, layer, layer.shapes);
+    case 'dots':
+      return pointMarks(canvas, { ...layer, look: dotLook(layer, dots) }, dots.get(layer) ?? []);
+    case 'bars':
+      return barMarks(canvas, layer);
+    case 'area':
+      return areaMarks(canvas, layer);
+    case 'line':
+      return lineMarks(canvas, layer);
+    case 'polygon':
+      return polygonMarks(canvas, layer);
+    case 'edges':
+      return [links(canvas, layer.shapes, rectangle, layer.look)];
+    case 'errors':
+      return errorMarks(canvas, layer);
+    case 'boxes':
+      return boxMarks(canvas, layer);
+    case 'slices':
+      return [];
+  }
+}
+
+function dotLook(layer: Layer, dots: Map<Layer, Shape[]>): Look {
+  const size = dots.get(layer)?.[0]?.varied?.size;
+  return size === undefined ? layer.look : { ...layer.look, size };
+}
+
+/** The labels of all layers, which must not cover each other. */
+export function labelsOf(canvas: Canvas, layers: Layer[]): Plot.Markish[] {
+  return layers.flatMap((layer) => {
+    const labeling = layer.element.labeling[0];
+    if (!labeling || labeling.style.visible === false) return [];
+    return labelMarks(canvas, placeLabels(canvas, layer), textLook(labeling.style, ownTexts.dataLabel));
+  });
+}
+
+export { stackDots };

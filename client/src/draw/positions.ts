@@ -1,0 +1,89 @@
+/** Where shapes that take up room stand: widths of bars, places beside each other, stacks. */
+import { pixels, type Length } from '../chart/markup.js';
+import type { Direction } from './directions.js';
+import type { Layer, Shape } from './layers.js';
+
+/** Of the place that they have, where a style does not say. */
+const barShare = 0.75;
+const boxShare = 0.5;
+const clusteredBoxShare = 0.8;
+const defaultClusterGap = 0.1;
+const stackModifier = 3;
+
+/** The least distance of two places: 1 of categories. */
+function stepOf(layers: Layer[], direction: Direction): number {
+  if (direction.kind === 'category') return 1;
+  const places = new Set<number>();
+  for (const layer of layers) for (const shape of layer.shapes) places.add(shape.x);
+  const sorted = Float64Array.from(places).sort();
+  let least = Infinity;
+  for (let at = 1; at < sorted.length; at += 1) least = Math.min(least, sorted[at]! - sorted[at - 1]!);
+  return Number.isFinite(least) ? least : 1;
+}
+
+const shareOf = (width: Length | null, otherwise: number) =>
+  width ? Math.min(1, Math.max(0.01, width.unit === '%' ? width.value / 100 : pixels(width, 1) / 100)) : otherwise;
+
+/** The middle and the width of a group's place beside others, around the middle of all. */
+function slotOf(layer: Layer, direction: Direction, step: number): { offset: number; width: number } {
+  if (!layer.slot) return { offset: 0, width: step };
+  const gap = shareOf(direction.cluster?.gap ?? null, defaultClusterGap);
+  const width = (step * Math.max(0.1, 1 - 2 * gap)) / layer.slot.of;
+  return { offset: (layer.slot.at - (layer.slot.of - 1) / 2) * width, width };
+}
+
+/** What of its place a bar or box takes. */
+function shareOfLayer(layer: Layer): number {
+  const beside = layer.slot !== null;
+  if (layer.kind === 'boxes') return shareOf(layer.look.width, beside ? clusteredBoxShare : boxShare);
+  return shareOf(layer.look.width, beside ? 1 : barShare);
+}
+
+function placeAlongX(layer: Layer, direction: Direction, step: number): void {
+  const { offset, width } = slotOf(layer, direction, step);
+  const wide = layer.kind === 'bars' || layer.kind === 'boxes' || layer.kind === 'errors';
+  const half = (width * shareOfLayer(layer)) / 2;
+  for (const shape of layer.shapes) {
+    if (layer.binned) {
+      if (layer.slot) narrowBin(shape, layer.slot);
+      continue;
+    }
+    shape.x += offset;
+    if (wide) [shape.x1, shape.x2] = [shape.x - half, shape.x + half];
+  }
+}
+
+/** Groups of a class stand beside each other within it. */
+function narrowBin(shape: Shape, slot: { at: number; of: number }): void {
+  const width = (shape.x2! - shape.x1!) / slot.of;
+  shape.x1 = shape.x1! + slot.at * width;
+  shape.x2 = shape.x1 + width;
+  shape.x = (shape.x1 + shape.x2) / 2;
+}
+
+/** Bars and areas from the base line to their value, or on each other; values below the base line go down. */
+function stackAlongY(layers: Layer[], baseline: number): void {
+  const tops = new Map<number, number>();
+  const bottoms = new Map<number, number>();
+  for (const layer of layers) {
+    if (layer.kind !== 'bars' && layer.kind !== 'area' && layer.kind !== 'slices') continue;
+    const stacked = layer.element.modifier === stackModifier || layer.kind === 'slices';
+    for (const shape of layer.shapes) {
+      if (shape.y1 !== undefined) continue;
+      const reach = stacked ? (shape.y >= 0 ? tops : bottoms) : null;
+      shape.y1 = reach?.get(shape.x) ?? baseline;
+      shape.y2 = stacked ? shape.y1 + shape.y : shape.y;
+      reach?.set(shape.x, shape.y2);
+    }
+  }
+}
+
+/** Gives the shapes of each panel their room. */
+export function position(panels: Layer[][], x: Direction, baseline: number): void {
+  // One step for all, so that bars of all panels are equally wide.
+  const step = stepOf(panels.flat(), x);
+  for (const layers of panels) {
+    for (const layer of layers) placeAlongX(layer, x, step);
+    stackAlongY(layers, baseline);
+  }
+}

@@ -1,0 +1,209 @@
+/** Scales: from the values that are shown to the bounds and the form of a dimension. */
+import { scaleLinear, scaleLog, scalePow, scaleSymlog, tickIncrement } from 'd3';
+import type { Chart, Domain, Scale } from '../chart/model.js';
+import { pixels, type Length } from '../chart/markup.js';
+import { placeOf, type Direction } from './directions.js';
+import type { Layer, Shape } from './layers.js';
+
+export interface DrawnScale {
+  direction: Direction;
+  domain: [number, number];
+  method: Scale['method'];
+  /** The base of a logarithm or the exponent of a power. */
+  base: number;
+  inverted: boolean;
+  /** From 0 at the lower bound to 1 at the upper one. */
+  unit(value: number): number;
+  /** The other way round. */
+  value(unit: number): number;
+}
+
+/** What is shown along a direction, and whether it begins at a base line. */
+interface Reach {
+  low: number;
+  high: number;
+  lowestPositive: number;
+  baseline: boolean;
+  binned: boolean;
+  lines: boolean;
+}
+
+const roomAround = 0.04;
+const roomOfLines = 0.015;
+
+const usualBase: Record<Scale['method'], number> = {
+  linear: 1,
+  log: 10,
+  'symmetric log': 10,
+  power: 0.5,
+  'symmetric power': 0.5,
+};
+
+function alongX(shape: Shape): (number | undefined)[] {
+  return [shape.x1, shape.x2, shape.x];
+}
+
+function alongY(shape: Shape): (number | undefined)[] {
+  const { box } = shape;
+  if (box) return [box.box.lowest, box.box.highest, ...box.outliers.map((outlier) => outlier.value)];
+  if (shape.y1 !== undefined) return [shape.y1, shape.y2];
+  return shape.low !== undefined ? [shape.low, shape.high, shape.y] : [shape.y];
+}
+
+function reachOf(panels: Layer[][], direction: Direction, guides: number[]): Reach {
+  const reach: Reach = {
+    low: Infinity,
+    high: -Infinity,
+    lowestPositive: Infinity,
+    baseline: false,
+    binned: false,
+    lines: true,
+  };
+  const add = (value: number | undefined) => {
+    if (value === undefined || Number.isNaN(value)) return;
+    reach.low = Math.min(reach.low, value);
+    reach.high = Math.max(reach.high, value);
+    if (value > 0) reach.lowestPositive = Math.min(reach.lowestPositive, value);
+  };
+  const along = direction.name === 'x' ? alongX : alongY;
+  for (const layer of panels.flat()) {
+    for (const shape of layer.shapes) along(shape).forEach(add);
+    const standing = layer.kind === 'bars' || layer.kind === 'area';
+    if (direction.name === 'y' && standing && layer.element.y.length < 2) reach.baseline = true;
+    if (direction.name === 'y' && layer.element.density) reach.baseline = true;
+    if (direction.name === 'x' && layer.binned) reach.binned = true;
+    if (layer.kind !== 'line' && layer.kind !== 'area') reach.lines = false;
+  }
+  guides.forEach(add);
+  return reach;
+}
+
+function margin(length: Length | null, otherwise: number): number {
+  return length ? Math.max(0, length.unit === '%' ? length.value / 100 : pixels(length, 1) / 400) : otherwise;
+}
+
+function categoryDomain(direction: Direction): [number, number] {
+  const count = Math.max(1, direction.texts.length);
+  const { dimension } = direction;
+  return [
+    -0.5 - margin(dimension?.lowerMargin ?? null, 0) * count,
+    count - 0.5 + margin(dimension?.upperMargin ?? null, 0) * count,
+  ];
+}
+
+/** Bounds at whole steps of ticks. */
+function nice([low, high]: [number, number], atLow: boolean, atHigh: boolean): [number, number] {
+  const increment = tickIncrement(low, high, 8);
+  const step = increment < 0 ? -1 / increment : increment;
+  if (!Number.isFinite(step) || step === 0) return [low, high];
+  const floor = Math.floor(low / step + 1e-9) * step;
+  const ceiling = Math.ceil(high / step - 1e-9) * step;
+  return [atLow ? floor : low, atHigh ? ceiling : high];
+}
+
+function bound(domain: Domain | undefined, direction: Direction, which: 'minimum' | 'maximum'): number | null {
+  const text = domain?.[which];
+  return text ? placeOf(direction, text) : null;
+}
+
+function linearDomain(direction: Direction, reach: Reach, domain: Domain | undefined): [number, number] {
+  const minimum = bound(domain, direction, 'minimum');
+  const maximum = bound(domain, direction, 'maximum');
+  let low = minimum ?? reach.low;
+  let high = maximum ?? reach.high;
+  if (!(Number.isFinite(low) && Number.isFinite(high))) [low, high] = [minimum ?? 0, maximum ?? (minimum ?? 0) + 1];
+  if (low === high) [low, high] = low === 0 ? [0, 1] : [low - Math.abs(low) * 0.05, high + Math.abs(high) * 0.05];
+  const { dimension } = direction;
+  const usual = reach.lines && direction.name === 'x' ? roomOfLines : roomAround;
+  const span = high - low;
+  const standsAt = (value: number) => reach.baseline && value === 0;
+  const room = (length: Length | null, at: number) => margin(length, standsAt(at) ? 0 : usual) * span;
+  const bounds: [number, number] = [
+    minimum ?? low - room(dimension?.lowerMargin ?? null, low),
+    maximum ?? high + room(dimension?.upperMargin ?? null, high),
+  ];
+  const niceLow = minimum === null ? (dimension?.niceLower ?? false) : dimension?.niceLower === true && !domain?.exact;
+  const niceHigh = maximum === null ? (dimension?.niceUpper ?? false) : dimension?.niceUpper === true && !domain?.exact;
+  return direction.kind === 'date' ? bounds : nice(bounds, niceLow, niceHigh);
+}
+
+function logDomain(direction: Direction, reach: Reach, domain: Domain | undefined): [number, number] {
+  const minimum = bound(domain, direction, 'minimum');
+  const maximum = bound(domain, direction, 'maximum');
+  const low = minimum !== null && minimum > 0 ? minimum : reach.lowestPositive;
+  const high = maximum !== null && maximum > 0 ? maximum : reach.high;
+  if (!(Number.isFinite(low) && high > 0)) return [1, 10];
+  const room = Math.max(high / low, 1.1) ** roomAround;
+  return [minimum !== null && minimum > 0 ? low : low / room, maximum !== null && maximum > 0 ? high : high * room];
+}
+
+/** Makes the two functions of a scale. */
+export function withFunctions(scale: Omit<DrawnScale, 'unit' | 'value'>): DrawnScale {
+  const made =
+    scale.method === 'log'
+      ? scaleLog().base(scale.base)
+      : scale.method === 'symmetric log'
+        ? scaleSymlog()
+        : scale.method === 'linear'
+          ? scaleLinear()
+          : scalePow().exponent(scale.base);
+  const [low, high] = scale.domain;
+  made.domain(scale.inverted ? [high, low] : [low, high]);
+  return { ...scale, unit: (value) => made(value) as number, value: (unit) => made.invert(unit) as number };
+}
+
+export function scaleOf(
+  direction: Direction,
+  panels: Layer[][],
+  guides: number[],
+  chart: Chart,
+  notes: string[],
+): DrawnScale {
+  const settings = direction.dimension?.scale;
+  const domain = chart.domains.get(direction.dimension?.domain ?? '');
+  const reach = reachOf(panels, direction, guides);
+  let method = direction.kind === 'number' ? (settings?.method ?? 'linear') : 'linear';
+  if (method === 'log' && reach.low <= 0) {
+    if (!Number.isFinite(reach.lowestPositive)) method = 'linear';
+    if (!reach.baseline || method === 'linear') {
+      notes.push(`Values along ${direction.name} that are not above 0 have no place on its logarithmic scale.`);
+    }
+  }
+  const base = settings?.base && settings.base > 0 && settings.base !== 1 ? settings.base : usualBase[method];
+  const bounds =
+    direction.kind === 'category'
+      ? categoryDomain(direction)
+      : method === 'log'
+        ? logDomain(direction, reach, domain)
+        : linearDomain(direction, reach, domain);
+  return withFunctions({
+    direction,
+    domain: bounds[0] <= bounds[1] ? bounds : [bounds[1], bounds[0]],
+    method,
+    base,
+    inverted: settings?.invert ?? false,
+  });
+}
+
+/** The base line of bars and areas. */
+export function baselineOf(direction: Direction): number {
+  const origin = direction.dimension?.scale?.origin;
+  return (origin ? placeOf(direction, origin) : null) ?? 0;
+}
+
+/** Equal lengths of the units of x and y in an area of that size: the scale that has room to spare is widened. */
+export function equalUnits(
+  x: DrawnScale,
+  y: DrawnScale,
+  width: number,
+  height: number,
+): { x: DrawnScale; y: DrawnScale } {
+  const perPixel = (scale: DrawnScale, size: number) => (scale.domain[1] - scale.domain[0]) / size;
+  const wanted = Math.max(perPixel(x, width), perPixel(y, height));
+  const widened = (scale: DrawnScale, size: number) => {
+    const middle = (scale.domain[0] + scale.domain[1]) / 2;
+    const half = (wanted * size) / 2;
+    return withFunctions({ ...scale, domain: [middle - half, middle + half] });
+  };
+  return { x: widened(x, width), y: widened(y, height) };
+}

@@ -1,0 +1,234 @@
+/** Ticks of axes: where they stand, what they say, and how their labels find room. */
+import { ticks as linearTicks, tickStep, utcTicks } from 'd3';
+import { pixels } from '../chart/markup.js';
+import type { Format, Ticks } from '../chart/model.js';
+import { dateText, decimalsOf, mergeFormats, numberText } from '../data/format.js';
+import type { DrawnScale } from './scales.js';
+import { lineHeight, textWidth, widest, wrap, type TextLook } from './text.js';
+
+export interface Tick {
+  value: number;
+  text: string;
+}
+
+/** More would be no picture. */
+const mostTicks = 1_000;
+
+function steppedTicks(low: number, high: number, step: number, base: number): number[] {
+  const first = Math.ceil((low - base) / step - 1e-9);
+  const last = Math.min(first + mostTicks, Math.floor((high - base) / step + 1e-9));
+  return Array.from({ length: Math.max(0, last - first + 1) }, (_, at) => base + (first + at) * step);
+}
+
+/** Powers of the base; numbers between them where the powers are few. */
+function logTicks(low: number, high: number, base: number, wanted: number): number[] {
+  const power = (exponent: number) => (exponent < 0 ? 1 / base ** -exponent : base ** exponent);
+  const first = Math.ceil(Math.log(low) / Math.log(base) - 1e-9);
+  const last = Math.floor(Math.log(high) / Math.log(base) + 1e-9);
+  const every = Math.max(1, Math.ceil((last - first + 1) / Math.max(2, wanted)));
+  const powers: number[] = [];
+  for (let exponent = first; exponent <= last; exponent += every) powers.push(power(exponent));
+  if (powers.length >= 3) return powers;
+  if (base === 10) {
+    const between: number[] = [];
+    for (let exponent = first - 1; exponent <= last; exponent += 1) {
+      for (const factor of [1, 2, 5]) between.push(factor * power(exponent));
+    }
+    const shown = between.filter((value) => value >= low * 0.999999 && value <= high * 1.000001);
+    if (shown.length >= 3) return shown;
+  }
+  return linearTicks(low, high, Math.max(3, Math.min(6, wanted)));
+}
+
+function dateTicks(low: number, high: number, wanted: number): number[] {
+  const dates = utcTicks(new Date(low * 1000), new Date(high * 1000), Math.max(2, wanted));
+  return dates.map((date) => date.getTime() / 1000);
+}
+
+/** Shows as much of a date as ticks of that distance need. */
+function datePattern(values: number[]): string {
+  const least = values.reduce((step, value, at) => (at === 0 ? step : Math.min(step, value - values[at - 1]!)), Infinity);
+  const day = 86_400;
+  if (least >= 360 * day) return 'yyyy';
+  if (least >= 27 * day) return 'MMM yyyy';
+  if (least >= day) return 'd MMM yyyy';
+  return least >= 60 ? 'd MMM HH:mm' : 'HH:mm:ss';
+}
+
+/** What an axis says of the texts at its ticks, over what its variables say. */
+export function tickFormat(ticks: Ticks | null, scale: DrawnScale): Format | null {
+  return mergeFormats(ticks?.format, scale.direction.format);
+}
+
+function categoryTicks(scale: DrawnScale): Tick[] {
+  return scale.direction.texts.map((text, value) => ({ value, text }));
+}
+
+function numberTicks(values: number[], format: Format | null, language: string): Tick[] {
+  const step = values.length > 1 ? Math.abs(values[1]! - values[0]!) : 0;
+  const even = values.every((value, at) => at === 0 || Math.abs(value - values[at - 1]! - step) < step * 1e-6);
+  const decimals = even && step > 0 ? decimalsOf(step) : undefined;
+  return values.map((value) => {
+    const relabelled = format?.relabels.get(String(value));
+    return { value, text: relabelled ?? numberText(value, format, language, decimals) };
+  });
+}
+
+/** All ticks for `wanted` labels at most; the text of a date is by the chart's pattern. */
+export function ticksOf(scale: DrawnScale, settings: Ticks | null, wanted: number, language: string): Tick[] {
+  const format = tickFormat(settings, scale);
+  const [low, high] = scale.domain;
+  if (scale.direction.kind === 'category') return categoryTicks(scale);
+  const base = settings?.base && settings.base.unit !== '%' ? settings.base.value : 0;
+  const delta = settings?.delta;
+  if (scale.direction.kind === 'date') {
+    const values = delta && delta > 0 ? steppedTicks(low, high, delta, base || low) : dateTicks(low, high, wanted);
+    const pattern = format?.pattern ?? datePattern(values);
+    return values.map((value) => ({ value, text: dateText(value, pattern, language) }));
+  }
+  const stepped = delta && delta > 0 && (high - low) / delta <= mostTicks;
+  const values = stepped
+    ? steppedTicks(low, high, delta, base)
+    : scale.method === 'log'
+      ? logTicks(low, high, scale.base, wanted)
+      : linearTicks(low, high, Math.max(2, wanted));
+  return numberTicks(values, format, language);
+}
+
+/** Counts are whole: no ticks between them. */
+export function wholeOnly(ticks: Tick[]): Tick[] {
+  return ticks.filter(({ value }) => Number.isInteger(value));
+}
+
+/** How labels stand below an axis. */
+export interface TickLayout {
+  ticks: Tick[];
+  /** Lines of each label; an empty list shows the tick alone. */
+  lines: string[][];
+  /** In degrees, clockwise is positive. */
+  angle: number;
+  /** Every second label stands a line lower. */
+  stagger: boolean;
+  /** The room across the axis that the labels take, in pixels. */
+  depth: number;
+}
+
+const gapBetweenLabels = 8;
+
+function depthOf(lines: string[][], angle: number, look: TextLook, stagger: boolean): number {
+  const height = Math.max(1, ...lines.map((each) => each.length)) * lineHeight(look);
+  const width = widest(lines.flat(), look);
+  const radians = (Math.abs(angle) * Math.PI) / 180;
+  const across = Math.sin(radians) * width + Math.cos(radians) * height;
+  return across + (stagger ? height : 0);
+}
+
+/** Every n-th label, so that those that stay have room. */
+function thinned(lines: string[][], every: number): string[][] {
+  return lines.map((each, at) => (at % every === 0 ? each : []));
+}
+
+/** The least n for which every n-th label has room beside the next. */
+function everyFor(ticks: Tick[], scale: DrawnScale, length: number, need: (text: string) => number): number {
+  const places = ticks.map((tick) => scale.unit(tick.value) * length);
+  const fits = (every: number) => {
+    let previous = -Infinity;
+    for (let at = 0; at < ticks.length; at += every) {
+      const half = need(ticks[at]!.text) / 2;
+      const distance = Math.abs(places[at]! - previous);
+      if (Number.isFinite(previous) && distance < half + need(ticks[Math.max(0, at - every)]!.text) / 2 + gapBetweenLabels) {
+        return false;
+      }
+      previous = places[at]!;
+    }
+    return true;
+  };
+  let every = 1;
+  while (every < ticks.length && !fits(every)) every += 1;
+  return every;
+}
+
+/** Labels along the bottom or top: side by side, in lines, turned, or fewer of them, whichever comes first. */
+export function layoutAcross(
+  ticks: Tick[],
+  scale: DrawnScale,
+  length: number,
+  settings: Ticks | null,
+  look: TextLook,
+): TickLayout {
+  const frequency = Math.max(1, Math.round(settings?.frequency ?? 1));
+  const single = thinned(
+    ticks.map((tick) => [tick.text]),
+    frequency,
+  );
+  const done = (lines: string[][], angle: number, stagger: boolean): TickLayout => ({
+    ticks,
+    lines,
+    angle,
+    stagger,
+    depth: depthOf(lines, angle, look, stagger),
+  });
+  const stagger = settings?.stagger ?? false;
+  const height = lineHeight(look);
+  const asked = settings?.angle ?? 0;
+  if (asked % 180 !== 0) {
+    const every = everyFor(ticks, scale, length, () => height / Math.abs(Math.sin((asked * Math.PI) / 180)));
+    return done(thinned(single, Math.max(frequency, every)), asked, stagger);
+  }
+  const needed = everyFor(ticks, scale, length * (stagger ? 2 : 1), (text) => textWidth(text, look));
+  if (needed <= frequency) return done(single, 0, stagger);
+  if (scale.direction.kind !== 'category') return done(thinned(single, needed), 0, stagger);
+  const [first = 0, second = first + 1] = ticks.map((tick) => scale.unit(tick.value) * length);
+  const room = Math.abs(second - first) - gapBetweenLabels;
+  const wrapped = ticks.map((tick) => wrap(tick.text, Math.max(room, 1), look));
+  const whole = ticks.every((tick) => tick.text.split(/\s+/).every((word) => textWidth(word, look) <= room));
+  if (whole && wrapped.every((lines) => lines.length <= 3)) return done(wrapped, 0, false);
+  const angle = room + gapBetweenLabels >= height * 1.5 ? -45 : -90;
+  const every = everyFor(ticks, scale, length, () => (angle === -90 ? height - gapBetweenLabels : height * 1.2 - gapBetweenLabels));
+  return done(thinned(single, Math.max(frequency, every)), angle, false);
+}
+
+/** Labels beside an upright axis. */
+export function layoutUpright(
+  ticks: Tick[],
+  scale: DrawnScale,
+  length: number,
+  settings: Ticks | null,
+  look: TextLook,
+  mostWidth: number,
+): TickLayout {
+  const frequency = Math.max(1, Math.round(settings?.frequency ?? 1));
+  const height = lineHeight(look);
+  const lines = ticks.map((tick) => wrap(tick.text, mostWidth, look).slice(0, 3));
+  const tallest = Math.max(1, ...lines.map((each) => each.length)) * height;
+  const every = everyFor(ticks, scale, length, () => tallest - gapBetweenLabels + 2);
+  const angle = settings?.angle ?? 0;
+  const radians = (Math.abs(angle) * Math.PI) / 180;
+  const depth = Math.cos(radians) * widest(lines.flat(), look) + Math.sin(radians) * height;
+  return { ticks, lines: thinned(lines, Math.max(frequency, every)), angle, stagger: false, depth };
+}
+
+/** How many labels have room along an axis of numbers or dates. */
+export function wantedTicks(
+  scale: DrawnScale,
+  settings: Ticks | null,
+  length: number,
+  upright: boolean,
+  look: TextLook,
+  language: string,
+): number {
+  if (upright) return Math.max(2, Math.min(9, Math.round(length / (lineHeight(look) * 2.6))));
+  const sample = ticksOf(scale, settings, 5, language).map((tick) => tick.text);
+  const least = scale.direction.kind === 'date' ? 20 : 40;
+  return Math.max(2, Math.min(10, Math.floor(length / (widest(sample, look) + least))));
+}
+
+/** Bars of counts need no ticks between whole numbers. */
+export const isWhole = (values: number[]) => values.every((value) => Number.isInteger(value));
+
+/** The length of a tick in pixels. */
+export function tickLength(settings: Ticks | null): number {
+  return settings?.length ? Math.max(0, pixels(settings.length, 10)) : 5;
+}
+
+export { tickStep };
