@@ -1,4 +1,14 @@
+import { readChart } from '../chart/read.js';
+import type { Chart } from '../chart/model.js';
+import { Data } from '../data/columns.js';
 import type { Received } from '../received.js';
+import { compose } from './compose.js';
+import { frameTexts } from './frames.js';
+import { compileGraph, type CompiledGraph } from './graph.js';
+import { ownTexts } from './looks.js';
+import { hashOf, Maker } from './svg.js';
+import { dataTable } from './table.js';
+import { wrap } from './text.js';
 
 /** A chart as a picture, and what a reader gets beside it. */
 export interface Drawn {
@@ -25,28 +35,75 @@ export interface DrawOptions {
   parseXml: (text: string) => Document;
 }
 
-const svgNamespace = 'http://www.w3.org/2000/svg';
+
+function titleOf(chart: Chart, data: Data, received: Received): string {
+  const titles = frameTexts(chart, data, []).filter(({ role }) => role === 'title1' || role === 'title2');
+  const title = titles.map(({ text }) => text.replace(/\s+/g, ' ')).join(' ');
+  return title || received.description || chart.description || chart.name || 'Chart';
+}
+
+function rootOf(maker: Maker, width: number, height: number, title: string, description: string): SVGSVGElement {
+  const titled = maker.make('title', {}, [title]);
+  const described = description === '' ? [] : [maker.make('desc', {}, [description])];
+  return maker.make(
+    'svg',
+    {
+      xmlns: 'http://www.w3.org/2000/svg',
+      width,
+      height,
+      viewBox: `0 0 ${width} ${height}`,
+      role: 'graphics-document',
+      'aria-roledescription': 'chart',
+      'aria-label': title,
+    },
+    [titled, ...described],
+  ) as unknown as SVGSVGElement;
+}
+
+/** A page that says why there is no chart. */
+function drawFailure(reason: string, received: Received, maker: Maker): Drawn {
+  const [width, height] = [625, 200];
+  const title = received.description || 'Chart';
+  const svg = rootOf(maker, width, height, title, reason);
+  svg.append(
+    maker.make('rect', { width, height, fill: '#ffffff' }),
+    maker.text(wrap(title, width - 24, ownTexts.title), 12, 30, ownTexts.title),
+    maker.text(wrap(reason, width - 24, ownTexts.subtitle), 12, 80, ownTexts.subtitle),
+  );
+  return { svg, width, height, title, notes: [reason], dataTable: { header: [], rows: [] } };
+}
+
+/** Graphs that cannot be compiled leave the others as they are. */
+function compileAll(chart: Chart, data: Data, notes: string[]): CompiledGraph[] {
+  return chart.graphs.flatMap((graph) => {
+    try {
+      return [compileGraph(graph, chart, data, notes)];
+    } catch (error) {
+      notes.push(`A graph cannot be drawn: ${error instanceof Error ? error.message : String(error)}.`);
+      return [];
+    }
+  });
+}
 
 /** Draws the chart of a send. Never throws for what came over the wire: what it cannot draw is in `notes`. */
 export function draw(received: Received, options: DrawOptions): Drawn {
-  const { document } = options;
-  const width = 640;
-  const height = 400;
-  const svg = document.createElementNS(svgNamespace, 'svg') as SVGSVGElement;
-  svg.setAttribute('xmlns', svgNamespace);
-  svg.setAttribute('viewBox', `0 0 ${width} ${height}`);
-  const title = received.description || 'Chart';
-  const text = document.createElementNS(svgNamespace, 'text');
-  text.setAttribute('x', '20');
-  text.setAttribute('y', '40');
-  text.textContent = title;
-  svg.append(text);
-  return {
-    svg,
-    width,
-    height,
-    title,
-    notes: ['No element of this chart can be drawn.'],
-    dataTable: { header: [], rows: [] },
-  };
+  const text = received.chartText;
+  const maker = new Maker(options.document, `k${hashOf(text ?? '')}`);
+  if (text === null) return drawFailure('There is no chart text to draw.', received, maker);
+  try {
+    const { chart, notes } = readChart(text, options.parseXml);
+    const data = new Data(chart, received, notes);
+    const graphs = compileAll(chart, data, notes);
+    if (graphs.every((compiled) => compiled.panels.every((layers) => layers.length === 0))) {
+      notes.push('There is nothing to draw.');
+    }
+    const title = titleOf(chart, data, received);
+    const table = dataTable(graphs, data);
+    const { parts, width, height } = compose(chart, data, graphs, notes, maker);
+    const svg = rootOf(maker, width, height, title, received.description || chart.description);
+    svg.append(...parts);
+    return { svg, width, height, title, notes: [...new Set(notes)], dataTable: table };
+  } catch (error) {
+    return drawFailure(`The chart cannot be drawn: ${error instanceof Error ? error.message : String(error)}.`, received, maker);
+  }
 }

@@ -1,0 +1,227 @@
+/** Puts the parts of a page together: titles, graphs, legends, footnotes, and what has to be said below. */
+import type { Chart, Legend, Location } from '../chart/model.js';
+import type { Data } from '../data/columns.js';
+import { none, safeColor } from './colors.js';
+import { drawBox, drawFrame, frameTexts, layFrame, type LaidFrame } from './frames.js';
+import { drawGraph, type CompiledGraph } from './graph.js';
+import { drawLegend, layLegend, type LaidLegend } from './legends.js';
+import { ownTexts } from './looks.js';
+import { pageSize, Places, rectangle, type Rectangle } from './page.js';
+import { Patterns } from './patterns.js';
+import type { Maker } from './svg.js';
+import { lineHeight, textWidth, wrap } from './text.js';
+
+type Side = 'left' | 'right' | 'top' | 'bottom' | 'free';
+
+interface PlacedLegend {
+  laid: LaidLegend;
+  side: Side;
+  box: Rectangle;
+}
+
+/** What goes on the page beside the graphs, and the room that is left for them. */
+interface PageLayout {
+  width: number;
+  height: number;
+  frames: LaidFrame[];
+  legends: PlacedLegend[];
+  /** Of each graph. */
+  graphs: Rectangle[];
+}
+
+const gapBesideLegend = 14;
+
+function sideOf(legend: Legend, chart: Chart): Side {
+  const find = (part: Location['part']) => legend.locations.find((location) => location.part === part);
+  const isGraph = (id: string) => chart.graphs.some((graph) => graph.id === id);
+  const atPercent = (location: Location | undefined, percent: number) =>
+    location?.method === 'value' && location.value?.unit === '%' && location.value.value === percent;
+  if (find('bottom')?.method === 'target' && isGraph(find('bottom')!.target)) return 'top';
+  if (find('top')?.method === 'target' && isGraph(find('top')!.target)) return 'bottom';
+  if (find('left')?.method === 'value' && find('top')?.method === 'value' && !atPercent(find('left'), 0)) return 'free';
+  if (atPercent(find('left'), 0)) return 'left';
+  if (atPercent(find('bottom'), 100) && !find('top')) return 'bottom';
+  return atPercent(find('top'), 0) ? 'top' : 'right';
+}
+
+const isAbove = (role: string) => /^(title|subtitle)/.test(role);
+const isBelow = (role: string) => /^(footnote|statisticsSummary)/.test(role);
+
+/** Frames with a place of their own; texts that need more than that push what is below, or above. */
+function layFrames(chart: Chart, data: Data, places: Places, page: Rectangle, notes: string[]) {
+  const texts = frameTexts(chart, data, notes).filter(({ text, frame }) => text !== '' || frame.locations.length > 0);
+  const laid = texts.map((text) => layFrame(text, rectangle(places.edges(text.frame.id), page)));
+  const unplaced = (frame: LaidFrame) => frame.frame.locations.length === 0;
+  let pushedDown = 0;
+  let top = 0;
+  for (const frame of laid.filter(({ role }) => isAbove(role)).sort((a, b) => a.box.top - b.box.top)) {
+    if (unplaced(frame)) frame.box = { ...page, top, height: frame.needed };
+    else frame.box.top += pushedDown;
+    const missing = Math.max(0, frame.needed - frame.box.height);
+    pushedDown += unplaced(frame) ? 0 : missing;
+    frame.box.height += missing;
+    top = frame.box.top + frame.box.height;
+  }
+  let pushedUp = 0;
+  let bottom = page.height;
+  for (const frame of laid.filter(({ role }) => isBelow(role)).sort((a, b) => b.box.top - a.box.top)) {
+    if (unplaced(frame)) frame.box = { ...page, top: bottom - frame.needed, height: frame.needed };
+    else frame.box.top -= pushedUp;
+    const missing = Math.max(0, frame.needed - frame.box.height);
+    pushedUp += unplaced(frame) ? 0 : missing;
+    frame.box = { ...frame.box, top: frame.box.top - missing, height: frame.box.height + missing };
+    bottom = frame.box.top;
+  }
+  return { laid, top, bottom };
+}
+
+function placeLegends(legends: { laid: LaidLegend; side: Side }[], graph: Rectangle, places: Places): PlacedLegend[] {
+  const next: Partial<Record<Side, number>> = {};
+  return legends.map(({ laid, side }) => {
+    const used = next[side] ?? 0;
+    const { width, height } = laid;
+    const middle = graph.left + (graph.width - width) / 2;
+    const box: Record<Side, Rectangle> = {
+      right: { left: graph.left + graph.width - width, top: graph.top + used, width, height },
+      left: { left: graph.left, top: graph.top + used, width, height },
+      top: { left: middle, top: graph.top + used, width, height },
+      bottom: { left: middle, top: graph.top + graph.height - height - used, width, height },
+      free: { ...rectangle(places.edges(laid.legend.id), graph), width, height },
+    };
+    next[side] = used + height + 8;
+    return { laid, side, box: box[side] };
+  });
+}
+
+/** The room of the graph without that of the legends beside it. */
+function without(graph: Rectangle, legends: PlacedLegend[]): Rectangle {
+  const reach = (side: Side, extent: 'width' | 'height') => {
+    const own = legends.filter((legend) => legend.side === side);
+    if (own.length === 0) return 0;
+    const stacked = side === 'top' || side === 'bottom';
+    const sizes = own.map((legend) => legend.box[extent]);
+    return (stacked ? sizes.reduce((sum, size) => sum + size + 4, 0) : Math.max(...sizes)) + (stacked ? 2 : gapBesideLegend);
+  };
+  const [left, right] = [reach('left', 'width'), reach('right', 'width')];
+  const [top, bottom] = [reach('top', 'height'), reach('bottom', 'height')];
+  return {
+    left: graph.left + left,
+    top: graph.top + top,
+    width: Math.max(60, graph.width - left - right),
+    height: Math.max(60, graph.height - top - bottom),
+  };
+}
+
+/** Graphs without places of their own share the page, one below the other. */
+function graphRooms(chart: Chart, places: Places, free: Rectangle): Rectangle[] {
+  const count = Math.max(1, chart.graphs.length);
+  const overlapping = chart.graphs.filter((graph) => {
+    const edges = places.edges(graph.id);
+    return edges.left === undefined && edges.right === undefined;
+  });
+  return chart.graphs.map((graph, at) => {
+    const edges = places.edges(graph.id);
+    if (count > 1 && overlapping.length === count) {
+      return { ...free, top: free.top + (at * free.height) / count, height: free.height / count };
+    }
+    const given = rectangle(edges, free);
+    const top = Math.max(given.top, free.top);
+    const bottom = Math.min(given.top + given.height, free.top + free.height);
+    return { ...given, top, height: Math.max(60, bottom - top) };
+  });
+}
+
+const pageMargin = 6;
+
+function layPage(chart: Chart, data: Data, graphs: CompiledGraph[], notes: string[]): PageLayout {
+  const { width, height } = pageSize(chart);
+  const page: Rectangle = { left: 0, top: 0, width, height };
+  const located = [...chart.frames, ...chart.graphs, ...chart.legends].filter((part) => part.id !== '');
+  const places = new Places(new Map(located.map((part) => [part.id, part.locations])), page);
+  const { laid: frames, top, bottom } = layFrames(chart, data, places, page, notes);
+  const free = { left: 0, top: top + (top > 0 ? 6 : pageMargin), width, height: 0 };
+  free.height = Math.max(80, bottom - free.top - (bottom < height ? 2 : pageMargin));
+  const rooms = graphRooms(chart, places, free);
+  const scope = { chart, data, cluster: graphs[0]?.x.cluster ?? null, notes };
+  const laidLegends = chart.legends.flatMap((legend) => {
+    const side = sideOf(legend, chart);
+    const laid = layLegend(legend, scope, side === 'top' || side === 'bottom');
+    return laid ? [{ laid, side }] : [];
+  });
+  const [first] = rooms;
+  const margins = first && { ...first, left: first.left + pageMargin, width: first.width - 2 * pageMargin };
+  const legends = margins ? placeLegends(laidLegends, margins, places) : [];
+  if (first) rooms[0] = without(first, legends);
+  return { width, height, frames, legends, graphs: rooms };
+}
+
+/** Lines that a legend does not explain are named at their ends. */
+function nameLines(compiled: CompiledGraph, chart: Chart): { text: string; color: string; y: number }[] {
+  const explained = new Set(chart.legends.flatMap((legend) => legend.targets));
+  if (compiled.grid.panels.length !== 1 || compiled.orientation.transposed) return [];
+  return (compiled.panels[0] ?? []).flatMap((layer) => {
+    const { element } = layer;
+    if (layer.kind !== 'line' || element.name === '' || explained.has(element.id) || layer.group.categories.length > 0) return [];
+    const shown = layer.shapes.filter((shape) => !Number.isNaN(shape.y));
+    const last = shown[shown.length - 1];
+    return last ? [{ text: element.name, color: layer.look.stroke, y: last.y }] : [];
+  });
+}
+
+/** What the chart shows is told below it, where a reader could not know it. */
+export function captionsOf(graphs: CompiledGraph[]): string[] {
+  const elements = graphs.flatMap((compiled) => compiled.panels.flat());
+  const captions: string[] = [];
+  if (elements.some((layer) => layer.kind === 'errors')) {
+    captions.push('Error bars show the 95% confidence interval of the mean.');
+  }
+  return captions;
+}
+
+const mostNotes = 6;
+
+function drawNotes(texts: string[], width: number, top: number, maker: Maker): { group: SVGElement | null; height: number } {
+  if (texts.length === 0) return { group: null, height: 0 };
+  const shown = texts.length > mostNotes ? [...texts.slice(0, mostNotes), `And ${texts.length - mostNotes} more notes.`] : texts;
+  const look = ownTexts.note;
+  const lines = shown.flatMap((text) => wrap(text, width - 2 * pageMargin, look));
+  const group = maker.group('Notes', 'note');
+  group.append(maker.text(lines, pageMargin, top + look.size, look));
+  return { group, height: lines.length * lineHeight(look) + 8 };
+}
+
+export interface Composed {
+  parts: SVGElement[];
+  width: number;
+  height: number;
+}
+
+export function compose(chart: Chart, data: Data, graphs: CompiledGraph[], notes: string[], maker: Maker): Composed {
+  const layout = layPage(chart, data, graphs, notes);
+  const pageColor = safeColor(chart.pageStyle.color) ?? '#ffffff';
+  const patterns = new Patterns(maker, pageColor === none ? '#ffffff' : pageColor);
+  const drawn = graphs.map((compiled, at) => {
+    const named = nameLines(compiled, chart);
+    const look = { ...ownTexts.guideLabel, size: 12, weight: 'bold' };
+    const room = named.length > 0 ? Math.max(...named.map(({ text }) => textWidth(text, look))) + 14 : 0;
+    const scope = { patterns, maker, paper: pageColor, clipPrefix: `${maker.prefix}-clip-${at}`, lineNames: named };
+    return drawGraph(compiled, layout.graphs[at]!, room, scope);
+  });
+  const legends = layout.legends.map(({ laid, box }) => drawLegend(laid, box.left, box.top, patterns, maker));
+  const frames = layout.frames.map((frame) => drawFrame(frame, maker));
+  const below = drawNotes([...captionsOf(graphs), ...new Set(notes)], layout.width, layout.height, maker);
+  const height = Math.ceil(layout.height + below.height);
+  const page = maker.make('rect', { width: layout.width, height, fill: pageColor, 'aria-hidden': 'true' });
+  const outline = drawBox({ ...chart.pageStyle, color: none }, { left: 0, top: 0, width: layout.width, height }, maker);
+  const definitions = patterns.definitions();
+  const parts = [
+    page,
+    ...outline,
+    ...(definitions.length > 0 ? [maker.make('defs', {}, definitions)] : []),
+    ...frames,
+    ...drawn,
+    ...legends,
+    ...(below.group ? [below.group] : []),
+  ];
+  return { parts, width: layout.width, height };
+}

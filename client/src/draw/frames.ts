@@ -1,0 +1,124 @@
+/** Label frames: titles, footnotes, summaries of statistics, and boxes around the page. */
+import { pixels } from '../chart/markup.js';
+import type { Chart, Label, LabelFrame, Style } from '../chart/model.js';
+import { mergeFormats, numberText } from '../data/format.js';
+import { describe } from '../statistics/summary.js';
+import type { Data } from '../data/columns.js';
+import { none, safeColor } from './colors.js';
+import { ownTexts } from './looks.js';
+import type { Rectangle } from './page.js';
+import type { Maker } from './svg.js';
+import { lineHeight, textLook, wrap, type TextLook } from './text.js';
+
+export interface FrameText {
+  frame: LabelFrame;
+  role: string;
+  look: TextLook;
+  text: string;
+}
+
+const purposes = ['', 'title1', 'title2', 'subtitle', 'footnote1', 'footnote2', 'footnote3'];
+
+/** What part of the chart a frame is: title1, subtitle, footnote1 and so on; empty where it is none of them. */
+export function roleOf(frame: LabelFrame, chart: Chart): string {
+  for (const [role, id] of chart.parts) if (id === frame.id && id !== '') return role;
+  return purposes[frame.label?.purpose ?? 0] ?? '';
+}
+
+function ownLookOf(role: string): TextLook {
+  if (role === 'title1') return ownTexts.title;
+  if (role === 'title2') return ownTexts.title2;
+  if (role === 'subtitle') return ownTexts.subtitle;
+  if (role.startsWith('footnote')) return ownTexts.footnote;
+  return role.startsWith('statisticsSummary') ? ownTexts.summary : ownTexts.otherLabel;
+}
+
+/** The figures of a description by their numbers. */
+const figures: Record<number, (sample: ReturnType<typeof describe>) => number> = {
+  5: (sample) => sample.mean,
+  6: (sample) => sample.count,
+  7: (sample) => sample.deviation,
+};
+
+function figureText(label: Label, at: number, chart: Chart, data: Data, notes: string[]): string {
+  const piece = label.pieces[at]!;
+  if (piece.kind === 'text') return piece.text;
+  const element = chart.graphs.flatMap((graph) => graph.elements).find((each) => each.id === piece.target);
+  const values = element && data.values((element.y[0] ?? element.x[0]) as string);
+  const figure = figures[piece.figure];
+  if (!values || !figure) {
+    notes.push(figure ? `There is no ${piece.target} for a figure of a label.` : `The figure ${piece.figure} of a label is not known.`);
+    return '\u2013';
+  }
+  const sample = describe({ values: values.numbers, weights: data.weights(values.source) });
+  return numberText(figure(sample), mergeFormats(piece.format, null), chart.language, 2);
+}
+
+/** The frames with their texts; figures are computed here. */
+export function frameTexts(chart: Chart, data: Data, notes: string[]): FrameText[] {
+  return chart.frames.map((frame) => {
+    const role = roleOf(frame, chart);
+    const label = frame.label;
+    const text = label?.pieces.map((_, at) => figureText(label, at, chart, data, notes)).join('') ?? '';
+    const own = ownLookOf(role);
+    return { frame, role, look: textLook(label?.style ?? {}, own), text: text.replace(/\r/g, '').trim() };
+  });
+}
+
+const usualPadding = 4;
+
+export function paddingOf(style: Style): { top: number; right: number; bottom: number; left: number } {
+  const all = style.padding ? pixels(style.padding, 100) : usualPadding;
+  const side = (length: Style['padding']) => (length ? pixels(length, 100) : all);
+  return {
+    top: side(style.paddingTop),
+    right: side(style.paddingRight),
+    bottom: side(style.paddingBottom),
+    left: side(style.paddingLeft),
+  };
+}
+
+/** The background and the outline of a box. */
+export function drawBox(style: Style, box: Rectangle, maker: Maker): SVGElement[] {
+  const fill = safeColor(style.color) ?? none;
+  const stroke = safeColor(style.color2) ?? none;
+  if (style.visible === false || (fill === none && stroke === none)) return [];
+  return [
+    maker.make('rect', {
+      x: box.left,
+      y: box.top,
+      width: box.width,
+      height: box.height,
+      fill,
+      stroke,
+      'stroke-width': stroke === none ? null : style.strokeWidth ? pixels(style.strokeWidth, 1) : 1,
+      'stroke-dasharray': style.dashes?.length ? style.dashes.map((dash) => pixels(dash, 1)).join(' ') : null,
+      'aria-hidden': 'true',
+    }),
+  ];
+}
+
+export interface LaidFrame extends FrameText {
+  box: Rectangle;
+  lines: string[];
+  /** The height that the text needs. */
+  needed: number;
+}
+
+export function layFrame(text: FrameText, box: Rectangle): LaidFrame {
+  const padding = paddingOf(text.frame.style);
+  const lines = text.text === '' ? [] : wrap(text.text, Math.max(20, box.width - padding.left - padding.right), text.look);
+  const needed = lines.length === 0 ? 0 : lines.length * lineHeight(text.look) + padding.top + Math.min(padding.bottom, 4);
+  return { ...text, box, lines, needed };
+}
+
+export function drawFrame(laid: LaidFrame, maker: Maker): SVGElement {
+  const { box, look, lines, frame } = laid;
+  const group = maker.make('g', {});
+  group.append(...drawBox(frame.style, box, maker));
+  if (lines.length === 0 || frame.label?.style.visible === false || frame.style.visible === false) return group;
+  const padding = paddingOf(frame.style);
+  const x = { start: box.left + padding.left, middle: box.left + box.width / 2, end: box.left + box.width - padding.right };
+  group.append(maker.text(lines, x[look.align], box.top + padding.top + look.size * 0.9, look));
+  return group;
+}

@@ -1,0 +1,355 @@
+/** Draws a graph: its panels with their axes and headers, in a rectangle of the page. */
+import type { Axis, Graph } from '../chart/model.js';
+import { pixels } from '../chart/markup.js';
+import { drawAxisTitle, drawTicks, isUpright, labelLookOf, layoutAxis, type AxisPlace, type DrawnAxis } from './axes.js';
+import { none, safeColor } from './colors.js';
+import { compile, type Scope } from './compile.js';
+import { directionOf, type Direction } from './directions.js';
+import { guidesOf, type DrawnGuide } from './guides.js';
+import { drawColumnHeaders, drawRowHeaders, headersOf, type Headers } from './headers.js';
+import type { Layer } from './layers.js';
+import { ownTexts } from './looks.js';
+import { isReflected, orientationOf, type Orientation } from './orientation.js';
+import type { Rectangle } from './page.js';
+import { panelGrid, type Panel, type PanelGrid } from './panels.js';
+import type { Patterns } from './patterns.js';
+import { drawPanel, type GridLines } from './plot.js';
+import { position } from './positions.js';
+import { baselineOf, equalUnits, scaleOf, withFunctions, type DrawnScale } from './scales.js';
+import type { Maker } from './svg.js';
+import { ticksOf, wantedTicks, wholeOnly, type Tick } from './ticks.js';
+import type { Data } from '../data/columns.js';
+import type { Chart } from '../chart/model.js';
+
+export interface CompiledGraph {
+  graph: Graph;
+  chart: Chart;
+  grid: PanelGrid;
+  x: Direction;
+  y: Direction;
+  orientation: Orientation;
+  panels: Layer[][];
+  scales: { x: DrawnScale; y: DrawnScale };
+  guides: DrawnGuide[];
+  /** Along y there are numbers of cases. */
+  counts: boolean;
+  notes: string[];
+}
+
+const countMethods = new Set([10, 11]);
+
+/** Everything of a graph that does not depend on its size. */
+export function compileGraph(graph: Graph, chart: Chart, data: Data, notes: string[]): CompiledGraph {
+  const orientation = orientationOf(graph.coordinates[0], notes);
+  const grid = panelGrid(graph, chart, data, notes);
+  const x = directionOf('x', graph, chart, data, notes);
+  const y = directionOf('y', graph, chart, data, notes);
+  if (graph.coordinates.length > 1) notes.push('Elements are drawn in the first coordinates of their graph.');
+  if (orientation.view || graph.elements.some((element) => element.z.length > 0)) {
+    notes.push('The chart is one in three dimensions: it is drawn flat, by x and y alone.');
+  }
+  const scope: Scope = { chart, graph, data, grid, x, y, polar: orientation.polar, notes };
+  const panels = compile(scope);
+  if (orientation.polar && panels.flat().some((layer) => layer.kind !== 'slices')) {
+    notes.push('Of polar coordinates only pies are drawn; the rest stands in straight ones.');
+  }
+  position(panels, x, baselineOf(y));
+  const guides = guidesOf(graph.guides, x, y, notes);
+  const places = (name: 'x' | 'y') => guides.flatMap(({ at }) => (at?.direction === name ? [at.place] : []));
+  const scales = {
+    x: scaleOf(x, panels, places('x'), chart, notes),
+    y: dotted(panels, y) ?? scaleOf(y, panels, places('y'), chart, notes),
+  };
+  const counts = y.values.length === 0 && graph.elements.every((each) => countMethods.has(each.summary ?? 10));
+  return { graph, chart, grid, x, y, orientation, panels, scales, guides, counts, notes };
+}
+
+/** Dots that pile up have their own scale, from the bottom to the top. */
+function dotted(panels: Layer[][], y: Direction): DrawnScale | null {
+  if (y.values.length > 0 || !panels.flat().some((layer) => layer.kind === 'dots')) return null;
+  return withFunctions({ direction: y, domain: [0, 1], method: 'linear', base: 1, inverted: false });
+}
+
+interface Layout {
+  axes: DrawnAxis[];
+  columnHeaders: Headers;
+  rowHeaders: Headers;
+  rooms: Record<AxisPlace, number>;
+  width: number;
+  height: number;
+  columnStarts: number[];
+  rowStarts: number[];
+  scales: { x: DrawnScale; y: DrawnScale };
+}
+
+const defaultGap = 0.05;
+const edgeRoom = 10;
+
+function placeOfAxis(axis: Axis, name: 'x' | 'y', transposed: boolean): AxisPlace {
+  const upright = (name === 'y') !== transposed;
+  if (upright) return axis.opposite ? 'right' : 'left';
+  return axis.opposite ? 'top' : 'bottom';
+}
+
+/** The second axis as shares of all that the bars show, in percent. */
+function derivedScale(compiled: CompiledGraph, scale: DrawnScale): DrawnScale {
+  const bars = compiled.panels.flat().filter((layer) => layer.kind === 'bars');
+  const total = bars.reduce((sum, layer) => sum + layer.shapes.reduce((part, shape) => part + shape.y, 0), 0);
+  if (!(total > 0)) {
+    compiled.notes.push('A derived axis shows shares of all that bars show; here it repeats the first axis.');
+    return scale;
+  }
+  const [low, high] = scale.domain;
+  const direction = { ...scale.direction, format: null };
+  return withFunctions({ ...scale, direction, domain: [(100 * low) / total, (100 * high) / total] });
+}
+
+function ticksFor(compiled: CompiledGraph, axis: Axis, scale: DrawnScale, length: number, upright: boolean): Tick[] {
+  const { language } = compiled.chart;
+  const wanted = wantedTicks(scale, axis.ticks, length, upright, labelLookOf(axis), language);
+  const ticks = ticksOf(scale, axis.ticks, wanted, language);
+  return compiled.counts && scale.direction.name === 'y' && !axis.derived ? wholeOnly(ticks) : ticks;
+}
+
+function axesOf(compiled: CompiledGraph, scales: Layout['scales'], width: number, height: number, whole: Rectangle): DrawnAxis[] {
+  if (compiled.orientation.polar) return [];
+  const { transposed } = compiled.orientation;
+  return (['x', 'y'] as const).flatMap((name) =>
+    (compiled[name].dimension?.axes ?? []).map((axis): DrawnAxis => {
+      const place = placeOfAxis(axis, name, transposed);
+      const upright = isUpright(place);
+      const length = upright ? height : width;
+      const scale = axis.derived ? derivedScale(compiled, scales[name]) : scales[name];
+      const ticks = axis.ticks ? ticksFor(compiled, axis, scale, length, upright) : [];
+      return layoutAxis(axis, scale, place, ticks, length, upright ? whole.height : whole.width, whole.width * 0.3);
+    }),
+  );
+}
+
+function gapsOf(compiled: CompiledGraph, side: 'columns' | 'rows', size: number): number {
+  const [variable] = compiled.grid[side].variables;
+  const level = compiled.graph.layout?.levels.find((each) => each.level === (variable?.level ?? 1));
+  return level?.gap ? pixels(level.gap, size) : size * defaultGap;
+}
+
+function countsOf(grid: PanelGrid): { columns: number; rows: number } {
+  return {
+    columns: grid.columns.strips.length * Math.max(1, grid.blended.columns.length),
+    rows: grid.rows.strips.length * Math.max(1, grid.blended.rows.length),
+  };
+}
+
+/** One panel less its gap; a chart with an aspect keeps it. */
+function panelSize(compiled: CompiledGraph, whole: Rectangle, rooms: Layout['rooms']) {
+  const counts = countsOf(compiled.grid);
+  const across = Math.max(30, whole.width - rooms.left - rooms.right);
+  const upright = Math.max(30, whole.height - rooms.top - rooms.bottom);
+  const gapX = counts.columns > 1 ? gapsOf(compiled, 'columns', across / counts.columns) : 0;
+  const gapY = counts.rows > 1 ? gapsOf(compiled, 'rows', upright / counts.rows) : 0;
+  let width = Math.max(8, (across - gapX * (counts.columns - 1)) / counts.columns);
+  let height = Math.max(8, (upright - gapY * (counts.rows - 1)) / counts.rows);
+  const aspect = compiled.graph.layout?.aspect;
+  if (aspect && aspect > 0) {
+    if (width / height > aspect) width = height * aspect;
+    else height = width / aspect;
+  }
+  return { width, height, gapX, gapY };
+}
+
+function roomsOf(axes: DrawnAxis[], columnHeaders: Headers, rowHeaders: Headers, named: number): Layout['rooms'] {
+  const room = (place: AxisPlace) => axes.filter((axis) => axis.place === place).reduce((sum, axis) => sum + axis.room, 0);
+  const sideways = axes.filter((axis) => !isUpright(axis.place) && axis.layout.angle === 0);
+  const overhang = sideways.length > 0 ? edgeRoom + 4 : edgeRoom;
+  return {
+    left: Math.max(room('left'), edgeRoom) + 2,
+    right: Math.max(room('right') + rowHeaders.room, overhang, named),
+    top: Math.max(room('top') + columnHeaders.room, edgeRoom),
+    bottom: Math.max(room('bottom'), edgeRoom),
+  };
+}
+
+function layoutOf(compiled: CompiledGraph, whole: Rectangle, named: number): Layout {
+  const columnHeaders = headersOf(compiled.grid.columns, compiled.grid.blended.columns, compiled.graph);
+  const rowHeaders = headersOf(compiled.grid.rows, compiled.grid.blended.rows, compiled.graph);
+  let rooms: Layout['rooms'] = { left: 60, right: 15, top: 10 + columnHeaders.room, bottom: 50 };
+  let { scales } = compiled;
+  let axes: DrawnAxis[] = [];
+  // Labels need to know how long axes are, which need to know how much room labels take.
+  for (let pass = 0; pass < 3; pass += 1) {
+    const { width, height } = panelSize(compiled, whole, rooms);
+    scales = sameRatio(compiled, width, height);
+    axes = axesOf(compiled, scales, width, height, whole);
+    rooms = roomsOf(axes, columnHeaders, rowHeaders, named);
+  }
+  const { width, height, gapX, gapY } = panelSize(compiled, whole, rooms);
+  const counts = countsOf(compiled.grid);
+  const taken = (size: number, gap: number, count: number) => size * count + gap * (count - 1);
+  const spareX = whole.width - rooms.left - rooms.right - taken(width, gapX, counts.columns);
+  rooms.left += Math.max(0, spareX / 2);
+  const topDown = compiled.graph.layout?.topDown ?? true;
+  const starts = (size: number, gap: number, count: number) => Array.from({ length: count }, (_, at) => at * (size + gap));
+  const rowStarts = starts(height, gapY, counts.rows);
+  return {
+    axes,
+    columnHeaders,
+    rowHeaders,
+    rooms,
+    width,
+    height,
+    columnStarts: starts(width, gapX, counts.columns),
+    rowStarts: topDown ? rowStarts : rowStarts.reverse(),
+    scales: sameRatio(compiled, width, height),
+  };
+}
+
+function sameRatio(compiled: CompiledGraph, width: number, height: number): Layout['scales'] {
+  const { x, y } = compiled.scales;
+  const fits = x.method === 'linear' && y.method === 'linear' && x.direction.kind === 'number' && y.direction.kind === 'number';
+  if (!compiled.orientation.sameRatio || !fits) return compiled.scales;
+  return compiled.orientation.transposed ? equalUnits(x, y, height, width) : equalUnits(x, y, width, height);
+}
+
+function gridLines(layout: Layout, across: boolean): GridLines | null {
+  const axis = layout.axes.find((each) => isUpright(each.place) === across && each.axis.ticks?.gridline && !each.axis.derived);
+  const style = axis?.axis.ticks?.gridline;
+  if (!axis || !style || style.visible === false) return null;
+  return {
+    values: axis.ticks.map((tick) => tick.value),
+    stroke: safeColor(style.color) ?? '#e3e3e3',
+    width: style.strokeWidth ? pixels(style.strokeWidth, 1) : 0.75,
+    dashes: style.dashes?.map((dash) => pixels(dash, 1)) ?? [],
+  };
+}
+
+function reflected(scale: DrawnScale, orientation: Orientation, screen: 0 | 1, place: number): DrawnScale {
+  if (!isReflected(orientation, screen, place)) return scale;
+  return withFunctions({ ...scale, inverted: !scale.inverted });
+}
+
+/** The scales of one panel, some of them mirrored. */
+function panelScales(compiled: CompiledGraph, layout: Layout, panel: Panel): Layout['scales'] {
+  const { orientation } = compiled;
+  const turn = (scale: DrawnScale, screen: 0 | 1) =>
+    reflected(scale, orientation, screen, screen === 0 ? panel.column : panel.row);
+  return {
+    x: turn(layout.scales.x, orientation.transposed ? 1 : 0),
+    y: turn(layout.scales.y, orientation.transposed ? 0 : 1),
+  };
+}
+
+function panelName(panel: Panel, compiled: CompiledGraph): string {
+  const facets = [...panel.facets.values()].map((category) => category.text);
+  const terms = [...panel.terms.values()].map((id) => compiled.chart.variables.get(id)?.label ?? id);
+  const texts = [...facets, ...terms];
+  return texts.length > 0 ? `Panel: ${texts.join(', ')}` : 'Data';
+}
+
+/** Axes stand at the outer panels alone. */
+function isOuter(place: AxisPlace, panel: Panel, compiled: CompiledGraph): boolean {
+  const { columns, rows } = countsOf(compiled.grid);
+  const topDown = compiled.graph.layout?.topDown ?? true;
+  const bottom = topDown ? rows - 1 : 0;
+  if (place === 'left') return panel.column === 0;
+  if (place === 'right') return panel.column === columns - 1;
+  return place === 'bottom' ? panel.row === bottom : panel.row === rows - 1 - bottom;
+}
+
+export interface GraphScope {
+  patterns: Patterns;
+  maker: Maker;
+  paper: string;
+  clipPrefix: string;
+  /** Names beside the ends of lines. */
+  lineNames: { text: string; color: string; y: number }[];
+}
+
+const leastDistance = 15;
+
+/** Names at the heights of their lines, moved apart where they would cover each other. */
+function drawLineNames(layout: Layout, scope: GraphScope): SVGElement {
+  const { maker } = scope;
+  const group = maker.group('Names of lines', 'group');
+  const wanted = scope.lineNames
+    .map((name) => ({ ...name, at: (1 - layout.scales.y.unit(name.y)) * layout.height }))
+    .sort((a, b) => a.at - b.at);
+  let last = -Infinity;
+  for (const name of wanted) {
+    last = Math.max(name.at, last + leastDistance);
+    const look = { ...ownTexts.guideLabel, size: 12, weight: 'bold', color: name.color };
+    group.append(maker.text([name.text], layout.width + 6, last + 4, look));
+  }
+  return group;
+}
+
+function drawOne(compiled: CompiledGraph, layout: Layout, panel: Panel, at: number, scope: GraphScope): SVGElement {
+  const { maker } = scope;
+  const scales = panelScales(compiled, layout, panel);
+  const group = maker.make('g', {
+    transform: `translate(${layout.columnStarts[panel.column]!.toFixed(2)},${layout.rowStarts[panel.row]!.toFixed(2)})`,
+  });
+  const several = compiled.grid.panels.length > 1;
+  const cell = { ...compiled.graph.cellStyle };
+  const frame = {
+    ...cell,
+    color: safeColor(cell.color) ?? none,
+    color2: safeColor(cell.color2) ?? (several && !compiled.orientation.polar ? '#c9c9c9' : none),
+  };
+  const { width, height } = layout;
+  const { transposed } = compiled.orientation;
+  const content = {
+    panel,
+    name: panelName(panel, compiled),
+    layers: compiled.panels[at]!,
+    guides: compiled.guides,
+    canvas: {
+      ...scales,
+      transposed,
+      width,
+      height,
+      patterns: scope.patterns,
+      paper: frame.color === none ? scope.paper : frame.color,
+    },
+    gridlines: { across: gridLines(layout, true), upright: gridLines(layout, false) },
+    frame,
+    named: true,
+    notes: compiled.notes,
+    clipId: `${scope.clipPrefix}-${at}`,
+  };
+  group.append(drawPanel(content, maker));
+  for (const axis of layout.axes) {
+    if (!isOuter(axis.place, panel, compiled)) continue;
+    const upright = isUpright(axis.place);
+    const screen = upright ? 1 : 0;
+    const scale = reflected(axis.scale, compiled.orientation, screen, upright ? panel.row : panel.column);
+    group.append(drawTicks({ ...axis, scale }, width, height, maker));
+  }
+  return group;
+}
+
+/** Room beside the panels that names of lines need is `named`. */
+export function drawGraph(compiled: CompiledGraph, whole: Rectangle, named: number, scope: GraphScope): SVGElement {
+  const { maker } = scope;
+  const layout = layoutOf(compiled, whole, named);
+  const left = whole.left + layout.rooms.left;
+  const top = whole.top + layout.rooms.top;
+  const group = maker.make('g', { transform: `translate(${Math.round(left)},${Math.round(top)})` });
+  compiled.grid.panels.forEach((panel, at) => group.append(drawOne(compiled, layout, panel, at, scope)));
+  const allWidth = Math.max(...layout.columnStarts) + layout.width;
+  const allHeight = Math.max(...layout.rowStarts) + layout.height;
+  if (layout.columnHeaders.lines.length > 0) {
+    const headers = drawColumnHeaders(layout.columnHeaders, layout.columnStarts, layout.width, maker);
+    const axisRoom = layout.axes.filter((axis) => axis.place === 'top').reduce((sum, axis) => sum + axis.room, 0);
+    headers.setAttribute('transform', `translate(0,${-axisRoom})`);
+    group.append(headers);
+  }
+  if (layout.rowHeaders.lines.length > 0) {
+    const axisRoom = layout.axes.filter((axis) => axis.place === 'right').reduce((sum, axis) => sum + axis.room, 0);
+    group.append(drawRowHeaders(layout.rowHeaders, layout.rowStarts, layout.height, allWidth + axisRoom, maker));
+  }
+  if (scope.lineNames.length > 0) group.append(drawLineNames(layout, scope));
+  for (const axis of layout.axes) {
+    const title = drawAxisTitle(axis, allWidth, allHeight, maker);
+    if (title) group.append(title);
+  }
+  return group;
+}

@@ -1,0 +1,204 @@
+/** Draws the marks of one panel by Observable Plot. */
+import * as Plot from '@observablehq/plot';
+import type { Style } from '../chart/model.js';
+import { none } from './colors.js';
+import { guideMarks, type DrawnGuide } from './guides.js';
+import type { Layer } from './layers.js';
+import { labelsOf, marksOf, stackDots, type Canvas } from './marks.js';
+import type { Panel } from './panels.js';
+import { drawSlices } from './pie.js';
+import type { DrawnScale } from './scales.js';
+import type { Maker } from './svg.js';
+
+const types: Record<DrawnScale['method'], Plot.ScaleType> = {
+  linear: 'linear',
+  log: 'log',
+  power: 'pow',
+  'symmetric log': 'symlog',
+  'symmetric power': 'pow',
+};
+
+function scaleOptions(scale: DrawnScale): Plot.ScaleOptions {
+  const options: Plot.ScaleOptions = {
+    type: types[scale.method],
+    domain: scale.domain,
+    reverse: scale.inverted,
+    axis: null,
+    label: null,
+  };
+  if (scale.method === 'log') options.base = scale.base;
+  if (options.type === 'pow') options.exponent = scale.base;
+  return options;
+}
+
+/** Marks that belong together, under one name. */
+interface Named {
+  name: string;
+  marks: Plot.Markish[];
+  clipped: boolean;
+}
+
+const nouns: Record<Layer['kind'], [string, string]> = {
+  points: ['point', 'points'],
+  dots: ['point', 'points'],
+  line: ['place on a line', 'places on a line'],
+  bars: ['bar', 'bars'],
+  errors: ['error bar', 'error bars'],
+  area: ['place on an area', 'places on an area'],
+  boxes: ['box', 'boxes'],
+  edges: ['edge', 'edges'],
+  polygon: ['corner of a polygon', 'corners of a polygon'],
+  slices: ['slice', 'slices'],
+};
+
+/** What a group of marks shows, and how many there are. */
+export function layerName(layer: Layer): string {
+  const count = layer.shapes.length;
+  const noun = nouns[layer.kind][count === 1 ? 0 : 1];
+  return layer.group.name ? `${layer.group.name}: ${count} ${noun}` : `${count} ${noun}`;
+}
+
+export interface PanelContent {
+  panel: Panel;
+  name: string;
+  layers: Layer[];
+  guides: DrawnGuide[];
+  canvas: Canvas;
+  gridlines: { across: GridLines | null; upright: GridLines | null };
+  frame: Style;
+  named: boolean;
+  notes: string[];
+  /** Ends in the number of the panel. */
+  clipId: string;
+}
+
+export interface GridLines {
+  values: number[];
+  stroke: string;
+  width: number;
+  dashes: number[];
+}
+
+function gridMark(lines: GridLines, across: boolean): Plot.Markish {
+  const options = {
+    stroke: lines.stroke,
+    strokeOpacity: 1,
+    strokeWidth: lines.width,
+    ...(lines.dashes.length > 0 ? { strokeDasharray: lines.dashes.join(' ') } : {}),
+  };
+  return across ? Plot.gridY(lines.values, options) : Plot.gridX(lines.values, options);
+}
+
+function contentOf(content: PanelContent): Named[] {
+  const { canvas, layers } = content;
+  const named: Named[] = [];
+  for (const [lines, across] of [
+    [content.gridlines.across, true],
+    [content.gridlines.upright, false],
+  ] as const) {
+    if (lines) named.push({ name: '', marks: [gridMark(lines, across)], clipped: false });
+  }
+  const dots = stackDots(layers, canvas.x, canvas.transposed ? canvas.height : canvas.width, canvas.transposed ? canvas.width : canvas.height);
+  for (const layer of layers) {
+    if (layer.kind !== 'slices') named.push({ name: layerName(layer), marks: marksOf(canvas, layer, dots), clipped: true });
+  }
+  const guides = content.guides.flatMap((guide) => {
+    const made = guideMarks(guide, content.panel, canvas, content.named, content.notes);
+    return made ? [{ made, name: guide.guide.name }] : [];
+  });
+  for (const { made, name } of guides) {
+    named.push({ name: name ? `Guide: ${name}` : 'Guide', marks: [made.line], clipped: true });
+  }
+  for (const { made } of guides) if (made.name) named.push({ name: '', marks: [made.name], clipped: false });
+  const labels = labelsOf(canvas, layers);
+  if (labels.length > 0) named.push({ name: 'Labels of data', marks: labels, clipped: false });
+  return named;
+}
+
+/** Whether something reaches beyond the bounds of the scales, so that it has to be cut off there. */
+function reachesOut(content: PanelContent): boolean {
+  const { x, y } = content.canvas;
+  const outside = (value: number | undefined, [low, high]: [number, number]) =>
+    value !== undefined && (value < low || value > high);
+  return content.layers.some((layer) =>
+    layer.shapes.some(
+      (shape) =>
+        [shape.x, shape.x1, shape.x2].some((value) => outside(value, x.domain)) ||
+        [shape.y, shape.y1, shape.y2, shape.low, shape.high].some((value) => outside(value, y.domain)),
+    ),
+  );
+}
+
+function plotted(content: PanelContent, named: Named[], maker: Maker): Element {
+  const { canvas } = content;
+  const [across, upright] = canvas.transposed ? [canvas.y, canvas.x] : [canvas.x, canvas.y];
+  return Plot.plot({
+    document: maker.document,
+    width: canvas.width,
+    height: canvas.height,
+    margin: 0,
+    x: scaleOptions(across),
+    y: scaleOptions(upright),
+    marks: named.flatMap(({ marks }, at) => marks.map((mark) => tagged(mark, `k${at}`))),
+  }) as unknown as Element;
+}
+
+/** Tells afterwards which group of SVG a mark has become. */
+function tagged(mark: Plot.Markish, tag: string): Plot.Markish {
+  const made = mark as Plot.Mark & { render: (...all: unknown[]) => SVGElement | null };
+  const own = made.render.bind(made);
+  made.render = (...all: unknown[]) => {
+    const element = own(...all);
+    element?.setAttribute('data-layer', tag);
+    return element;
+  };
+  return made;
+}
+
+/** Moves what Plot has drawn into groups with names. */
+function collect(svg: Element, named: Named[], content: PanelContent, maker: Maker, clip: boolean): SVGElement[] {
+  const children = Array.from(svg.childNodes).filter((node) => node.nodeType === 1) as Element[];
+  return named.flatMap(({ name, clipped }, at) => {
+    const own = children.filter((child) => child.getAttribute('data-layer') === `k${at}`);
+    if (own.length === 0) return [];
+    for (const element of own) {
+      element.removeAttribute('data-layer');
+      if (clip && clipped) element.setAttribute('clip-path', `url(#${content.clipId})`);
+    }
+    const group = name === '' ? maker.make('g', {}) : maker.group(name, 'graphics-object');
+    group.append(...own);
+    return [group];
+  });
+}
+
+/** A panel with its corner at 0, 0. */
+export function drawPanel(content: PanelContent, maker: Maker): SVGElement {
+  const { canvas, frame } = content;
+  const group = maker.group(content.name, 'group');
+  const { width, height } = canvas;
+  group.append(
+    maker.make('rect', { width, height, fill: frame.color ?? none, stroke: none, 'aria-hidden': 'true' }),
+  );
+  const named = contentOf(content);
+  const clip = reachesOut(content);
+  if (clip) {
+    const area = maker.make('clipPath', { id: content.clipId }, [maker.make('rect', { width, height })]);
+    group.append(area);
+  }
+  if (named.length > 0) group.append(...collect(plotted(content, named, maker), named, content, maker, clip));
+  const slices = content.layers.filter((layer) => layer.kind === 'slices');
+  if (slices.length > 0) group.append(drawSlices(slices, canvas, maker));
+  if (frame.color2 && frame.color2 !== none) {
+    group.append(
+      maker.make('rect', {
+        width,
+        height,
+        fill: none,
+        stroke: frame.color2,
+        'stroke-width': frame.strokeWidth?.value ?? 0.75,
+        'aria-hidden': 'true',
+      }),
+    );
+  }
+  return group;
+}
