@@ -300,7 +300,8 @@ export interface Label {
 }
 
 export type LabelPiece =
-  { kind: 'text'; text: string } | { kind: 'figure'; target: string; figure: number; format: Format | null };
+  | { kind: 'text'; text: string }
+  | { kind: 'figure'; target: string; figure: number; format: Format | null };
 
 export interface Legend {
   id: string;

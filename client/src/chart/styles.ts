@@ -4,7 +4,6 @@ import { lengthOf } from './markup.js';
 import type { Length } from './markup.js';
 import type { ConditionalStyle, Style, StyleCycle } from './model.js';
 
-
 function dashesOf(text: string | null): Length[] | undefined {
   if (text === null) return undefined;
   const parts = text.split(/[\s,]+/).filter((part) => part !== '');
@@ -49,7 +48,12 @@ const lengths = {
   paddingLeft: 'padding_left',
 } as const;
 
-const numbers = { opacity: 'opacity', opacity2: 'opacity2', pattern: 'pattern', labelAngle: 'labelAngle' } as const;
+const numbers = {
+  opacity: 'opacity',
+  opacity2: 'opacity2',
+  pattern: 'pattern',
+  labelAngle: 'labelAngle',
+} as const;
 
 function defined<Value>(names: Record<string, string>, read: (name: string) => Value | null): object {
   const entries = Object.entries(names).map(([key, name]) => [key, read(name)] as const);

@@ -109,8 +109,11 @@ export class Data {
     const table = this.tables.get(source);
     const column = table?.columns.get(variable.column);
     if (!column) {
-      if (table && variable.column === caseNumberColumn) return this.caseNumbers(variable, source, table.rows);
-      const what = table ? `a column ${variable.column} in the source ${source}` : `data of the source ${source}`;
+      if (table && variable.column === caseNumberColumn)
+        return this.caseNumbers(variable, source, table.rows);
+      const what = table
+        ? `a column ${variable.column} in the source ${source}`
+        : `data of the source ${source}`;
       this.notes.push(`There is no ${what}, which the variable "${variable.label || variable.id}" shows.`);
       return null;
     }
@@ -118,11 +121,21 @@ export class Data {
       const { numbers, texts } = codesOf(column);
       return this.valuesOf(variable, 'category', source, numbers, texts);
     }
-    return this.valuesOf(variable, this.kindOf(variable), source, column.numbers ?? new Float64Array(table!.rows));
+    return this.valuesOf(
+      variable,
+      this.kindOf(variable),
+      source,
+      column.numbers ?? new Float64Array(table!.rows),
+    );
   }
 
   private caseNumbers(variable: Variable, source: string, rows: number): Values {
-    return this.valuesOf(variable, 'number', source, Float64Array.from({ length: rows }, (_, row) => row + 1));
+    return this.valuesOf(
+      variable,
+      'number',
+      source,
+      Float64Array.from({ length: rows }, (_, row) => row + 1),
+    );
   }
 
   private kindOf(variable: Variable): ValueKind {

@@ -28,7 +28,8 @@ const functions: Record<string, (...values: number[]) => number> = {
 };
 
 const deepest = 200;
-const token = /\s*(?:(\d+\.?\d*(?:[eE][-+]?\d+)?|\.\d+(?:[eE][-+]?\d+)?)|([\p{L}_$][\p{L}\p{N}_.$]*)|([-+*/^(),]))/uy;
+const token =
+  /\s*(?:(\d+\.?\d*(?:[eE][-+]?\d+)?|\.\d+(?:[eE][-+]?\d+)?)|([\p{L}_$][\p{L}\p{N}_.$]*)|([-+*/^(),]))/uy;
 
 function tokensOf(text: string): string[] {
   const tokens: string[] = [];
@@ -86,7 +87,8 @@ class Parser {
 
   private signed(): Evaluate {
     let negative = false;
-    for (let sign = this.take('-', '+'); sign; sign = this.take('-', '+')) negative = negative !== (sign === '-');
+    for (let sign = this.take('-', '+'); sign; sign = this.take('-', '+'))
+      negative = negative !== (sign === '-');
     const value = this.power();
     return negative ? (of) => -value(of) : value;
   }

@@ -14,7 +14,9 @@ export function decimalsOf(value: number, most = 10): number {
 
 /** The parts of a pattern of numbers, such as `#,##0.00 %`. Null where it is none. */
 function numberPattern(pattern: string) {
-  const found = /^([^#0,.]*)([#0,]*)(?:\.([0#]*))?([^#0,.]*)$/.exec((pattern.split(';')[0] ?? '').replace(/'/g, ''));
+  const found = /^([^#0,.]*)([#0,]*)(?:\.([0#]*))?([^#0,.]*)$/.exec(
+    (pattern.split(';')[0] ?? '').replace(/'/g, ''),
+  );
   if (!found || !/[#0]/.test(pattern)) return null;
   const [, prefix = '', whole = '', fraction = '', suffix = ''] = found;
   return {
@@ -51,13 +53,22 @@ function scientific(value: number): string {
 }
 
 /** `decimals` is what a number gets where its format does not say; by default as many as it needs, up to 6. */
-export function numberText(value: number, format: Format | null, language: string, decimals?: number): string {
+export function numberText(
+  value: number,
+  format: Format | null,
+  language: string,
+  decimals?: number,
+): string {
   if (Number.isNaN(value)) return format?.errorCharacter ?? '';
   if (!Number.isFinite(value)) return value > 0 ? '\u221e' : minus + '\u221e';
   const pattern = format?.pattern ? numberPattern(format.pattern) : null;
   const wanted = decimals ?? decimalsOf(value, 6);
-  const most = format?.maximumFractionDigits ?? pattern?.most ?? Math.max(wanted, format?.minimumFractionDigits ?? 0);
-  const least = Math.min(format?.minimumFractionDigits ?? pattern?.least ?? Math.min(decimals ?? 0, most), most);
+  const most =
+    format?.maximumFractionDigits ?? pattern?.most ?? Math.max(wanted, format?.minimumFractionDigits ?? 0);
+  const least = Math.min(
+    format?.minimumFractionDigits ?? pattern?.least ?? Math.min(decimals ?? 0, most),
+    most,
+  );
   const shown = pattern?.percent ? value * 100 : value;
   const free = format?.maximumFractionDigits == null && !pattern;
   const huge = free && (Math.abs(shown) >= 1e15 || (shown !== 0 && Math.abs(shown) < 1e-6));
@@ -121,11 +132,14 @@ const fields: Record<string, (date: Date, count: number, language: string) => st
 export function dateText(seconds: number, pattern: string, language: string): string {
   const date = new Date(seconds * 1000);
   if (Number.isNaN(date.getTime())) return '';
-  return pattern.replace(/'((?:[^']|'')*)'|([A-Za-z])\2*/g, (all, quoted: string | undefined, letter?: string) => {
-    if (quoted !== undefined) return quoted === '' ? "'" : quoted.replace(/''/g, "'");
-    const field = letter && fields[letter];
-    return field ? field(date, all.length, language) : all;
-  });
+  return pattern.replace(
+    /'((?:[^']|'')*)'|([A-Za-z])\2*/g,
+    (all, quoted: string | undefined, letter?: string) => {
+      if (quoted !== undefined) return quoted === '' ? "'" : quoted.replace(/''/g, "'");
+      const field = letter && fields[letter];
+      return field ? field(date, all.length, language) : all;
+    },
+  );
 }
 
 /** Days, or days with a time where there is one. */

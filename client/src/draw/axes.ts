@@ -22,6 +22,8 @@ export interface DrawnAxis {
   title: string[];
   /** What the axis takes beside the panels, in pixels. */
   room: number;
+  /** Labels that those of the panel beside it stand for. */
+  hidden?: (tick: Tick, scale: DrawnScale) => boolean;
 }
 
 const gapToLabels = 4;
@@ -42,6 +44,7 @@ export function layoutAxis(
   length: number,
   wholeLength: number,
   mostRoom: number,
+  overhang = Infinity,
 ): DrawnAxis {
   const labelLook = labelLookOf(axis);
   const titleLook = { ...textLook(axis.label?.style ?? {}, ownTexts.axisLabel), align: 'middle' as const };
@@ -50,15 +53,31 @@ export function layoutAxis(
   const settings = axis.ticks && axis.ticks.angle ? { ...axis.ticks, angle: -axis.ticks.angle } : axis.ticks;
   const layout = upright
     ? layoutUpright(ticks, scale, length, settings, labelLook, mostRoom)
-    : layoutAcross(ticks, scale, length, settings, labelLook);
+    : layoutAcross(ticks, scale, length, settings, labelLook, overhang);
   const text = axis.label?.style.visible === false ? '' : plainText(axis.label);
   const title = text === '' ? [] : wrap(text, wholeLength, titleLook);
   const labels = axis.ticks?.style.visible === false ? 0 : layout.depth + gapToLabels;
-  const room = tickLength(axis.ticks) + labels + (title.length > 0 ? gapToTitle + title.length * lineHeight(titleLook) : 2);
-  return { axis, scale, place, ticks, layout, labelLook, titleLook, title, room: axis.ticks ? room : room - labels };
+  const room =
+    tickLength(axis.ticks) +
+    labels +
+    (title.length > 0 ? gapToTitle + title.length * lineHeight(titleLook) : 2);
+  return {
+    axis,
+    scale,
+    place,
+    ticks,
+    layout,
+    labelLook,
+    titleLook,
+    title,
+    room: axis.ticks ? room : room - labels,
+  };
 }
 
-function strokeAttributes(style: { color?: string; strokeWidth?: import('../chart/markup.js').Length }, otherwise: string) {
+function strokeAttributes(
+  style: { color?: string; strokeWidth?: import('../chart/markup.js').Length },
+  otherwise: string,
+) {
   return {
     stroke: safeColor(style.color) ?? otherwise,
     'stroke-width': style.strokeWidth ? pixels(style.strokeWidth, 1) : 1,
@@ -66,10 +85,17 @@ function strokeAttributes(style: { color?: string; strokeWidth?: import('../char
   };
 }
 
-const lineColor = '#4d4d4d';
+export const lineColor = '#4d4d4d';
+export const frameColor = '#9a9a9a';
 
 /** Labels of one axis beside one panel whose corner is at 0, 0. */
-export function drawTicks(drawn: DrawnAxis, width: number, height: number, maker: Maker): SVGElement {
+export function drawTicks(
+  drawn: DrawnAxis,
+  width: number,
+  height: number,
+  maker: Maker,
+  framed: boolean,
+): SVGElement {
   const { axis, place, scale, ticks, layout, labelLook } = drawn;
   const text = plainText(axis.label);
   const group = maker.group(`${text || scale.direction.name} axis`, 'group');
@@ -78,9 +104,12 @@ export function drawTicks(drawn: DrawnAxis, width: number, height: number, maker
   const at = (value: number) => (upright ? (1 - scale.unit(value)) * length : scale.unit(value) * length);
   const edge = place === 'bottom' ? height : place === 'right' ? width : 0;
   const outward = place === 'bottom' || place === 'right' ? 1 : -1;
-  if (axis.style.visible !== false) {
+  // A frame around the panel stands for the line, unless the chart has given that a look.
+  if (axis.style.visible !== false && (!framed || axis.style.color)) {
     const d = upright ? `M${edge},0 V${height}` : `M0,${edge} H${width}`;
-    group.append(maker.make('path', { d, ...strokeAttributes(axis.style, lineColor), 'aria-hidden': 'true' }));
+    group.append(
+      maker.make('path', { d, ...strokeAttributes(axis.style, lineColor), 'aria-hidden': 'true' }),
+    );
   }
   const size = tickLength(axis.ticks);
   const marks = axis.ticks?.markStyle.visible === false || !axis.ticks ? [] : ticks;
@@ -90,18 +119,32 @@ export function drawTicks(drawn: DrawnAxis, width: number, height: number, maker
       return upright ? `M${edge},${place} h${outward * size}` : `M${place},${edge} v${outward * size}`;
     });
     group.append(
-      maker.make('path', { d: d.join(' '), ...strokeAttributes(axis.ticks!.markStyle, lineColor), 'aria-hidden': 'true' }),
+      maker.make('path', {
+        d: d.join(' '),
+        ...strokeAttributes(axis.ticks!.markStyle, framed ? frameColor : lineColor),
+        'aria-hidden': 'true',
+      }),
     );
   }
   if (!axis.ticks || axis.ticks.style.visible === false) return group;
   const from = edge + outward * (size + gapToLabels);
   layout.lines.forEach((lines, index) => {
-    if (lines.length === 0 || lines.every((line) => line === '')) return;
+    const hidden = drawn.hidden?.(ticks[index]!, scale) ?? false;
+    if (hidden || lines.length === 0 || lines.every((line) => line === '')) return;
     const where = at(ticks[index]!.value);
     group.append(
       upright
         ? uprightLabel(lines, from, where, outward, layout.angle, labelLook, maker)
-        : acrossLabel(lines, where, from, outward, layout, index, labelLook, maker),
+        : acrossLabel(
+            lines,
+            where + (layout.shifts?.[index] ?? 0),
+            from,
+            outward,
+            layout,
+            index,
+            labelLook,
+            maker,
+          ),
     );
   });
   return group;
@@ -141,12 +184,20 @@ function acrossLabel(
     return maker.text(lines, 0, drop, { ...look, align }, turned);
   }
   const lower = layout.stagger && index % 2 === 1 ? lineHeight(look) : 0;
-  const first = outward > 0 ? y + look.size * 0.8 + lower : y - look.size * 0.15 - (lines.length - 1) * look.size * 1.25 - lower;
+  const first =
+    outward > 0
+      ? y + look.size * 0.8 + lower
+      : y - look.size * 0.15 - (lines.length - 1) * look.size * 1.25 - lower;
   return maker.text(lines, x, first, { ...look, align: 'middle' });
 }
 
 /** The title of an axis beside all panels, which reach from 0, 0 to width, height. */
-export function drawAxisTitle(drawn: DrawnAxis, width: number, height: number, maker: Maker): SVGElement | null {
+export function drawAxisTitle(
+  drawn: DrawnAxis,
+  width: number,
+  height: number,
+  maker: Maker,
+): SVGElement | null {
   const { title, titleLook, place, room } = drawn;
   if (title.length === 0) return null;
   const block = title.length * lineHeight(titleLook);

@@ -76,7 +76,9 @@ function summaryOf(element: ChartElement, scope: Scope): Summary | null {
   if (!found) {
     scope.notes.push(`The statistic ${element.summary} is not known; the values themselves are drawn.`);
   } else if (vaguePercentages.has(element.summary)) {
-    scope.notes.push(`What the percentages of the statistic ${element.summary} are of is not known; they are drawn of all cases.`);
+    scope.notes.push(
+      `What the percentages of the statistic ${element.summary} are of is not known; they are drawn of all cases.`,
+    );
   }
   return found ?? null;
 }
@@ -182,9 +184,55 @@ function labelOf(plan: Plan, row: number, scope: Scope): string | undefined {
   return values?.textOf(values.numbers[row] ?? NaN, labeling.format ?? values.variable.format);
 }
 
+/** More marks of one element make a picture that no reader and no browser can take in. */
+export const mostMarks = 50_000;
+
+/** Random, but the same for the same data: a picture must not change from one drawing to the next. */
+function sampled(rows: ArrayLike<number>, share: number): number[] {
+  const kept: number[] = [];
+  let state = 0x9e3779b9;
+  for (let at = 0; at < rows.length; at += 1) {
+    state = (Math.imul(state, 1664525) + 1013904223) >>> 0;
+    if (state / 0x100000000 < share) kept.push(rows[at]!);
+  }
+  return kept;
+}
+
+/** Of many points a random sample. */
+function bounded(plan: Plan, rows: ArrayLike<number>, scope: Scope): ArrayLike<number> {
+  const counted = plan.kind === 'line' || plan.kind === 'area' || plan.rows <= mostMarks;
+  if (counted || plan.summary || plan.element.density || plan.kind === 'boxes') return rows;
+  scope.notes.push(`Of ${plan.rows} rows a random sample of about ${mostMarks} is drawn.`);
+  return sampled(rows, mostMarks / plan.rows);
+}
+
+/** A line of that many corners is drawn by the first, lowest, highest and last of each of its stretches. */
+const mostCorners = 20_000;
+const stretches = 2_000;
+
+function thinnedLine(shapes: Shape[], scope: Scope): Shape[] {
+  if (shapes.length <= mostCorners) return shapes;
+  scope.notes.push(
+    `A line of ${shapes.length} places is drawn by the first, lowest, highest and last place of each of ${stretches} stretches.`,
+  );
+  const size = Math.ceil(shapes.length / stretches);
+  const kept: Shape[] = [];
+  for (let from = 0; from < shapes.length; from += size) {
+    const to = Math.min(shapes.length, from + size) - 1;
+    let [low, high] = [from, from];
+    for (let at = from; at <= to; at += 1) {
+      if (!(shapes[at]!.y >= shapes[low]!.y)) low = at;
+      if (!(shapes[at]!.y <= shapes[high]!.y)) high = at;
+    }
+    for (const at of [...new Set([from, low, high, to])].sort((a, b) => a - b)) kept.push(shapes[at]!);
+  }
+  return kept;
+}
+
 /** Each row is a shape. */
-function rawShapes(places: Places, rows: ArrayLike<number>, scope: Scope): Shape[] {
+function rawShapes(places: Places, all: ArrayLike<number>, scope: Scope): Shape[] {
   const { plan } = places;
+  const rows = bounded(plan, all, scope);
   const shapes: Shape[] = [];
   const breaks = plan.kind === 'line' || plan.kind === 'area';
   for (let at = 0; at < rows.length; at += 1) {
@@ -202,7 +250,7 @@ function rawShapes(places: Places, rows: ArrayLike<number>, scope: Scope): Shape
     shapes.push(shape);
   }
   if (plan.element.kind === 'line' || plan.kind === 'area') shapes.sort((a, b) => a.x - b.x);
-  return shapes;
+  return plan.element.kind === 'line' ? thinnedLine(shapes, scope) : shapes;
 }
 
 /** The place along x of each row: its class, or where it stands. */
@@ -227,7 +275,10 @@ function sampleOf(places: Places, rows: number[], summary: Summary) {
   const kept = values ? rows.filter((row) => !Number.isNaN(values.numbers[row]!)) : rows;
   const weights = places.plan.weights ? kept.map((row) => places.weight(row)) : null;
   const counts = !values || (!summary.ofValues && !summary.share);
-  return { rows: kept, sample: { values: counts ? kept.map(() => 1) : kept.map((row) => values.numbers[row]!), weights } };
+  return {
+    rows: kept,
+    sample: { values: counts ? kept.map(() => 1) : kept.map((row) => values.numbers[row]!), weights },
+  };
 }
 
 /** One shape for each place along x. */
@@ -240,7 +291,12 @@ function summaryShapes(places: Places, rows: ArrayLike<number>, summary: Summary
     const y = kept.length === 0 ? null : share ? sampleSum(sample) : summary.compute(sample);
     const varied = variedOf(places.plan, kept.length > 0 ? kept : members);
     if (y === null || Number.isNaN(y) || !varied) continue;
-    const shape: Shape = { x: bins ? bins.start + (place + 0.5) * bins.width : place, y, varied, cases: kept.length };
+    const shape: Shape = {
+      x: bins ? bins.start + (place + 0.5) * bins.width : place,
+      y,
+      varied,
+      cases: kept.length,
+    };
     if (bins) [shape.x1, shape.x2] = [bins.start + place * bins.width, bins.start + (place + 1) * bins.width];
     if (summary.errorBar) Object.assign(shape, confidenceInterval(sample) ?? { low: y, high: y });
     shapes.push(shape);
@@ -298,8 +354,12 @@ function shapesOf(places: Places, rows: ArrayLike<number>, scope: Scope): Shape[
 /** Shares of the whole panel, and sums along x. */
 function finishSummary(layers: Layer[], summary: Summary): void {
   if (summary.share) {
-    const total = layers.reduce((sum, layer) => sum + layer.shapes.reduce((part, shape) => part + shape.y, 0), 0);
-    for (const layer of layers) for (const shape of layer.shapes) shape.y = total > 0 ? (100 * shape.y) / total : 0;
+    const total = layers.reduce(
+      (sum, layer) => sum + layer.shapes.reduce((part, shape) => part + shape.y, 0),
+      0,
+    );
+    for (const layer of layers)
+      for (const shape of layer.shapes) shape.y = total > 0 ? (100 * shape.y) / total : 0;
   }
   if (!summary.cumulative) return;
   for (const layer of layers) {
@@ -367,7 +427,12 @@ function conditioned(plan: Plan, panel: Panel, scope: Scope): Look {
   return look;
 }
 
-function layersOf(plan: Plan, panel: Panel, scope: Scope, rowsIn: (source: string, rows: number) => Uint32Array): Layer[] {
+function layersOf(
+  plan: Plan,
+  panel: Panel,
+  scope: Scope,
+  rowsIn: (source: string, rows: number) => Uint32Array,
+): Layer[] {
   const own = conditioned(plan, panel, scope);
   if (!own.visible) return [];
   const here = { ...plan, own };
@@ -384,6 +449,7 @@ function layersOf(plan: Plan, panel: Panel, scope: Scope, rowsIn: (source: strin
         ranges: plan.ranges,
         look: group.look,
         slot: slotOf(here, group, key, scope),
+        baseline: 0,
         binned: plan.bins !== null,
         parts: partLooks(here, group.look),
       };

@@ -38,7 +38,8 @@ function sideOf(legend: Legend, chart: Chart): Side {
     location?.method === 'value' && location.value?.unit === '%' && location.value.value === percent;
   if (find('bottom')?.method === 'target' && isGraph(find('bottom')!.target)) return 'top';
   if (find('top')?.method === 'target' && isGraph(find('top')!.target)) return 'bottom';
-  if (find('left')?.method === 'value' && find('top')?.method === 'value' && !atPercent(find('left'), 0)) return 'free';
+  if (find('left')?.method === 'value' && find('top')?.method === 'value' && !atPercent(find('left'), 0))
+    return 'free';
   if (atPercent(find('left'), 0)) return 'left';
   if (atPercent(find('bottom'), 100) && !find('top')) return 'bottom';
   return atPercent(find('top'), 0) ? 'top' : 'right';
@@ -49,7 +50,9 @@ const isBelow = (role: string) => /^(footnote|statisticsSummary)/.test(role);
 
 /** Frames with a place of their own; texts that need more than that push what is below, or above. */
 function layFrames(chart: Chart, data: Data, places: Places, page: Rectangle, notes: string[]) {
-  const texts = frameTexts(chart, data, notes).filter(({ text, frame }) => text !== '' || frame.locations.length > 0);
+  const texts = frameTexts(chart, data, notes).filter(
+    ({ text, frame }) => text !== '' || frame.locations.length > 0,
+  );
   const laid = texts.map((text) => layFrame(text, rectangle(places.edges(text.frame.id), page)));
   const unplaced = (frame: LaidFrame) => frame.frame.locations.length === 0;
   let pushedDown = 0;
@@ -75,7 +78,11 @@ function layFrames(chart: Chart, data: Data, places: Places, page: Rectangle, no
   return { laid, top, bottom };
 }
 
-function placeLegends(legends: { laid: LaidLegend; side: Side }[], graph: Rectangle, places: Places): PlacedLegend[] {
+function placeLegends(
+  legends: { laid: LaidLegend; side: Side }[],
+  graph: Rectangle,
+  places: Places,
+): PlacedLegend[] {
   const next: Partial<Record<Side, number>> = {};
   return legends.map(({ laid, side }) => {
     const used = next[side] ?? 0;
@@ -100,7 +107,10 @@ function without(graph: Rectangle, legends: PlacedLegend[]): Rectangle {
     if (own.length === 0) return 0;
     const stacked = side === 'top' || side === 'bottom';
     const sizes = own.map((legend) => legend.box[extent]);
-    return (stacked ? sizes.reduce((sum, size) => sum + size + 4, 0) : Math.max(...sizes)) + (stacked ? 2 : gapBesideLegend);
+    return (
+      (stacked ? sizes.reduce((sum, size) => sum + size + 4, 0) : Math.max(...sizes)) +
+      (stacked ? 2 : gapBesideLegend)
+    );
   };
   const [left, right] = [reach('left', 'width'), reach('right', 'width')];
   const [top, bottom] = [reach('top', 'height'), reach('bottom', 'height')];
@@ -161,7 +171,13 @@ function nameLines(compiled: CompiledGraph, chart: Chart): { text: string; color
   if (compiled.grid.panels.length !== 1 || compiled.orientation.transposed) return [];
   return (compiled.panels[0] ?? []).flatMap((layer) => {
     const { element } = layer;
-    if (layer.kind !== 'line' || element.name === '' || explained.has(element.id) || layer.group.categories.length > 0) return [];
+    if (
+      layer.kind !== 'line' ||
+      element.name === '' ||
+      explained.has(element.id) ||
+      layer.group.categories.length > 0
+    )
+      return [];
     const shown = layer.shapes.filter((shape) => !Number.isNaN(shape.y));
     const last = shown[shown.length - 1];
     return last ? [{ text: element.name, color: layer.look.stroke, y: last.y }] : [];
@@ -180,9 +196,17 @@ export function captionsOf(graphs: CompiledGraph[]): string[] {
 
 const mostNotes = 6;
 
-function drawNotes(texts: string[], width: number, top: number, maker: Maker): { group: SVGElement | null; height: number } {
+function drawNotes(
+  texts: string[],
+  width: number,
+  top: number,
+  maker: Maker,
+): { group: SVGElement | null; height: number } {
   if (texts.length === 0) return { group: null, height: 0 };
-  const shown = texts.length > mostNotes ? [...texts.slice(0, mostNotes), `And ${texts.length - mostNotes} more notes.`] : texts;
+  const shown =
+    texts.length > mostNotes
+      ? [...texts.slice(0, mostNotes), `And ${texts.length - mostNotes} more notes.`]
+      : texts;
   const look = ownTexts.note;
   const lines = shown.flatMap((text) => wrap(text, width - 2 * pageMargin, look));
   const group = maker.group('Notes', 'note');
@@ -196,7 +220,13 @@ export interface Composed {
   height: number;
 }
 
-export function compose(chart: Chart, data: Data, graphs: CompiledGraph[], notes: string[], maker: Maker): Composed {
+export function compose(
+  chart: Chart,
+  data: Data,
+  graphs: CompiledGraph[],
+  notes: string[],
+  maker: Maker,
+): Composed {
   const layout = layPage(chart, data, graphs, notes);
   const pageColor = safeColor(chart.pageStyle.color) ?? '#ffffff';
   const patterns = new Patterns(maker, pageColor === none ? '#ffffff' : pageColor);
@@ -204,7 +234,13 @@ export function compose(chart: Chart, data: Data, graphs: CompiledGraph[], notes
     const named = nameLines(compiled, chart);
     const look = { ...ownTexts.guideLabel, size: 12, weight: 'bold' };
     const room = named.length > 0 ? Math.max(...named.map(({ text }) => textWidth(text, look))) + 14 : 0;
-    const scope = { patterns, maker, paper: pageColor, clipPrefix: `${maker.prefix}-clip-${at}`, lineNames: named };
+    const scope = {
+      patterns,
+      maker,
+      paper: pageColor,
+      clipPrefix: `${maker.prefix}-clip-${at}`,
+      lineNames: named,
+    };
     return drawGraph(compiled, layout.graphs[at]!, room, scope);
   });
   const legends = layout.legends.map(({ laid, box }) => drawLegend(laid, box.left, box.top, patterns, maker));
@@ -212,7 +248,11 @@ export function compose(chart: Chart, data: Data, graphs: CompiledGraph[], notes
   const below = drawNotes([...captionsOf(graphs), ...new Set(notes)], layout.width, layout.height, maker);
   const height = Math.ceil(layout.height + below.height);
   const page = maker.make('rect', { width: layout.width, height, fill: pageColor, 'aria-hidden': 'true' });
-  const outline = drawBox({ ...chart.pageStyle, color: none }, { left: 0, top: 0, width: layout.width, height }, maker);
+  const outline = drawBox(
+    { ...chart.pageStyle, color: none },
+    { left: 0, top: 0, width: layout.width, height },
+    maker,
+  );
   const definitions = patterns.definitions();
   const parts = [
     page,

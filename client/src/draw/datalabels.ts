@@ -59,7 +59,8 @@ function roomOf(label: Candidate, look: TextLook): Room {
   return { left: from, right: from + width, top: middle - height / 2, bottom: middle + height / 2 };
 }
 
-const overlap = (a: Room, b: Room) => a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom;
+const overlap = (a: Room, b: Room) =>
+  a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom;
 
 /** More cannot be read. */
 const mostLabels = 2_000;

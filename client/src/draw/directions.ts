@@ -32,7 +32,9 @@ function variablesAlong(graph: Graph, data: Data, name: 'x' | 'y', notes: string
   }
   const all = [...found];
   if (new Set(all.map((values) => values.kind)).size > 1) {
-    notes.push(`Along ${name} different kinds of values are shown: ${all.map((each) => each.variable.label).join(', ')}.`);
+    notes.push(
+      `Along ${name} different kinds of values are shown: ${all.map((each) => each.variable.label).join(', ')}.`,
+    );
   }
   return all;
 }
@@ -69,7 +71,8 @@ export function directionOf(
   const dimension = graph.coordinates[0]?.dimensions[name === 'x' ? 0 : 1] ?? null;
   const domain = chart.domains.get(dimension?.domain ?? '');
   const all = variablesAlong(graph, data, name, notes);
-  const categorical = all.some((values) => values.kind === 'category') || (all.length > 0 && domain?.categorical);
+  const categorical =
+    all.some((values) => values.kind === 'category') || (all.length > 0 && domain?.categorical);
   const dated = all.some((values) => values.kind === 'date') || (all.length > 0 && domain?.date);
   const kind: ValueKind = categorical ? 'category' : dated ? 'date' : 'number';
   const { texts, places } = categorical

@@ -17,7 +17,12 @@ function columnWidth(places: number[], dotWidth: number): number {
  * The dots of each layer, with y as the share of the height. All layers share the columns, so that no dot covers
  * another one; where a column is higher than the panel its dots move closer.
  */
-export function stackDots(layers: Layer[], x: DrawnScale, width: number, height: number): Map<Layer, Shape[]> {
+export function stackDots(
+  layers: Layer[],
+  x: DrawnScale,
+  width: number,
+  height: number,
+): Map<Layer, Shape[]> {
   const dotted = layers.filter((layer) => layer.kind === 'dots');
   const result = new Map<Layer, Shape[]>();
   if (dotted.length === 0) return result;
@@ -42,7 +47,12 @@ export function stackDots(layers: Layer[], x: DrawnScale, width: number, height:
       const place = filled.get(at) ?? 0;
       filled.set(at, place + 1);
       const centered = stacked ? 0 : 0.5 - (heights.get(at)! * step) / 2;
-      return { ...shape, x: at * column, y: centered + (place + 0.5) * step, varied: { ...shape.varied, size: diameter * 0.96 } };
+      return {
+        ...shape,
+        x: at * column,
+        y: centered + (place + 0.5) * step,
+        varied: { ...shape.varied, size: diameter * 0.96 },
+      };
     });
     result.set(layer, shapes);
   }

@@ -35,14 +35,19 @@ export interface DrawOptions {
   parseXml: (text: string) => Document;
 }
 
-
 function titleOf(chart: Chart, data: Data, received: Received): string {
   const titles = frameTexts(chart, data, []).filter(({ role }) => role === 'title1' || role === 'title2');
   const title = titles.map(({ text }) => text.replace(/\s+/g, ' ')).join(' ');
   return title || received.description || chart.description || chart.name || 'Chart';
 }
 
-function rootOf(maker: Maker, width: number, height: number, title: string, description: string): SVGSVGElement {
+function rootOf(
+  maker: Maker,
+  width: number,
+  height: number,
+  title: string,
+  description: string,
+): SVGSVGElement {
   const titled = maker.make('title', {}, [title]);
   const described = description === '' ? [] : [maker.make('desc', {}, [description])];
   return maker.make(
@@ -104,6 +109,10 @@ export function draw(received: Received, options: DrawOptions): Drawn {
     svg.append(...parts);
     return { svg, width, height, title, notes: [...new Set(notes)], dataTable: table };
   } catch (error) {
-    return drawFailure(`The chart cannot be drawn: ${error instanceof Error ? error.message : String(error)}.`, received, maker);
+    return drawFailure(
+      `The chart cannot be drawn: ${error instanceof Error ? error.message : String(error)}.`,
+      received,
+      maker,
+    );
   }
 }

@@ -47,7 +47,11 @@ function figureText(label: Label, at: number, chart: Chart, data: Data, notes: s
   const values = element && data.values((element.y[0] ?? element.x[0]) as string);
   const figure = figures[piece.figure];
   if (!values || !figure) {
-    notes.push(figure ? `There is no ${piece.target} for a figure of a label.` : `The figure ${piece.figure} of a label is not known.`);
+    notes.push(
+      figure
+        ? `There is no ${piece.target} for a figure of a label.`
+        : `The figure ${piece.figure} of a label is not known.`,
+    );
     return '\u2013';
   }
   const sample = describe({ values: values.numbers, weights: data.weights(values.source) });
@@ -107,8 +111,12 @@ export interface LaidFrame extends FrameText {
 
 export function layFrame(text: FrameText, box: Rectangle): LaidFrame {
   const padding = paddingOf(text.frame.style);
-  const lines = text.text === '' ? [] : wrap(text.text, Math.max(20, box.width - padding.left - padding.right), text.look);
-  const needed = lines.length === 0 ? 0 : lines.length * lineHeight(text.look) + padding.top + Math.min(padding.bottom, 4);
+  const lines =
+    text.text === ''
+      ? []
+      : wrap(text.text, Math.max(20, box.width - padding.left - padding.right), text.look);
+  const needed =
+    lines.length === 0 ? 0 : lines.length * lineHeight(text.look) + padding.top + Math.min(padding.bottom, 4);
   return { ...text, box, lines, needed };
 }
 
@@ -116,9 +124,14 @@ export function drawFrame(laid: LaidFrame, maker: Maker): SVGElement {
   const { box, look, lines, frame } = laid;
   const group = maker.make('g', {});
   group.append(...drawBox(frame.style, box, maker));
-  if (lines.length === 0 || frame.label?.style.visible === false || frame.style.visible === false) return group;
+  if (lines.length === 0 || frame.label?.style.visible === false || frame.style.visible === false)
+    return group;
   const padding = paddingOf(frame.style);
-  const x = { start: box.left + padding.left, middle: box.left + box.width / 2, end: box.left + box.width - padding.right };
+  const x = {
+    start: box.left + padding.left,
+    middle: box.left + box.width / 2,
+    end: box.left + box.width - padding.right,
+  };
   group.append(maker.text(lines, x[look.align], box.top + padding.top + look.size * 0.9, look));
   return group;
 }

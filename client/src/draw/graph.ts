@@ -1,7 +1,16 @@
 /** Draws a graph: its panels with their axes and headers, in a rectangle of the page. */
 import type { Axis, Graph } from '../chart/model.js';
 import { pixels } from '../chart/markup.js';
-import { drawAxisTitle, drawTicks, isUpright, labelLookOf, layoutAxis, type AxisPlace, type DrawnAxis } from './axes.js';
+import {
+  drawAxisTitle,
+  drawTicks,
+  frameColor,
+  isUpright,
+  labelLookOf,
+  layoutAxis,
+  type AxisPlace,
+  type DrawnAxis,
+} from './axes.js';
 import { none, safeColor } from './colors.js';
 import { compile, type Scope } from './compile.js';
 import { directionOf, type Direction } from './directions.js';
@@ -17,7 +26,7 @@ import { drawPanel, type GridLines } from './plot.js';
 import { position } from './positions.js';
 import { baselineOf, equalUnits, scaleOf, withFunctions, type DrawnScale } from './scales.js';
 import type { Maker } from './svg.js';
-import { ticksOf, wantedTicks, wholeOnly, type Tick } from './ticks.js';
+import { fitsAcross, reachBeyond, ticksOf, wantedTicks, wholeOnly, type Tick } from './ticks.js';
 import type { Data } from '../data/columns.js';
 import type { Chart } from '../chart/model.js';
 
@@ -60,7 +69,8 @@ export function compileGraph(graph: Graph, chart: Chart, data: Data, notes: stri
     x: scaleOf(x, panels, places('x'), chart, notes),
     y: dotted(panels, y) ?? scaleOf(y, panels, places('y'), chart, notes),
   };
-  const counts = y.values.length === 0 && graph.elements.every((each) => countMethods.has(each.summary ?? 10));
+  const counts =
+    y.values.length === 0 && graph.elements.every((each) => countMethods.has(each.summary ?? 10));
   return { graph, chart, grid, x, y, orientation, panels, scales, guides, counts, notes };
 }
 
@@ -104,16 +114,36 @@ function derivedScale(compiled: CompiledGraph, scale: DrawnScale): DrawnScale {
   return withFunctions({ ...scale, direction, domain: [(100 * low) / total, (100 * high) / total] });
 }
 
-function ticksFor(compiled: CompiledGraph, axis: Axis, scale: DrawnScale, length: number, upright: boolean): Tick[] {
+function ticksFor(
+  compiled: CompiledGraph,
+  axis: Axis,
+  scale: DrawnScale,
+  length: number,
+  upright: boolean,
+): Tick[] {
   const { language } = compiled.chart;
-  const wanted = wantedTicks(scale, axis.ticks, length, upright, labelLookOf(axis), language);
-  const ticks = ticksOf(scale, axis.ticks, wanted, language);
+  const look = labelLookOf(axis);
+  let wanted = wantedTicks(scale, axis.ticks, length, upright, look, language);
+  let ticks = ticksOf(scale, axis.ticks, wanted, language);
+  // Fewer ticks are better than ticks of which some have no label.
+  const thins = !upright && scale.direction.kind !== 'category' && !axis.ticks?.delta;
+  while (thins && wanted > 2 && !fitsAcross(ticks, scale, length, look)) {
+    wanted -= 1;
+    ticks = ticksOf(scale, axis.ticks, wanted, language);
+  }
   return compiled.counts && scale.direction.name === 'y' && !axis.derived ? wholeOnly(ticks) : ticks;
 }
 
-function axesOf(compiled: CompiledGraph, scales: Layout['scales'], width: number, height: number, whole: Rectangle): DrawnAxis[] {
+function axesOf(
+  compiled: CompiledGraph,
+  scales: Layout['scales'],
+  { width, height, gapX }: PanelSize,
+  whole: Rectangle,
+): DrawnAxis[] {
   if (compiled.orientation.polar) return [];
   const { transposed } = compiled.orientation;
+  const several = countsOf(compiled.grid).columns > 1;
+  const overhang = several && gapX > 2 ? Math.max(0, gapX / 2 - 2) : Infinity;
   return (['x', 'y'] as const).flatMap((name) =>
     (compiled[name].dimension?.axes ?? []).map((axis): DrawnAxis => {
       const place = placeOfAxis(axis, name, transposed);
@@ -121,9 +151,23 @@ function axesOf(compiled: CompiledGraph, scales: Layout['scales'], width: number
       const length = upright ? height : width;
       const scale = axis.derived ? derivedScale(compiled, scales[name]) : scales[name];
       const ticks = axis.ticks ? ticksFor(compiled, axis, scale, length, upright) : [];
-      return layoutAxis(axis, scale, place, ticks, length, upright ? whole.height : whole.width, whole.width * 0.3);
+      const across = upright ? whole.height : whole.width;
+      const drawn = layoutAxis(axis, scale, place, ticks, length, across, whole.width * 0.3, overhang);
+      return !upright && several && gapX <= 2 ? { ...drawn, hidden: touchesNext } : drawn;
     }),
   );
+}
+
+/** Where panels touch, what stands at their common edge is written once, by the panel before it. */
+function touchesNext(tick: Tick, scale: DrawnScale): boolean {
+  return scale.unit(tick.value) < 0.01 && !scale.inverted;
+}
+
+interface PanelSize {
+  width: number;
+  height: number;
+  gapX: number;
+  gapY: number;
 }
 
 function gapsOf(compiled: CompiledGraph, side: 'columns' | 'rows', size: number): number {
@@ -140,7 +184,7 @@ function countsOf(grid: PanelGrid): { columns: number; rows: number } {
 }
 
 /** One panel less its gap; a chart with an aspect keeps it. */
-function panelSize(compiled: CompiledGraph, whole: Rectangle, rooms: Layout['rooms']) {
+function panelSize(compiled: CompiledGraph, whole: Rectangle, rooms: Layout['rooms']): PanelSize {
   const counts = countsOf(compiled.grid);
   const across = Math.max(30, whole.width - rooms.left - rooms.right);
   const upright = Math.max(30, whole.height - rooms.top - rooms.bottom);
@@ -156,10 +200,18 @@ function panelSize(compiled: CompiledGraph, whole: Rectangle, rooms: Layout['roo
   return { width, height, gapX, gapY };
 }
 
-function roomsOf(axes: DrawnAxis[], columnHeaders: Headers, rowHeaders: Headers, named: number): Layout['rooms'] {
-  const room = (place: AxisPlace) => axes.filter((axis) => axis.place === place).reduce((sum, axis) => sum + axis.room, 0);
-  const sideways = axes.filter((axis) => !isUpright(axis.place) && axis.layout.angle === 0);
-  const overhang = sideways.length > 0 ? edgeRoom + 4 : edgeRoom;
+function roomsOf(
+  axes: DrawnAxis[],
+  columnHeaders: Headers,
+  rowHeaders: Headers,
+  named: number,
+  width: number,
+): Layout['rooms'] {
+  const room = (place: AxisPlace) =>
+    axes.filter((axis) => axis.place === place).reduce((sum, axis) => sum + axis.room, 0);
+  const sideways = axes.filter((axis) => !isUpright(axis.place));
+  const beyond = sideways.map((axis) => reachBeyond(axis.layout, axis.scale, width, axis.labelLook));
+  const overhang = Math.max(edgeRoom, ...beyond.map((reach) => reach + 4));
   return {
     left: Math.max(room('left'), edgeRoom) + 2,
     right: Math.max(room('right') + rowHeaders.room, overhang, named),
@@ -176,10 +228,10 @@ function layoutOf(compiled: CompiledGraph, whole: Rectangle, named: number): Lay
   let axes: DrawnAxis[] = [];
   // Labels need to know how long axes are, which need to know how much room labels take.
   for (let pass = 0; pass < 3; pass += 1) {
-    const { width, height } = panelSize(compiled, whole, rooms);
-    scales = sameRatio(compiled, width, height);
-    axes = axesOf(compiled, scales, width, height, whole);
-    rooms = roomsOf(axes, columnHeaders, rowHeaders, named);
+    const size = panelSize(compiled, whole, rooms);
+    scales = sameRatio(compiled, size.width, size.height);
+    axes = axesOf(compiled, scales, size, whole);
+    rooms = roomsOf(axes, columnHeaders, rowHeaders, named, size.width);
   }
   const { width, height, gapX, gapY } = panelSize(compiled, whole, rooms);
   const counts = countsOf(compiled.grid);
@@ -187,7 +239,8 @@ function layoutOf(compiled: CompiledGraph, whole: Rectangle, named: number): Lay
   const spareX = whole.width - rooms.left - rooms.right - taken(width, gapX, counts.columns);
   rooms.left += Math.max(0, spareX / 2);
   const topDown = compiled.graph.layout?.topDown ?? true;
-  const starts = (size: number, gap: number, count: number) => Array.from({ length: count }, (_, at) => at * (size + gap));
+  const starts = (size: number, gap: number, count: number) =>
+    Array.from({ length: count }, (_, at) => at * (size + gap));
   const rowStarts = starts(height, gapY, counts.rows);
   return {
     axes,
@@ -204,13 +257,19 @@ function layoutOf(compiled: CompiledGraph, whole: Rectangle, named: number): Lay
 
 function sameRatio(compiled: CompiledGraph, width: number, height: number): Layout['scales'] {
   const { x, y } = compiled.scales;
-  const fits = x.method === 'linear' && y.method === 'linear' && x.direction.kind === 'number' && y.direction.kind === 'number';
+  const fits =
+    x.method === 'linear' &&
+    y.method === 'linear' &&
+    x.direction.kind === 'number' &&
+    y.direction.kind === 'number';
   if (!compiled.orientation.sameRatio || !fits) return compiled.scales;
   return compiled.orientation.transposed ? equalUnits(x, y, height, width) : equalUnits(x, y, width, height);
 }
 
 function gridLines(layout: Layout, across: boolean): GridLines | null {
-  const axis = layout.axes.find((each) => isUpright(each.place) === across && each.axis.ticks?.gridline && !each.axis.derived);
+  const axis = layout.axes.find(
+    (each) => isUpright(each.place) === across && each.axis.ticks?.gridline && !each.axis.derived,
+  );
   const style = axis?.axis.ticks?.gridline;
   if (!axis || !style || style.visible === false) return null;
   return {
@@ -281,7 +340,13 @@ function drawLineNames(layout: Layout, scope: GraphScope): SVGElement {
   return group;
 }
 
-function drawOne(compiled: CompiledGraph, layout: Layout, panel: Panel, at: number, scope: GraphScope): SVGElement {
+function drawOne(
+  compiled: CompiledGraph,
+  layout: Layout,
+  panel: Panel,
+  at: number,
+  scope: GraphScope,
+): SVGElement {
   const { maker } = scope;
   const scales = panelScales(compiled, layout, panel);
   const group = maker.make('g', {
@@ -292,7 +357,7 @@ function drawOne(compiled: CompiledGraph, layout: Layout, panel: Panel, at: numb
   const frame = {
     ...cell,
     color: safeColor(cell.color) ?? none,
-    color2: safeColor(cell.color2) ?? (several && !compiled.orientation.polar ? '#c9c9c9' : none),
+    color2: safeColor(cell.color2) ?? (several && !compiled.orientation.polar ? frameColor : none),
   };
   const { width, height } = layout;
   const { transposed } = compiled.orientation;
@@ -311,7 +376,6 @@ function drawOne(compiled: CompiledGraph, layout: Layout, panel: Panel, at: numb
     },
     gridlines: { across: gridLines(layout, true), upright: gridLines(layout, false) },
     frame,
-    named: true,
     notes: compiled.notes,
     clipId: `${scope.clipPrefix}-${at}`,
   };
@@ -321,13 +385,18 @@ function drawOne(compiled: CompiledGraph, layout: Layout, panel: Panel, at: numb
     const upright = isUpright(axis.place);
     const screen = upright ? 1 : 0;
     const scale = reflected(axis.scale, compiled.orientation, screen, upright ? panel.row : panel.column);
-    group.append(drawTicks({ ...axis, scale }, width, height, maker));
+    group.append(drawTicks({ ...axis, scale }, width, height, maker, several));
   }
   return group;
 }
 
 /** Room beside the panels that names of lines need is `named`. */
-export function drawGraph(compiled: CompiledGraph, whole: Rectangle, named: number, scope: GraphScope): SVGElement {
+export function drawGraph(
+  compiled: CompiledGraph,
+  whole: Rectangle,
+  named: number,
+  scope: GraphScope,
+): SVGElement {
   const { maker } = scope;
   const layout = layoutOf(compiled, whole, named);
   const left = whole.left + layout.rooms.left;
@@ -338,13 +407,19 @@ export function drawGraph(compiled: CompiledGraph, whole: Rectangle, named: numb
   const allHeight = Math.max(...layout.rowStarts) + layout.height;
   if (layout.columnHeaders.lines.length > 0) {
     const headers = drawColumnHeaders(layout.columnHeaders, layout.columnStarts, layout.width, maker);
-    const axisRoom = layout.axes.filter((axis) => axis.place === 'top').reduce((sum, axis) => sum + axis.room, 0);
+    const axisRoom = layout.axes
+      .filter((axis) => axis.place === 'top')
+      .reduce((sum, axis) => sum + axis.room, 0);
     headers.setAttribute('transform', `translate(0,${-axisRoom})`);
     group.append(headers);
   }
   if (layout.rowHeaders.lines.length > 0) {
-    const axisRoom = layout.axes.filter((axis) => axis.place === 'right').reduce((sum, axis) => sum + axis.room, 0);
-    group.append(drawRowHeaders(layout.rowHeaders, layout.rowStarts, layout.height, allWidth + axisRoom, maker));
+    const axisRoom = layout.axes
+      .filter((axis) => axis.place === 'right')
+      .reduce((sum, axis) => sum + axis.room, 0);
+    group.append(
+      drawRowHeaders(layout.rowHeaders, layout.rowStarts, layout.height, allWidth + axisRoom, maker),
+    );
   }
   if (scope.lineNames.length > 0) group.append(drawLineNames(layout, scope));
   for (const axis of layout.axes) {

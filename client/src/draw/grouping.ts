@@ -57,7 +57,9 @@ export function cycleOf(aesthetic: Aesthetic, chart: Chart): Style[] {
   const own = chart.cycles.get(aesthetic.cycle)?.cycles.flatMap((cycle) => cycle.styles) ?? [];
   if (own.some((style) => (says[kind] ?? (() => true))(style))) return own;
   const repository = chart.cycles.get(chart.parts.get('styleCycleRepository') ?? 'styleCycleRepository');
-  const named = repository?.cycles.find((cycle) => cycle.id === aesthetic.cycle || cycle.id === `cycle_${kind}`);
+  const named = repository?.cycles.find(
+    (cycle) => cycle.id === aesthetic.cycle || cycle.id === `cycle_${kind}`,
+  );
   if (named?.styles.some((style) => (says[kind] ?? (() => true))(style))) return named.styles;
   return ownCycles[kind] ?? ownCycles['color']!;
 }
@@ -127,14 +129,24 @@ export class Grouping {
 }
 
 /** The variables that make groups of an element's rows; the one that clusters are made of comes last. */
-export function groupingOf(element: ChartElement, chart: Chart, data: Data, cluster: Direction['cluster']): Grouping {
+export function groupingOf(
+  element: ChartElement,
+  chart: Chart,
+  data: Data,
+  cluster: Direction['cluster'],
+): Grouping {
   const variables: GroupVariable[] = [];
   for (const aesthetic of element.aesthetics) {
     const values = data.values(aesthetic.variable);
     if (!values || !isGrouping(aesthetic, values, chart)) continue;
     const known = variables.find((variable) => variable.values === values);
     if (known) known.aesthetics.push(aesthetic);
-    else variables.push({ values, categories: categoriesOf(chart, values, aesthetic.domain), aesthetics: [aesthetic] });
+    else
+      variables.push({
+        values,
+        categories: categoriesOf(chart, values, aesthetic.domain),
+        aesthetics: [aesthetic],
+      });
   }
   if (cluster && !variables.some((variable) => variable.values === cluster.values)) {
     variables.push({ values: cluster.values, categories: cluster.categories, aesthetics: [] });

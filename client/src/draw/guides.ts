@@ -1,13 +1,16 @@
 /** Reference lines and function lines, and their names beside them. */
 import * as Plot from '@observablehq/plot';
+import { leastIndex } from 'd3';
 import type { Guide } from '../chart/model.js';
 import { parseExpression, type Expression } from '../data/expression.js';
 import { none } from './colors.js';
 import { holds } from './conditions.js';
 import { placeOf, type Direction } from './directions.js';
 import { ownLook, ownTexts, styled, type Look } from './looks.js';
+import type { Layer } from './layers.js';
 import type { Canvas } from './marks.js';
 import type { Panel } from './panels.js';
+import { textWidth } from './text.js';
 
 /** A guide as it is drawn: at a place along a direction, or along a function of x. */
 export interface DrawnGuide {
@@ -26,7 +29,8 @@ export function guidesOf(guides: Guide[], x: Direction, y: Direction, notes: str
     for (const direction of [x, y]) {
       const text = guide[direction.name];
       const place = text ? placeOf(direction, text) : null;
-      if (place !== null) return [{ guide, look, at: { direction: direction.name, place }, expression: null }];
+      if (place !== null)
+        return [{ guide, look, at: { direction: direction.name, place }, expression: null }];
     }
     const text = guide.value ?? guide.y ?? '';
     try {
@@ -54,16 +58,49 @@ function curve(expression: Expression, canvas: Canvas): { x: number; y: number }
   });
 }
 
-function nameMark(name: string, x: number, y: number, canvas: Canvas, beside: boolean, atEnd: boolean): Plot.Markish {
+interface NamePlace {
+  /** Shares of the width, and of the height from below. */
+  across: number;
+  up: number;
+  anchor: 'start' | 'end';
+  above: boolean;
+}
+
+/** How many shapes a name there would cover. */
+function covered(place: NamePlace, name: string, canvas: Canvas, layers: Layer[]): number {
+  const width = textWidth(name, ownTexts.guideLabel) + 8;
+  const height = ownTexts.guideLabel.size + 6;
+  const left = place.across * canvas.width - (place.anchor === 'end' ? width : 0);
+  const bottom = place.up * canvas.height - (place.above ? 0 : height);
+  let count = 0;
+  for (const layer of layers) {
+    for (const shape of layer.shapes) {
+      const [x, y] = [canvas.x.unit(shape.x), canvas.y.unit(shape.y)];
+      const [across, up] = canvas.transposed
+        ? [y * canvas.width, x * canvas.height]
+        : [x * canvas.width, y * canvas.height];
+      if (across >= left && across <= left + width && up >= bottom && up <= bottom + height) count += 1;
+    }
+  }
+  return count;
+}
+
+/** The first of the places where a name covers the fewest shapes. */
+function freest(places: NamePlace[], name: string, canvas: Canvas, layers: Layer[]): NamePlace {
+  return places[leastIndex(places, (place) => covered(place, name, canvas, layers)) ?? 0]!;
+}
+
+function nameMark(name: string, place: NamePlace, canvas: Canvas): Plot.Markish {
   const look = ownTexts.guideLabel;
-  return Plot.text([{ x, y }], {
+  const [across, upright] = canvas.transposed ? [canvas.y, canvas.x] : [canvas.x, canvas.y];
+  return Plot.text([{ x: across.value(place.across), y: upright.value(place.up) }], {
     x: 'x',
     y: 'y',
     text: () => name,
-    textAnchor: beside ? (atEnd ? 'end' : 'start') : 'end',
-    lineAnchor: beside ? 'top' : 'bottom',
-    dx: beside ? (atEnd ? -5 : 5) : -4,
-    dy: beside ? 4 : -4,
+    textAnchor: place.anchor,
+    lineAnchor: place.above ? 'bottom' : 'top',
+    dx: place.anchor === 'end' ? -5 : 5,
+    dy: place.above ? -4 : 4,
     fontFamily: look.family,
     fontSize: look.size,
     fill: look.color,
@@ -79,35 +116,44 @@ const stroke = (look: Look) => ({
   ...(look.dashes.length > 0 ? { strokeDasharray: look.dashes.join(' ') } : {}),
 });
 
-/** The value at a share of what runs across or upwards on the screen. */
-function screenValue(canvas: Canvas, direction: 'x' | 'y', share: number): number {
-  const scale = (direction === 'x') === !canvas.transposed ? canvas.x : canvas.y;
-  return scale.value(share);
+interface GuideMarks {
+  line: Plot.Markish;
+  name: Plot.Markish | null;
 }
 
-function lineMarks(drawn: DrawnGuide, canvas: Canvas, named: boolean): { line: Plot.Markish; name: Plot.Markish | null } {
+function lineMarks(drawn: DrawnGuide, canvas: Canvas, layers: Layer[]): GuideMarks {
   const { direction, place } = drawn.at!;
   const upright = (direction === 'x') === !canvas.transposed;
-  const scale = direction === 'x' ? canvas.x : canvas.y;
+  const at = (direction === 'x' ? canvas.x : canvas.y).unit(place);
   const line = upright ? Plot.ruleX([place], stroke(drawn.look)) : Plot.ruleY([place], stroke(drawn.look));
   const { name } = drawn.guide;
-  if (!named || !name) return { line, name: null };
-  const far = scale.unit(place) > 0.75;
-  const mark = upright
-    ? nameMark(name, place, screenValue(canvas, 'y', 1), canvas, true, far)
-    : nameMark(name, screenValue(canvas, 'x', 1), place, canvas, false, true);
-  return { line, name: mark };
+  if (!name || at < 0 || at > 1) return { line, name: null };
+  const beside = (up: number): NamePlace[] => [
+    { across: at, up, anchor: at > 0.75 ? 'end' : 'start', above: up === 0 },
+    { across: at, up, anchor: at > 0.75 ? 'start' : 'end', above: up === 0 },
+  ];
+  const along = (above: boolean): NamePlace[] => [
+    { across: 1, up: at, anchor: 'end', above },
+    { across: 0, up: at, anchor: 'start', above },
+  ];
+  const places = upright ? [...beside(1), ...beside(0)] : [...along(true), ...along(false)];
+  return { line, name: nameMark(name, freest(places, name, canvas, layers), canvas) };
 }
 
-function functionMarks(drawn: DrawnGuide, canvas: Canvas, named: boolean): { line: Plot.Markish; name: Plot.Markish | null } {
-  const places = curve(drawn.expression!, canvas).map((place) =>
-    canvas.transposed ? { x: place.y, y: place.x } : place,
-  );
-  const line = Plot.line(places, { x: 'x', y: 'y', ...stroke(drawn.look) });
-  const shown = places.filter(({ x, y }) => !Number.isNaN(x) && !Number.isNaN(y));
-  const last = shown[shown.length - 1];
+function functionMarks(drawn: DrawnGuide, canvas: Canvas, layers: Layer[]): GuideMarks {
+  const places = curve(drawn.expression!, canvas);
+  const shown = places.filter(({ y }) => !Number.isNaN(y));
+  const turned = canvas.transposed ? places.map(({ x, y }) => ({ x: y, y: x })) : places;
+  const line = Plot.line(turned, { x: 'x', y: 'y', ...stroke(drawn.look) });
   const { name } = drawn.guide;
-  return { line, name: named && name && last ? nameMark(name, last.x, last.y, canvas, false, true) : null };
+  if (!name || shown.length === 0) return { line, name: null };
+  const ends = [shown[shown.length - 1]!, shown[0]!].map(({ x, y }, at): NamePlace => {
+    const [across, up] = canvas.transposed
+      ? [canvas.y.unit(y), canvas.x.unit(x)]
+      : [canvas.x.unit(x), canvas.y.unit(y)];
+    return { across, up, anchor: at === 0 ? 'end' : 'start', above: up < 0.95 };
+  });
+  return { line, name: nameMark(name, freest(ends, name, canvas, layers), canvas) };
 }
 
 /** The marks of a guide in a panel; null where a condition hides it there. */
@@ -115,14 +161,14 @@ export function guideMarks(
   drawn: DrawnGuide,
   panel: Panel,
   canvas: Canvas,
-  named: boolean,
+  layers: Layer[],
   notes: string[],
-): { line: Plot.Markish; name: Plot.Markish | null } | null {
+): GuideMarks | null {
   let { look } = drawn;
   for (const condition of drawn.guide.conditions) {
     if (holds(condition.when, panel, notes)) look = styled(look, condition.style, 'guide');
   }
   if (!look.visible) return null;
   const here = { ...drawn, look };
-  return drawn.at ? lineMarks(here, canvas, named) : functionMarks(here, canvas, named);
+  return drawn.at ? lineMarks(here, canvas, layers) : functionMarks(here, canvas, layers);
 }

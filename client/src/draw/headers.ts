@@ -8,6 +8,8 @@ import { lineHeight, shorten, textLook, type TextLook } from './text.js';
 
 interface HeaderLine {
   look: TextLook;
+  /** A title has a rule below it, over all that it is the title of. */
+  ruled: boolean;
   /** Texts over so many neighbouring strips each. */
   spans: { from: number; to: number; text: string }[];
 }
@@ -19,12 +21,18 @@ export interface Headers {
 }
 
 const gapToPanels = 5;
+const ruleRoom = 5;
+
+const heightOf = (line: HeaderLine) => lineHeight(line.look) + (line.ruled ? ruleRoom : 0);
 
 function titleLine(level: PanelLevel | undefined, count: number): HeaderLine[] {
   const text = plainText(level?.axis?.label ?? null);
   if (text === '' || level?.axis?.label?.style.visible === false) return [];
-  const look = { ...textLook(level?.axis?.label?.style ?? {}, ownTexts.panelTitle), align: 'middle' as const };
-  return [{ look, spans: [{ from: 0, to: count, text }] }];
+  const look = {
+    ...textLook(level?.axis?.label?.style ?? {}, ownTexts.panelTitle),
+    align: 'middle' as const,
+  };
+  return [{ look, ruled: true, spans: [{ from: 0, to: count, text }] }];
 }
 
 function labelLook(level: PanelLevel | undefined): TextLook {
@@ -34,7 +42,10 @@ function labelLook(level: PanelLevel | undefined): TextLook {
 /** Neighbours that have the same categories down to this variable share a label. */
 function spansOf(side: PanelSide, at: number): HeaderLine['spans'] {
   const spans: HeaderLine['spans'] = [];
-  const key = (strip: number) => side.strips[strip]!.categories.slice(0, at + 1).map((each) => each.code).join('|');
+  const key = (strip: number) =>
+    side.strips[strip]!.categories.slice(0, at + 1)
+      .map((each) => each.code)
+      .join('|');
   side.strips.forEach((strip, index) => {
     const last = spans[spans.length - 1];
     if (last && key(index) === key(index - 1)) last.to = index + 1;
@@ -48,44 +59,73 @@ export function headersOf(side: PanelSide, blended: string[], graph: Graph): Hea
   const levels = graph.layout?.levels ?? [];
   const lines: HeaderLine[] = side.variables.flatMap((variable, at) => {
     const level = levels.find((each) => each.level === variable.level);
-    return [...titleLine(level, side.strips.length), { look: labelLook(level), spans: spansOf(side, at) }];
+    return [
+      ...titleLine(level, side.strips.length),
+      { look: labelLook(level), ruled: at < side.variables.length - 1, spans: spansOf(side, at) },
+    ];
   });
   if (blended.length > 0) {
     const spans = blended.map((text, at) => ({ from: at, to: at + 1, text }));
-    lines.push({ look: { ...ownTexts.panelTitle }, spans });
+    lines.push({ look: { ...ownTexts.panelTitle }, ruled: false, spans });
   }
-  const room = lines.reduce((sum, line) => sum + lineHeight(line.look), 0);
+  const room = lines.reduce((sum, line) => sum + heightOf(line), 0);
   return { lines, room: lines.length > 0 ? room + gapToPanels : 0 };
 }
 
 /** Over the columns, whose places are given; the panels begin at y = 0. */
-export function drawColumnHeaders(headers: Headers, starts: number[], width: number, maker: Maker): SVGElement {
+export function drawColumnHeaders(
+  headers: Headers,
+  starts: number[],
+  width: number,
+  maker: Maker,
+): SVGElement {
   const group = maker.group('Columns of panels', 'group');
   let y = -headers.room;
-  for (const { look, spans } of headers.lines) {
+  for (const line of headers.lines) {
+    const { look, spans, ruled } = line;
     for (const { from, to, text } of spans) {
       const left = starts[from]!;
       const right = starts[to - 1]! + width;
-      group.append(maker.text([shorten(text, right - left, look)], (left + right) / 2, y + look.size * 0.95, look));
+      group.append(
+        maker.text([shorten(text, right - left, look)], (left + right) / 2, y + look.size * 0.95, look),
+      );
+      if (!ruled) continue;
+      const d = `M${left.toFixed(2)},${y + lineHeight(look) + 1} H${right.toFixed(2)}`;
+      group.append(
+        maker.make('path', {
+          d,
+          stroke: '#b3b3b3',
+          'stroke-width': 0.75,
+          fill: 'none',
+          'aria-hidden': 'true',
+        }),
+      );
     }
-    y += lineHeight(look);
+    y += heightOf(line);
   }
   return group;
 }
 
 /** Beside the rows, turned; `x` is where the room of the headers begins. */
-export function drawRowHeaders(headers: Headers, starts: number[], height: number, x: number, maker: Maker): SVGElement {
+export function drawRowHeaders(
+  headers: Headers,
+  starts: number[],
+  height: number,
+  x: number,
+  maker: Maker,
+): SVGElement {
   const group = maker.group('Rows of panels', 'group');
   let across = x + gapToPanels;
   // The category stands next to its panels, the title outside.
-  for (const { look, spans } of [...headers.lines].reverse()) {
+  for (const line of [...headers.lines].reverse()) {
+    const { look, spans } = line;
     for (const { from, to, text } of spans) {
       const top = starts[from]!;
       const bottom = starts[to - 1]! + height;
       const transform = `translate(${Math.round(across + look.size * 0.3)},${Math.round((top + bottom) / 2)}) rotate(90)`;
       group.append(maker.text([shorten(text, bottom - top, look)], 0, 0, look, { transform }));
     }
-    across += lineHeight(look);
+    across += heightOf(line);
   }
   return group;
 }

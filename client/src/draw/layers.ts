@@ -9,7 +9,16 @@ import type { Look } from './looks.js';
 import type { Range, Varied } from './ranges.js';
 
 export type LayerKind =
-  'points' | 'dots' | 'line' | 'bars' | 'errors' | 'area' | 'boxes' | 'edges' | 'polygon' | 'slices';
+  | 'points'
+  | 'dots'
+  | 'line'
+  | 'bars'
+  | 'errors'
+  | 'area'
+  | 'boxes'
+  | 'edges'
+  | 'polygon'
+  | 'slices';
 
 /** One place. Bars, areas and edges reach from x1, y1 to x2, y2. */
 export interface Shape {
@@ -46,6 +55,8 @@ export interface Layer {
   look: Look;
   /** The category of the cluster variable that the group belongs to; null where there is none. */
   slot: { at: number; of: number } | null;
+  /** Where its bars begin. */
+  baseline: number;
   /** Whether its bars stand over classes and touch. */
   binned: boolean;
   /** The styles of a box plot's parts, resolved. */

@@ -37,6 +37,7 @@ export interface LaidLegend {
   across: boolean;
 }
 
+const neutral = '#737373';
 const swatchWidth = 22;
 const swatchHeight = 13;
 const gapToText = 7;
@@ -71,7 +72,8 @@ function lookKind(element: ChartElement): LookKind {
   return element.kind === 'interval' && element.summary === 7 ? 'error' : element.kind;
 }
 
-const ownLookOf = (element: ChartElement) => styled(ownLook(lookKind(element)), element.style, lookKind(element));
+const ownLookOf = (element: ChartElement) =>
+  styled(ownLook(lookKind(element)), element.style, lookKind(element));
 
 function groupEntries(target: Target, scope: LegendScope, look: TextLook): Entry[] {
   const { element } = target;
@@ -98,14 +100,23 @@ function rangeSection(target: Target, range: Range, look: TextLook): Section {
   const text = (value: number) => range.values.textOf(value);
   if (range.aesthetic.kind === 'color') {
     const share = (value: number) => (value - range.low) / (range.high - range.low || 1);
-    return { entries: [], ramp: { range, ticks: shown.map((value) => ({ share: share(value), text: text(value) })) } };
+    return {
+      entries: [],
+      ramp: { range, ticks: shown.map((value) => ({ share: share(value), text: text(value) })) },
+    };
   }
   const kind = lookKind(target.element);
-  const own = ownLookOf(target.element);
+  // Where colours show something else, sizes are explained without one.
+  const colored = target.element.aesthetics.some((each) => each.kind === 'color' || each.kind === 'styleBy');
+  const own = { ...ownLookOf(target.element), ...(colored ? { fill: neutral } : {}) };
   const entries = shown.map((value): Entry => {
     const varied = range.lookOf(value);
     const size = varied.size ?? own.size;
-    return { look: { ...own, size, opacity: varied.opacity ?? own.opacity }, kind, lines: wrap(text(value), widestText, look) };
+    return {
+      look: { ...own, size, opacity: varied.opacity ?? own.opacity },
+      kind,
+      lines: wrap(text(value), widestText, look),
+    };
   });
   return { entries, ramp: null };
 }
@@ -133,7 +144,9 @@ function sectionsOf(legend: Legend, scope: LegendScope, look: TextLook): Section
     const key = grouped ? aesthetic.variable : `${aesthetic.kind} ${aesthetic.variable}`;
     if (done.has(key)) continue;
     done.add(key);
-    const range = grouped ? null : rangesOf(element, scope.chart, scope.data).find((each) => each.aesthetic === aesthetic);
+    const range = grouped
+      ? null
+      : rangesOf(element, scope.chart, scope.data).find((each) => each.aesthetic === aesthetic);
     if (range) sections.push(rangeSection(target, range, look));
     else sections.push({ entries: groupEntries(target, scope, look), ramp: null });
   }
@@ -154,14 +167,19 @@ function sectionSize(section: Section, look: TextLook, across: boolean): { width
   const heights = section.entries.map((entry) => entryHeight(entry, look));
   const total = (values: number[]) => values.reduce((sum, value) => sum + value, 0);
   return across
-    ? { width: total(widths) + gapOfColumns * Math.max(0, widths.length - 1), height: Math.max(0, ...heights) }
+    ? {
+        width: total(widths) + gapOfColumns * Math.max(0, widths.length - 1),
+        height: Math.max(0, ...heights),
+      }
     : { width: Math.max(0, ...widths), height: total(heights) };
 }
 
 export function layLegend(legend: Legend, scope: LegendScope, across: boolean): LaidLegend | null {
   const look = textLook(legend.textStyle, ownTexts.legendLabel);
   const titleLook = textLook(legend.label?.style ?? {}, ownTexts.legendTitle);
-  const sections = sectionsOf(legend, scope, look).filter((section) => section.ramp || section.entries.length > 0);
+  const sections = sectionsOf(legend, scope, look).filter(
+    (section) => section.ramp || section.entries.length > 0,
+  );
   if (legend.style.visible === false || sections.length === 0) return null;
   const text = legend.label?.style.visible === false ? '' : plainText(legend.label);
   const title = text === '' ? [] : wrap(text, widestText, titleLook);
@@ -175,8 +193,10 @@ export function layLegend(legend: Legend, scope: LegendScope, across: boolean): 
     look,
     sections,
     across,
-    width: Math.max(widest(title, titleLook), ...sizes.map((size) => size.width)) + padding.left + padding.right,
-    height: titleHeight + sizes.reduce((sum, size) => sum + size.height + 6, 0) + padding.top + padding.bottom,
+    width:
+      Math.max(widest(title, titleLook), ...sizes.map((size) => size.width)) + padding.left + padding.right,
+    height:
+      titleHeight + sizes.reduce((sum, size) => sum + size.height + 6, 0) + padding.top + padding.bottom,
   };
 }
 
@@ -205,7 +225,8 @@ function swatch(entry: Entry, patterns: Patterns, maker: Maker): SVGElement {
       [stroked ? 'stroke-opacity' : 'fill-opacity']: opacity,
     });
   }
-  const outline = look.stroke === none || look.stroke === '#ffffff' ? (look.pattern > 1 ? look.fill : none) : look.stroke;
+  const outline =
+    look.stroke === none || look.stroke === '#ffffff' ? (look.pattern > 1 ? look.fill : none) : look.stroke;
   return maker.make('rect', {
     x: -swatchWidth / 2 + 2,
     y: -swatchHeight / 2,
@@ -241,10 +262,18 @@ function drawRamp(section: Section, look: TextLook, x: number, y: number, maker:
 }
 
 /** A legend with its corner at left, top. */
-export function drawLegend(laid: LaidLegend, left: number, top: number, patterns: Patterns, maker: Maker): SVGElement {
+export function drawLegend(
+  laid: LaidLegend,
+  left: number,
+  top: number,
+  patterns: Patterns,
+  maker: Maker,
+): SVGElement {
   const { legend, title, titleLook, look, sections, across } = laid;
   const name = `Legend${title.length > 0 ? `: ${title.join(' ')}` : ''}`;
-  const group = maker.group(name, 'group', { transform: `translate(${Math.round(left)},${Math.round(top)})` });
+  const group = maker.group(name, 'group', {
+    transform: `translate(${Math.round(left)},${Math.round(top)})`,
+  });
   group.append(...drawBox(legend.style, { left: 0, top: 0, width: laid.width, height: laid.height }, maker));
   const padding = paddingOf(legend.style);
   let y = padding.top;
@@ -273,4 +302,3 @@ export function drawLegend(laid: LaidLegend, left: number, top: number, patterns
   }
   return group;
 }
-

@@ -6,7 +6,7 @@ import { stackDots } from './dots.js';
 import type { Layer, Shape } from './layers.js';
 import type { Look } from './looks.js';
 import { ownTexts } from './looks.js';
-import type { Patterns } from './patterns.js';
+import { isSolid, type Patterns } from './patterns.js';
 import type { DrawnScale } from './scales.js';
 import { isStroked, symbolType } from './symbols.js';
 import { textLook, type TextLook } from './text.js';
@@ -46,7 +46,11 @@ function options(all: Record<string, unknown>): Record<string, unknown> {
 
 function strokeOf(look: Look): Record<string, unknown> {
   const stroke = look.stroke === none || look.strokeWidth === 0 ? none : look.stroke;
-  return options({ stroke, strokeWidth: stroke === none ? undefined : look.strokeWidth, strokeDasharray: dashOf(look) });
+  return options({
+    stroke,
+    strokeWidth: stroke === none ? undefined : look.strokeWidth,
+    strokeDasharray: dashOf(look),
+  });
 }
 
 function lineOptions(look: Look): Record<string, unknown> {
@@ -65,7 +69,8 @@ function fillOf(canvas: Canvas, look: Look, shapes: Shape[]): Record<string, unk
   const fill = first?.fill
     ? asIs((shape) => canvas.patterns.fill(shape.varied?.fill ?? look.fill, look.pattern))
     : canvas.patterns.fill(look.fill, look.pattern);
-  const opacity = first?.opacity === undefined ? look.opacity : asIs((shape) => shape.varied?.opacity ?? look.opacity);
+  const opacity =
+    first?.opacity === undefined ? look.opacity : asIs((shape) => shape.varied?.opacity ?? look.opacity);
   return { fill, fillOpacity: opacity };
 }
 
@@ -75,7 +80,9 @@ function pointMarks(canvas: Canvas, layer: Layer, shapes: Shape[]): Plot.Markish
   const size = shapes[0]?.varied?.size;
   const color = shapes[0]?.varied?.fill ? asIs((shape) => shape.varied?.fill ?? look.fill) : look.fill;
   const opacity =
-    shapes[0]?.varied?.opacity === undefined ? look.opacity : asIs((shape) => shape.varied?.opacity ?? look.opacity);
+    shapes[0]?.varied?.opacity === undefined
+      ? look.opacity
+      : asIs((shape) => shape.varied?.opacity ?? look.opacity);
   const paint = stroked
     ? { stroke: color, strokeWidth: Math.max(1.4, look.size / 5), strokeOpacity: opacity, fill: none }
     : { ...fillOf(canvas, look, shapes), ...strokeOf(look) };
@@ -99,15 +106,31 @@ function grounded(canvas: Canvas, shapes: Shape[]): Shape[] {
   return shapes.map((shape) => ({ ...shape, y1: above(shape.y1), y2: above(shape.y2) }));
 }
 
+/** Bars with less room than that in pixels have no outline, which would hide them. */
+const leastOutlined = 4;
+
+/** Patterns need a line around them; thin bars need at least a pixel. */
+function outlined(canvas: Canvas, layer: Layer, width: number): Look {
+  const { look } = layer;
+  if (width < 1) return { ...look, stroke: look.fill, strokeWidth: 1 - width };
+  if (width < leastOutlined) return { ...look, stroke: none };
+  const own = layer.element.style.color2 !== undefined;
+  return !isSolid(look.pattern) && !own && look.stroke === '#ffffff' ? { ...look, stroke: look.fill } : look;
+}
+
 function barMarks(canvas: Canvas, layer: Layer): Plot.Markish[] {
   const shapes = grounded(canvas, layer.shapes);
-  const paint = { ...fillOf(canvas, layer.look, shapes), ...strokeOf(layer.look) };
+  const extent = canvas.transposed ? canvas.height : canvas.width;
+  const widths = shapes.map((s) => Math.abs(canvas.x.unit(s.x2!) - canvas.x.unit(s.x1!)) * extent);
+  const look = outlined(canvas, layer, Math.min(Infinity, ...widths.slice(0, 10_000)));
+  const paint = { ...fillOf(canvas, look, shapes), ...strokeOf(look) };
   return [Plot.rect(shapes, { ...channels(canvas, rectangle), ...paint } as Plot.RectOptions)];
 }
 
 function areaMarks(canvas: Canvas, layer: Layer): Plot.Markish[] {
   const shapes = grounded(canvas, layer.shapes);
-  const paint = { ...fillOf(canvas, layer.look, shapes), ...strokeOf(layer.look) };
+  const look = outlined(canvas, layer, Infinity);
+  const paint = { ...fillOf(canvas, look, shapes), ...strokeOf(look) };
   const own = channels(canvas, { x: (s) => s.x, y1: (s) => s.y1, y2: (s) => s.y2 });
   const all = { ...own, ...paint, z: null } as unknown as Plot.AreaYOptions & Plot.AreaXOptions;
   return [canvas.transposed ? Plot.areaX(shapes, all) : Plot.areaY(shapes, all)];
@@ -141,8 +164,18 @@ function links(canvas: Canvas, shapes: Shape[], own: Channels, look: Look): Plot
 function errorMarks(canvas: Canvas, layer: Layer): Plot.Markish[] {
   const { shapes, look } = layer;
   const cap = (bound: 'low' | 'high') =>
-    links(canvas, shapes, { x1: (s) => s.x1, x2: (s) => s.x2, y1: (s) => s[bound], y2: (s) => s[bound] }, look);
-  const stem = links(canvas, shapes, { x1: (s) => s.x, x2: (s) => s.x, y1: (s) => s.low, y2: (s) => s.high }, look);
+    links(
+      canvas,
+      shapes,
+      { x1: (s) => s.x1, x2: (s) => s.x2, y1: (s) => s[bound], y2: (s) => s[bound] },
+      look,
+    );
+  const stem = links(
+    canvas,
+    shapes,
+    { x1: (s) => s.x, x2: (s) => s.x, y1: (s) => s.low, y2: (s) => s.high },
+    look,
+  );
   const dot = { ...look, symbol: 'circle', fill: look.fill, stroke: none };
   return [stem, cap('low'), cap('high'), ...pointMarks(canvas, { ...layer, look: dot }, shapes)];
 }
@@ -158,14 +191,35 @@ function boxMarks(canvas: Canvas, layer: Layer): Plot.Markish[] {
     links(canvas, shapes, { x1: (s) => s.x, x2: (s) => s.x, y1: from, y2: to }, parts.fence);
   const cap = (at: (s: Shape) => number) => {
     const side = (s: Shape, sign: number) => s.x + (sign * capShare * (s.x2! - s.x1!)) / 2;
-    return links(canvas, shapes, { x1: (s) => side(s, -1), x2: (s) => side(s, 1), y1: at, y2: at }, parts.fence);
+    return links(
+      canvas,
+      shapes,
+      { x1: (s) => side(s, -1), x2: (s) => side(s, 1), y1: at, y2: at },
+      parts.fence,
+    );
   };
-  const body: Channels = { x1: (s) => s.x1, x2: (s) => s.x2, y1: (s) => box(s).lowerHinge, y2: (s) => box(s).upperHinge };
+  const body: Channels = {
+    x1: (s) => s.x1,
+    x2: (s) => s.x2,
+    y1: (s) => box(s).lowerHinge,
+    y2: (s) => box(s).upperHinge,
+  };
   const paint = { ...fillOf(canvas, { ...parts.hinge, fill: look.fill }, []), ...strokeOf(parts.hinge) };
-  const middle: Channels = { x1: (s) => s.x1, x2: (s) => s.x2, y1: (s) => box(s).median, y2: (s) => box(s).median };
+  const middle: Channels = {
+    x1: (s) => s.x1,
+    x2: (s) => s.x2,
+    y1: (s) => box(s).median,
+    y2: (s) => box(s).median,
+  };
   return [
-    whisker((s) => box(s).upperHinge, (s) => box(s).highest),
-    whisker((s) => box(s).lowerHinge, (s) => box(s).lowest),
+    whisker(
+      (s) => box(s).upperHinge,
+      (s) => box(s).highest,
+    ),
+    whisker(
+      (s) => box(s).lowerHinge,
+      (s) => box(s).lowest,
+    ),
     cap((s) => box(s).highest),
     cap((s) => box(s).lowest),
     Plot.rect(shapes, { ...channels(canvas, body), ...paint } as Plot.RectOptions),
@@ -177,8 +231,8 @@ function boxMarks(canvas: Canvas, layer: Layer): Plot.Markish[] {
 function outlierMarks(canvas: Canvas, layer: Layer): Plot.Markish[] {
   const places = (extreme: boolean) =>
     layer.shapes.flatMap((shape) =>
-      shape.box!.outliers
-        .filter((outlier) => outlier.extreme === extreme)
+      shape
+        .box!.outliers.filter((outlier) => outlier.extreme === extreme)
         .map((outlier): Shape => ({ x: shape.x, y: outlier.value })),
     );
   return [false, true].flatMap((extreme) => {

@@ -61,7 +61,9 @@ function stripsOf(variables: PanelVariable[], nested: boolean): Strip[] {
   if (variables.length === 0) return [{ categories: [] }];
   const all = variables.reduce<Strip[]>(
     (strips, variable) =>
-      cross(strips, variable.categories, (strip, category) => ({ categories: [...strip.categories, category] })),
+      cross(strips, variable.categories, (strip, category) => ({
+        categories: [...strip.categories, category],
+      })),
     [{ categories: [] }],
   );
   return nested ? all.filter((strip) => occurs(variables, strip)) : all;
@@ -70,7 +72,8 @@ function stripsOf(variables: PanelVariable[], nested: boolean): Strip[] {
 function occurs(variables: PanelVariable[], strip: Strip): boolean {
   const rows = Math.max(...variables.map((variable) => variable.values.numbers.length));
   for (let row = 0; row < rows; row += 1) {
-    if (variables.every((variable, at) => variable.values.numbers[row] === strip.categories[at]?.code)) return true;
+    if (variables.every((variable, at) => variable.values.numbers[row] === strip.categories[at]?.code))
+      return true;
   }
   return false;
 }
@@ -89,7 +92,10 @@ function sidesOf(graph: Graph, chart: Chart, data: Data): { columns: PanelSide; 
       if (values) side.variables.push({ level, values, categories: categoriesOf(chart, values) });
     }
   });
-  const [columns, rows] = sides.map(({ variables, nested }) => ({ variables, strips: stripsOf(variables, nested) }));
+  const [columns, rows] = sides.map(({ variables, nested }) => ({
+    variables,
+    strips: stripsOf(variables, nested),
+  }));
   return { columns: columns!, rows: rows! };
 }
 
@@ -104,7 +110,10 @@ function blendOf(graph: Graph, data: Data, direction: 'x' | 'y'): Blend | null {
     for (const id of element[direction]) {
       const terms = data.terms(id);
       if (terms.length < 2 || terms.every((term) => term.category === '')) continue;
-      return { id, terms: terms.map((term) => ({ variable: term.variable, text: termText(term.category, data) })) };
+      return {
+        id,
+        terms: terms.map((term) => ({ variable: term.variable, text: termText(term.category, data) })),
+      };
     }
   }
   return null;
@@ -152,13 +161,16 @@ export function panelGrid(graph: Graph, chart: Chart, data: Data, notes: string[
 
 /** The rows of a source that a panel shows. Sources without the variables of the panels are shown in all. */
 export function rowsOf(panel: Panel, grid: PanelGrid, source: string, rows: number): Uint32Array {
-  const variables = [...grid.columns.variables, ...grid.rows.variables].filter((each) => each.values.source === source);
+  const variables = [...grid.columns.variables, ...grid.rows.variables].filter(
+    (each) => each.values.source === source,
+  );
   const wanted = variables.map((each) => panel.facets.get(each.level)?.code);
   const shown = new Uint32Array(rows);
   let count = 0;
   for (let row = 0; row < rows; row += 1) {
     let fits = true;
-    for (let at = 0; at < variables.length && fits; at += 1) fits = variables[at]!.values.numbers[row] === wanted[at];
+    for (let at = 0; at < variables.length && fits; at += 1)
+      fits = variables[at]!.values.numbers[row] === wanted[at];
     if (fits) shown[count++] = row;
   }
   return shown.subarray(0, count);

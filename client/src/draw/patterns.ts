@@ -64,9 +64,12 @@ export class Patterns {
     const tile = tiles[(pattern - 2) % tiles.length]!;
     const children = [this.maker.make('rect', { width: 8, height: 8, fill: this.paper })];
     if (tile.strokes) {
-      children.push(this.maker.make('path', { d: tile.strokes, fill: none, stroke: color, 'stroke-width': 1.6 }));
+      children.push(
+        this.maker.make('path', { d: tile.strokes, fill: none, stroke: color, 'stroke-width': 1.6 }),
+      );
     }
-    for (const [cx, cy, r] of tile.dots ?? []) children.push(this.maker.make('circle', { cx, cy, r, fill: color }));
+    for (const [cx, cy, r] of tile.dots ?? [])
+      children.push(this.maker.make('circle', { cx, cy, r, fill: color }));
     return this.maker.make('pattern', { id, width: 8, height: 8, patternUnits: 'userSpaceOnUse' }, children);
   }
 }

@@ -52,7 +52,10 @@ export function drawSlices(layers: Layer[], canvas: Canvas, maker: Maker): SVGEl
     if (share < leastLabelled) continue;
     const [x, y] = place.centroid(angle);
     const middle = (angle.startAngle + angle.endAngle) / 2;
-    const look2 = { ...ownTexts.legendLabel, align: middle < Math.PI ? ('start' as const) : ('end' as const) };
+    const look2 = {
+      ...ownTexts.legendLabel,
+      align: middle < Math.PI ? ('start' as const) : ('end' as const),
+    };
     const anchor = Math.abs(Math.sin(middle)) < 0.3 ? { ...look2, align: 'middle' as const } : look2;
     texts.append(maker.text([percent], x, y + 4, anchor));
   }

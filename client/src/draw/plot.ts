@@ -1,6 +1,7 @@
 /** Draws the marks of one panel by Observable Plot. */
 import * as Plot from '@observablehq/plot';
 import type { Style } from '../chart/model.js';
+import { lineColor } from './axes.js';
 import { none } from './colors.js';
 import { guideMarks, type DrawnGuide } from './guides.js';
 import type { Layer } from './layers.js';
@@ -66,7 +67,6 @@ export interface PanelContent {
   canvas: Canvas;
   gridlines: { across: GridLines | null; upright: GridLines | null };
   frame: Style;
-  named: boolean;
   notes: string[];
   /** Ends in the number of the panel. */
   clipId: string;
@@ -98,21 +98,44 @@ function contentOf(content: PanelContent): Named[] {
   ] as const) {
     if (lines) named.push({ name: '', marks: [gridMark(lines, across)], clipped: false });
   }
-  const dots = stackDots(layers, canvas.x, canvas.transposed ? canvas.height : canvas.width, canvas.transposed ? canvas.width : canvas.height);
+  const dots = stackDots(
+    layers,
+    canvas.x,
+    canvas.transposed ? canvas.height : canvas.width,
+    canvas.transposed ? canvas.width : canvas.height,
+  );
   for (const layer of layers) {
-    if (layer.kind !== 'slices') named.push({ name: layerName(layer), marks: marksOf(canvas, layer, dots), clipped: true });
+    if (layer.kind !== 'slices')
+      named.push({ name: layerName(layer), marks: marksOf(canvas, layer, dots), clipped: true });
   }
   const guides = content.guides.flatMap((guide) => {
-    const made = guideMarks(guide, content.panel, canvas, content.named, content.notes);
+    const made = guideMarks(guide, content.panel, canvas, layers, content.notes);
     return made ? [{ made, name: guide.guide.name }] : [];
   });
   for (const { made, name } of guides) {
     named.push({ name: name ? `Guide: ${name}` : 'Guide', marks: [made.line], clipped: true });
   }
   for (const { made } of guides) if (made.name) named.push({ name: '', marks: [made.name], clipped: false });
+  named.push(...baselineOf(content));
   const labels = labelsOf(canvas, layers);
   if (labels.length > 0) named.push({ name: 'Labels of data', marks: labels, clipped: false });
   return named;
+}
+
+/** The line on which bars stand. */
+function baselineOf({ canvas, layers }: PanelContent): Named[] {
+  const standing = layers.some((layer) => layer.kind === 'bars' && layer.element.y.length < 2);
+  const place = layers.find((layer) => layer.kind === 'bars')?.baseline ?? 0;
+  const [low, high] = canvas.y.domain;
+  if (!standing || canvas.y.method === 'log' || place < low || place > high) return [];
+  const options = { stroke: lineColor, strokeWidth: 1, ariaHidden: 'true' };
+  return [
+    {
+      name: '',
+      marks: [canvas.transposed ? Plot.ruleX([place], options) : Plot.ruleY([place], options)],
+      clipped: false,
+    },
+  ];
 }
 
 /** Whether something reaches beyond the bounds of the scales, so that it has to be cut off there. */
@@ -156,7 +179,13 @@ function tagged(mark: Plot.Markish, tag: string): Plot.Markish {
 }
 
 /** Moves what Plot has drawn into groups with names. */
-function collect(svg: Element, named: Named[], content: PanelContent, maker: Maker, clip: boolean): SVGElement[] {
+function collect(
+  svg: Element,
+  named: Named[],
+  content: PanelContent,
+  maker: Maker,
+  clip: boolean,
+): SVGElement[] {
   const children = Array.from(svg.childNodes).filter((node) => node.nodeType === 1) as Element[];
   return named.flatMap(({ name, clipped }, at) => {
     const own = children.filter((child) => child.getAttribute('data-layer') === `k${at}`);

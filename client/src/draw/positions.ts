@@ -22,7 +22,9 @@ function stepOf(layers: Layer[], direction: Direction): number {
 }
 
 const shareOf = (width: Length | null, otherwise: number) =>
-  width ? Math.min(1, Math.max(0.01, width.unit === '%' ? width.value / 100 : pixels(width, 1) / 100)) : otherwise;
+  width
+    ? Math.min(1, Math.max(0.01, width.unit === '%' ? width.value / 100 : pixels(width, 1) / 100))
+    : otherwise;
 
 /** The middle and the width of a group's place beside others, around the middle of all. */
 function slotOf(layer: Layer, direction: Direction, step: number): { offset: number; width: number } {
@@ -83,7 +85,10 @@ export function position(panels: Layer[][], x: Direction, baseline: number): voi
   // One step for all, so that bars of all panels are equally wide.
   const step = stepOf(panels.flat(), x);
   for (const layers of panels) {
-    for (const layer of layers) placeAlongX(layer, x, step);
+    for (const layer of layers) {
+      placeAlongX(layer, x, step);
+      layer.baseline = baseline;
+    }
     stackAlongY(layers, baseline);
   }
 }

@@ -60,7 +60,8 @@ export function rangesOf(element: ChartElement, chart: Chart, data: Data): Range
     const low = (domain?.minimum ? secondsOf(domain.minimum) : null) ?? least ?? 0;
     const high = (domain?.maximum ? secondsOf(domain.maximum) : null) ?? most ?? 1;
     const look = lookFor(aesthetic, chart);
-    const share = (value: number) => (high > low ? Math.min(1, Math.max(0, (value - low) / (high - low))) : 0.5);
+    const share = (value: number) =>
+      high > low ? Math.min(1, Math.max(0, (value - low) / (high - low))) : 0.5;
     return [{ aesthetic, values, low, high, lookOf: (value) => look(share(value)) }];
   });
 }

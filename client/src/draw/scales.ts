@@ -101,7 +101,11 @@ function nice([low, high]: [number, number], atLow: boolean, atHigh: boolean): [
   return [atLow ? floor : low, atHigh ? ceiling : high];
 }
 
-function bound(domain: Domain | undefined, direction: Direction, which: 'minimum' | 'maximum'): number | null {
+function bound(
+  domain: Domain | undefined,
+  direction: Direction,
+  which: 'minimum' | 'maximum',
+): number | null {
   const text = domain?.[which];
   return text ? placeOf(direction, text) : null;
 }
@@ -111,8 +115,10 @@ function linearDomain(direction: Direction, reach: Reach, domain: Domain | undef
   const maximum = bound(domain, direction, 'maximum');
   let low = minimum ?? reach.low;
   let high = maximum ?? reach.high;
-  if (!(Number.isFinite(low) && Number.isFinite(high))) [low, high] = [minimum ?? 0, maximum ?? (minimum ?? 0) + 1];
-  if (low === high) [low, high] = low === 0 ? [0, 1] : [low - Math.abs(low) * 0.05, high + Math.abs(high) * 0.05];
+  if (!(Number.isFinite(low) && Number.isFinite(high)))
+    [low, high] = [minimum ?? 0, maximum ?? (minimum ?? 0) + 1];
+  if (low === high)
+    [low, high] = low === 0 ? [0, 1] : [low - Math.abs(low) * 0.05, high + Math.abs(high) * 0.05];
   const { dimension } = direction;
   const usual = reach.lines && direction.name === 'x' ? roomOfLines : roomAround;
   const span = high - low;
@@ -122,8 +128,10 @@ function linearDomain(direction: Direction, reach: Reach, domain: Domain | undef
     minimum ?? low - room(dimension?.lowerMargin ?? null, low),
     maximum ?? high + room(dimension?.upperMargin ?? null, high),
   ];
-  const niceLow = minimum === null ? (dimension?.niceLower ?? false) : dimension?.niceLower === true && !domain?.exact;
-  const niceHigh = maximum === null ? (dimension?.niceUpper ?? false) : dimension?.niceUpper === true && !domain?.exact;
+  const niceLow =
+    minimum === null ? (dimension?.niceLower ?? false) : dimension?.niceLower === true && !domain?.exact;
+  const niceHigh =
+    maximum === null ? (dimension?.niceUpper ?? false) : dimension?.niceUpper === true && !domain?.exact;
   return direction.kind === 'date' ? bounds : nice(bounds, niceLow, niceHigh);
 }
 
@@ -134,7 +142,10 @@ function logDomain(direction: Direction, reach: Reach, domain: Domain | undefine
   const high = maximum !== null && maximum > 0 ? maximum : reach.high;
   if (!(Number.isFinite(low) && high > 0)) return [1, 10];
   const room = Math.max(high / low, 1.1) ** roomAround;
-  return [minimum !== null && minimum > 0 ? low : low / room, maximum !== null && maximum > 0 ? high : high * room];
+  return [
+    minimum !== null && minimum > 0 ? low : low / room,
+    maximum !== null && maximum > 0 ? high : high * room,
+  ];
 }
 
 /** Makes the two functions of a scale. */
@@ -166,7 +177,9 @@ export function scaleOf(
   if (method === 'log' && reach.low <= 0) {
     if (!Number.isFinite(reach.lowestPositive)) method = 'linear';
     if (!reach.baseline || method === 'linear') {
-      notes.push(`Values along ${direction.name} that are not above 0 have no place on its logarithmic scale.`);
+      notes.push(
+        `Values along ${direction.name} that are not above 0 have no place on its logarithmic scale.`,
+      );
     }
   }
   const base = settings?.base && settings.base > 0 && settings.base !== 1 ? settings.base : usualBase[method];

@@ -37,7 +37,11 @@ export class Maker {
     const spans = lines.map((line, at) =>
       at === 0 && lines.length === 1 ? line : this.make('tspan', { x, y: y + at * step }, [line]),
     );
-    return this.make('text', { x, y, ...fontAttributes(look), 'text-anchor': look.align, ...attributes }, spans);
+    return this.make(
+      'text',
+      { x, y, ...fontAttributes(look), 'text-anchor': look.align, ...attributes },
+      spans,
+    );
   }
 }
 

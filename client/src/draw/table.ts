@@ -16,30 +16,40 @@ const mostRows = 10_000;
 
 type Cells = Map<string, string | number | null>;
 
-function placeText(direction: Direction, value: number, values: Direction['values'][number] | undefined): string {
+function placeText(
+  direction: Direction,
+  value: number,
+  values: Direction['values'][number] | undefined,
+): string {
   if (direction.kind === 'category') return direction.texts[Math.round(value)] ?? '';
   return values ? values.textOf(value) : numberText(value, null, '');
 }
 
+/** Null of a blend, which has no values of its own. */
+const single = (id: string, data: Data) => (data.terms(id).length === 1 ? data.values(id) : null);
+
 const labelOf = (direction: Direction, ids: string[], data: Data, otherwise: string) =>
-  (ids[0] && data.values(ids[0])?.variable.label) || direction.values[0]?.variable.label || otherwise;
+  (ids[0] && single(ids[0], data)?.variable.label) || direction.values[0]?.variable.label || otherwise;
 
 function describe(shape: Shape, layer: Layer, compiled: CompiledGraph, data: Data): Cells {
   const cells: Cells = new Map();
   const { x, y } = compiled;
   const { element } = layer;
-  const own = (ids: string[], direction: Direction) => (ids[0] ? data.values(ids[0]) : null) ?? direction.values[0];
+  const own = (ids: string[], direction: Direction) =>
+    (ids[0] ? single(ids[0], data) : null) ?? direction.values[0];
   const number = (value: number) => numberText(value, null, '');
   if (element.x.length > 0) {
     const name = labelOf(x, element.x, data, 'x');
     if (layer.binned) cells.set(name, `${number(shape.x1!)} to ${number(shape.x2!)}`);
-    else cells.set(name, placeText(x, x.kind === 'category' ? shape.x : shape.x, own(element.x, x)));
+    else cells.set(name, placeText(x, shape.x, own(element.x, x)));
   }
   if (shape.box) {
     const { box } = shape.box;
     cells.set('Lowest', number(box.lowest)).set('Lower hinge', number(box.lowerHinge));
     cells.set('Median', number(box.median)).set('Upper hinge', number(box.upperHinge));
-    cells.set('Highest', number(box.highest)).set('Outliers', shape.box.outliers.map((o) => number(o.value)).join(', '));
+    cells
+      .set('Highest', number(box.highest))
+      .set('Outliers', shape.box.outliers.map((o) => number(o.value)).join(', '));
     return cells;
   }
   if (layer.kind === 'dots') return cells;
@@ -47,7 +57,10 @@ function describe(shape: Shape, layer: Layer, compiled: CompiledGraph, data: Dat
   const name = element.y.length > 0 ? labelOf(y, element.y, data, 'y') : '';
   const column = [words, name].filter((part) => part).join(' of ') || 'Value';
   const values = own(element.y, y);
-  cells.set(column, element.density ? number(shape.y) : values && !words ? placeText(y, shape.y, values) : number(shape.y));
+  cells.set(
+    column,
+    element.density ? number(shape.y) : values && !words ? placeText(y, shape.y, values) : number(shape.y),
+  );
   if (shape.y1 !== undefined && element.y.length > 1) {
     cells.set(`${column} to`, placeText(y, shape.y2!, values));
   }
@@ -80,7 +93,9 @@ export function dataTable(graphs: CompiledGraph[], data: Data): DataTable {
         const shared = groupCells(layer, compiled.grid.panels[at]!, compiled, data);
         for (const shape of layer.shapes) {
           if (rows.length >= mostRows) return;
-          const start: Cells = several ? new Map([['Element', layer.element.name || layer.element.kind]]) : new Map();
+          const start: Cells = several
+            ? new Map([['Element', layer.element.name || layer.element.kind]])
+            : new Map();
           const cells = new Map([...start, ...shared, ...describe(shape, layer, compiled, data)]);
           for (const name of cells.keys()) if (!header.includes(name)) header.push(name);
           rows.push(cells);

@@ -57,7 +57,8 @@ function widthsOf(text: string): number[] {
 }
 
 const firstInTable = 32;
-const ideographs = /[\u1100-\u115f\u2e80-\ua4cf\uac00-\ud7a3\uf900-\ufaff\ufe30-\ufe4f\uff00-\uff60\u{1f300}-\u{1faff}]/u;
+const ideographs =
+  /[\u1100-\u115f\u2e80-\ua4cf\uac00-\ud7a3\uf900-\ufaff\ufe30-\ufe4f\uff00-\uff60\u{1f300}-\u{1faff}]/u;
 
 function characterWidth(character: string, table: number[]): number {
   const width = table[(character.codePointAt(0) ?? 0) - firstInTable];
@@ -71,7 +72,9 @@ function characterWidth(character: string, table: number[]): number {
 
 function tableOf(look: Pick<TextLook, 'family' | 'weight'>): number[] {
   if (/^(bold|bolder|[6-9]00)$/.test(look.weight)) return boldWidths;
-  return look.family === serif || /times|serif$/i.test(look.family.replace(/sans-serif/g, '')) ? serifWidths : sansWidths;
+  return look.family === serif || /times|serif$/i.test(look.family.replace(/sans-serif/g, ''))
+    ? serifWidths
+    : sansWidths;
 }
 
 /** In pixels. */

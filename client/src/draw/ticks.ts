@@ -1,5 +1,5 @@
 /** Ticks of axes: where they stand, what they say, and how their labels find room. */
-import { ticks as linearTicks, tickStep, utcTicks } from 'd3';
+import { ticks as linearTicks, utcTicks } from 'd3';
 import { pixels } from '../chart/markup.js';
 import type { Format, Ticks } from '../chart/model.js';
 import { dateText, decimalsOf, mergeFormats, numberText } from '../data/format.js';
@@ -47,7 +47,10 @@ function dateTicks(low: number, high: number, wanted: number): number[] {
 
 /** Shows as much of a date as ticks of that distance need. */
 function datePattern(values: number[]): string {
-  const least = values.reduce((step, value, at) => (at === 0 ? step : Math.min(step, value - values[at - 1]!)), Infinity);
+  const least = values.reduce(
+    (step, value, at) => (at === 0 ? step : Math.min(step, value - values[at - 1]!)),
+    Infinity,
+  );
   const day = 86_400;
   if (least >= 360 * day) return 'yyyy';
   if (least >= 27 * day) return 'MMM yyyy';
@@ -66,7 +69,9 @@ function categoryTicks(scale: DrawnScale): Tick[] {
 
 function numberTicks(values: number[], format: Format | null, language: string): Tick[] {
   const step = values.length > 1 ? Math.abs(values[1]! - values[0]!) : 0;
-  const even = values.every((value, at) => at === 0 || Math.abs(value - values[at - 1]! - step) < step * 1e-6);
+  const even = values.every(
+    (value, at) => at === 0 || Math.abs(value - values[at - 1]! - step) < step * 1e-6,
+  );
   const decimals = even && step > 0 ? decimalsOf(step) : undefined;
   return values.map((value) => {
     const relabelled = format?.relabels.get(String(value));
@@ -82,7 +87,8 @@ export function ticksOf(scale: DrawnScale, settings: Ticks | null, wanted: numbe
   const base = settings?.base && settings.base.unit !== '%' ? settings.base.value : 0;
   const delta = settings?.delta;
   if (scale.direction.kind === 'date') {
-    const values = delta && delta > 0 ? steppedTicks(low, high, delta, base || low) : dateTicks(low, high, wanted);
+    const values =
+      delta && delta > 0 ? steppedTicks(low, high, delta, base || low) : dateTicks(low, high, wanted);
     const pattern = format?.pattern ?? datePattern(values);
     return values.map((value) => ({ value, text: dateText(value, pattern, language) }));
   }
@@ -109,6 +115,8 @@ export interface TickLayout {
   angle: number;
   /** Every second label stands a line lower. */
   stagger: boolean;
+  /** How far each label stands beside its tick, in pixels. */
+  shifts?: number[];
   /** The room across the axis that the labels take, in pixels. */
   depth: number;
 }
@@ -136,7 +144,10 @@ function everyFor(ticks: Tick[], scale: DrawnScale, length: number, need: (text:
     for (let at = 0; at < ticks.length; at += every) {
       const half = need(ticks[at]!.text) / 2;
       const distance = Math.abs(places[at]! - previous);
-      if (Number.isFinite(previous) && distance < half + need(ticks[Math.max(0, at - every)]!.text) / 2 + gapBetweenLabels) {
+      if (
+        Number.isFinite(previous) &&
+        distance < half + need(ticks[Math.max(0, at - every)]!.text) / 2 + gapBetweenLabels
+      ) {
         return false;
       }
       previous = places[at]!;
@@ -148,6 +159,39 @@ function everyFor(ticks: Tick[], scale: DrawnScale, length: number, need: (text:
   return every;
 }
 
+/** Labels that would reach into the next panel are left out, as long as two stay; else they move inwards. */
+function withinPanel(
+  layout: TickLayout,
+  scale: DrawnScale,
+  length: number,
+  look: TextLook,
+  overhang: number,
+): TickLayout {
+  if (!Number.isFinite(overhang) || layout.angle !== 0) return layout;
+  const beyond = layout.lines.map((each, at) => {
+    const place = scale.unit(layout.ticks[at]!.value) * length;
+    const half = widest(each, look) / 2;
+    return Math.max(0, -overhang - (place - half)) - Math.max(0, place + half - (length + overhang));
+  });
+  const lines = layout.lines.map((each, at) => (beyond[at] === 0 ? each : []));
+  if (lines.filter((each) => each.length > 0).length >= 2) return { ...layout, lines };
+  return { ...layout, shifts: beyond };
+}
+
+/** Whether all labels have room side by side. */
+export function fitsAcross(ticks: Tick[], scale: DrawnScale, length: number, look: TextLook): boolean {
+  return everyFor(ticks, scale, length, (text) => textWidth(text, look)) <= 1;
+}
+
+/** How far labels reach beyond the end of their axis. */
+export function reachBeyond(layout: TickLayout, scale: DrawnScale, length: number, look: TextLook): number {
+  if (layout.angle !== 0) return 0;
+  const ends = layout.lines.map(
+    (each, at) => scale.unit(layout.ticks[at]!.value) * length + widest(each, look) / 2,
+  );
+  return Math.max(0, ...ends.map((end) => end - length));
+}
+
 /** Labels along the bottom or top: side by side, in lines, turned, or fewer of them, whichever comes first. */
 export function layoutAcross(
   ticks: Tick[],
@@ -155,19 +199,17 @@ export function layoutAcross(
   length: number,
   settings: Ticks | null,
   look: TextLook,
+  overhang = Infinity,
 ): TickLayout {
   const frequency = Math.max(1, Math.round(settings?.frequency ?? 1));
   const single = thinned(
     ticks.map((tick) => [tick.text]),
     frequency,
   );
-  const done = (lines: string[][], angle: number, stagger: boolean): TickLayout => ({
-    ticks,
-    lines,
-    angle,
-    stagger,
-    depth: depthOf(lines, angle, look, stagger),
-  });
+  const done = (lines: string[][], angle: number, stagger: boolean): TickLayout => {
+    const layout = { ticks, lines, angle, stagger, depth: depthOf(lines, angle, look, stagger) };
+    return withinPanel(layout, scale, length, look, overhang);
+  };
   const stagger = settings?.stagger ?? false;
   const height = lineHeight(look);
   const asked = settings?.angle ?? 0;
@@ -184,7 +226,9 @@ export function layoutAcross(
   const whole = ticks.every((tick) => tick.text.split(/\s+/).every((word) => textWidth(word, look) <= room));
   if (whole && wrapped.every((lines) => lines.length <= 3)) return done(wrapped, 0, false);
   const angle = room + gapBetweenLabels >= height * 1.5 ? -45 : -90;
-  const every = everyFor(ticks, scale, length, () => (angle === -90 ? height - gapBetweenLabels : height * 1.2 - gapBetweenLabels));
+  const every = everyFor(ticks, scale, length, () =>
+    angle === -90 ? height - gapBetweenLabels : height * 1.2 - gapBetweenLabels,
+  );
   return done(thinned(single, Math.max(frequency, every)), angle, false);
 }
 
@@ -223,12 +267,7 @@ export function wantedTicks(
   return Math.max(2, Math.min(10, Math.floor(length / (widest(sample, look) + least))));
 }
 
-/** Bars of counts need no ticks between whole numbers. */
-export const isWhole = (values: number[]) => values.every((value) => Number.isInteger(value));
-
 /** The length of a tick in pixels. */
 export function tickLength(settings: Ticks | null): number {
   return settings?.length ? Math.max(0, pixels(settings.length, 10)) : 5;
 }
-
-export { tickStep };

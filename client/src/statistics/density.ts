@@ -11,7 +11,8 @@ export interface Curve {
 export function bandwidthOf(values: Numbers): number {
   const sorted = Float64Array.from(values).sort();
   const { deviation, count } = describe({ values: sorted, weights: null });
-  const quartiles = (quantileSorted(Array.from(sorted), 0.75) ?? 0) - (quantileSorted(Array.from(sorted), 0.25) ?? 0);
+  const quartiles =
+    (quantileSorted(Array.from(sorted), 0.75) ?? 0) - (quantileSorted(Array.from(sorted), 0.25) ?? 0);
   const spread = Math.min(deviation || Infinity, quartiles > 0 ? quartiles / 1.349 : Infinity);
   return Number.isFinite(spread) && spread > 0 ? 0.9 * spread * count ** -0.2 : 0;
 }

@@ -37,10 +37,10 @@ function betaFraction(x: number, a: number, b: number): number {
 function incompleteBeta(x: number, a: number, b: number): number {
   if (x <= 0) return 0;
   if (x >= 1) return 1;
-  const front = Math.exp(
-    logGamma(a + b) - logGamma(a) - logGamma(b) + a * Math.log(x) + b * Math.log(1 - x),
-  );
-  return x < (a + 1) / (a + b + 2) ? (front * betaFraction(x, a, b)) / a : 1 - (front * betaFraction(1 - x, b, a)) / b;
+  const front = Math.exp(logGamma(a + b) - logGamma(a) - logGamma(b) + a * Math.log(x) + b * Math.log(1 - x));
+  return x < (a + 1) / (a + b + 2)
+    ? (front * betaFraction(x, a, b)) / a
+    : 1 - (front * betaFraction(1 - x, b, a)) / b;
 }
 
 /** The probability of a value of at most `t` with `freedom` degrees of freedom. */
