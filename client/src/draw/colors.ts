@@ -58,3 +58,13 @@ export function contrast(first: string, second: string): number {
   const [low, high] = [luminance(first), luminance(second)].sort((a, b) => a - b) as [number, number];
   return (high + 0.05) / (low + 0.05);
 }
+
+/** The contrast that small texts need. */
+const leastContrast = 4.5;
+
+/** The first of the colours that can be read on the paper; black or white where none can. */
+export function readable(paper: string, ...colors: string[]): string {
+  const ground = paper === none ? '#ffffff' : paper;
+  const found = colors.find((each) => each !== none && contrast(each, ground) >= leastContrast);
+  return found ?? (contrast('#1a1a1a', ground) > contrast('#ffffff', ground) ? '#1a1a1a' : '#ffffff');
+}

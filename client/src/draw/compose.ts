@@ -1,7 +1,7 @@
 /** Puts the parts of a page together: titles, graphs, legends, footnotes, and what has to be said below. */
 import type { Chart, Legend, Location } from '../chart/model.js';
 import type { Data } from '../data/columns.js';
-import { none, safeColor } from './colors.js';
+import { none, readable, safeColor } from './colors.js';
 import { drawBox, drawFrame, frameTexts, layFrame, type LaidFrame } from './frames.js';
 import { drawGraph, type CompiledGraph } from './graph.js';
 import { drawLegend, layLegend, type LaidLegend } from './legends.js';
@@ -200,6 +200,7 @@ function drawNotes(
   texts: string[],
   width: number,
   top: number,
+  paper: string,
   maker: Maker,
 ): { group: SVGElement | null; height: number } {
   if (texts.length === 0) return { group: null, height: 0 };
@@ -207,7 +208,7 @@ function drawNotes(
     texts.length > mostNotes
       ? [...texts.slice(0, mostNotes), `And ${texts.length - mostNotes} more notes.`]
       : texts;
-  const look = ownTexts.note;
+  const look = { ...ownTexts.note, color: readable(paper, ownTexts.note.color) };
   const lines = shown.flatMap((text) => wrap(text, width - 2 * pageMargin, look));
   const group = maker.group('Notes', 'note');
   group.append(maker.text(lines, pageMargin, top + look.size, look));
@@ -245,7 +246,7 @@ export function compose(
   });
   const legends = layout.legends.map(({ laid, box }) => drawLegend(laid, box.left, box.top, patterns, maker));
   const frames = layout.frames.map((frame) => drawFrame(frame, maker));
-  const below = drawNotes([...captionsOf(graphs), ...new Set(notes)], layout.width, layout.height, maker);
+  const below = drawNotes([...captionsOf(graphs), ...new Set(notes)], layout.width, layout.height, pageColor, maker);
   const height = Math.ceil(layout.height + below.height);
   const page = maker.make('rect', { width: layout.width, height, fill: pageColor, 'aria-hidden': 'true' });
   const outline = drawBox(

@@ -11,7 +11,7 @@ import {
   type AxisPlace,
   type DrawnAxis,
 } from './axes.js';
-import { none, safeColor } from './colors.js';
+import { none, readable, safeColor } from './colors.js';
 import { compile, type Scope } from './compile.js';
 import { directionOf, type Direction } from './directions.js';
 import { guidesOf, type DrawnGuide } from './guides.js';
@@ -334,7 +334,7 @@ function drawLineNames(layout: Layout, scope: GraphScope): SVGElement {
   let last = -Infinity;
   for (const name of wanted) {
     last = Math.max(name.at, last + leastDistance);
-    const look = { ...ownTexts.guideLabel, size: 12, weight: 'bold', color: name.color };
+    const look = { ...ownTexts.guideLabel, size: 12, weight: 'bold', color: readable(scope.paper, name.color) };
     group.append(maker.text([name.text], layout.width + 6, last + 4, look));
   }
   return group;

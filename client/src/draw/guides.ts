@@ -3,7 +3,7 @@ import * as Plot from '@observablehq/plot';
 import { leastIndex } from 'd3';
 import type { Guide } from '../chart/model.js';
 import { parseExpression, type Expression } from '../data/expression.js';
-import { none } from './colors.js';
+import { none, readable } from './colors.js';
 import { holds } from './conditions.js';
 import { placeOf, type Direction } from './directions.js';
 import { ownLook, ownTexts, styled, type Look } from './looks.js';
@@ -90,7 +90,7 @@ function freest(places: NamePlace[], name: string, canvas: Canvas, layers: Layer
   return places[leastIndex(places, (place) => covered(place, name, canvas, layers)) ?? 0]!;
 }
 
-function nameMark(name: string, place: NamePlace, canvas: Canvas): Plot.Markish {
+function nameMark(name: string, place: NamePlace, canvas: Canvas, line: Look): Plot.Markish {
   const look = ownTexts.guideLabel;
   const [across, upright] = canvas.transposed ? [canvas.y, canvas.x] : [canvas.x, canvas.y];
   return Plot.text([{ x: across.value(place.across), y: upright.value(place.up) }], {
@@ -103,7 +103,7 @@ function nameMark(name: string, place: NamePlace, canvas: Canvas): Plot.Markish 
     dy: place.above ? -4 : 4,
     fontFamily: look.family,
     fontSize: look.size,
-    fill: look.color,
+    fill: readable(canvas.paper, look.color, line.stroke),
     stroke: canvas.paper === none ? '#ffffff' : canvas.paper,
     strokeWidth: 3,
   });
@@ -137,7 +137,7 @@ function lineMarks(drawn: DrawnGuide, canvas: Canvas, layers: Layer[]): GuideMar
     { across: 0, up: at, anchor: 'start', above },
   ];
   const places = upright ? [...beside(1), ...beside(0)] : [...along(true), ...along(false)];
-  return { line, name: nameMark(name, freest(places, name, canvas, layers), canvas) };
+  return { line, name: nameMark(name, freest(places, name, canvas, layers), canvas, drawn.look) };
 }
 
 function functionMarks(drawn: DrawnGuide, canvas: Canvas, layers: Layer[]): GuideMarks {
@@ -153,7 +153,7 @@ function functionMarks(drawn: DrawnGuide, canvas: Canvas, layers: Layer[]): Guid
       : [canvas.x.unit(x), canvas.y.unit(y)];
     return { across, up, anchor: at === 0 ? 'end' : 'start', above: up < 0.95 };
   });
-  return { line, name: nameMark(name, freest(ends, name, canvas, layers), canvas) };
+  return { line, name: nameMark(name, freest(ends, name, canvas, layers), canvas, drawn.look) };
 }
 
 /** The marks of a guide in a panel; null where a condition hides it there. */

@@ -219,7 +219,7 @@ function swatch(entry: Entry, patterns: Patterns, maker: Maker): SVGElement {
     const stroked = isStroked(look.symbol);
     return maker.make('path', {
       d: symbolPath(look.symbol, Math.max(look.size, 4), path),
-      fill: stroked ? none : fill,
+      fill: stroked ? none : look.fill,
       stroke: stroked ? look.fill : look.stroke,
       'stroke-width': stroked ? Math.max(1.4, look.size / 5) : look.strokeWidth,
       [stroked ? 'stroke-opacity' : 'fill-opacity']: opacity,

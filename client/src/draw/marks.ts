@@ -85,7 +85,7 @@ function pointMarks(canvas: Canvas, layer: Layer, shapes: Shape[]): Plot.Markish
       : asIs((shape) => shape.varied?.opacity ?? look.opacity);
   const paint = stroked
     ? { stroke: color, strokeWidth: Math.max(1.4, look.size / 5), strokeOpacity: opacity, fill: none }
-    : { ...fillOf(canvas, look, shapes), ...strokeOf(look) };
+    : { ...fillOf(canvas, { ...look, pattern: 1 }, shapes), ...strokeOf(look) };
   return [
     Plot.dot(shapes, {
       ...channels(canvas, { x: (shape) => shape.x, y: (shape) => shape.y }),
@@ -110,7 +110,7 @@ function grounded(canvas: Canvas, shapes: Shape[]): Shape[] {
 const leastOutlined = 4;
 
 /** Patterns need a line around them; thin bars need at least a pixel. */
-function outlined(canvas: Canvas, layer: Layer, width: number): Look {
+function outlined(layer: Layer, width: number): Look {
   const { look } = layer;
   if (width < 1) return { ...look, stroke: look.fill, strokeWidth: 1 - width };
   if (width < leastOutlined) return { ...look, stroke: none };
@@ -122,14 +122,14 @@ function barMarks(canvas: Canvas, layer: Layer): Plot.Markish[] {
   const shapes = grounded(canvas, layer.shapes);
   const extent = canvas.transposed ? canvas.height : canvas.width;
   const widths = shapes.map((s) => Math.abs(canvas.x.unit(s.x2!) - canvas.x.unit(s.x1!)) * extent);
-  const look = outlined(canvas, layer, Math.min(Infinity, ...widths.slice(0, 10_000)));
+  const look = outlined(layer, Math.min(Infinity, ...widths.slice(0, 10_000)));
   const paint = { ...fillOf(canvas, look, shapes), ...strokeOf(look) };
   return [Plot.rect(shapes, { ...channels(canvas, rectangle), ...paint } as Plot.RectOptions)];
 }
 
 function areaMarks(canvas: Canvas, layer: Layer): Plot.Markish[] {
   const shapes = grounded(canvas, layer.shapes);
-  const look = outlined(canvas, layer, Infinity);
+  const look = outlined(layer, Infinity);
   const paint = { ...fillOf(canvas, look, shapes), ...strokeOf(look) };
   const own = channels(canvas, { x: (s) => s.x, y1: (s) => s.y1, y2: (s) => s.y2 });
   const all = { ...own, ...paint, z: null } as unknown as Plot.AreaYOptions & Plot.AreaXOptions;

@@ -1,7 +1,7 @@
 /** Bars in polar coordinates, stacked: the slices of a pie. */
 import { arc, pie } from 'd3';
 import type { Layer } from './layers.js';
-import { none } from './colors.js';
+import { none, readable } from './colors.js';
 import { ownTexts } from './looks.js';
 import type { Canvas } from './marks.js';
 import type { Maker } from './svg.js';
@@ -52,11 +52,11 @@ export function drawSlices(layers: Layer[], canvas: Canvas, maker: Maker): SVGEl
     if (share < leastLabelled) continue;
     const [x, y] = place.centroid(angle);
     const middle = (angle.startAngle + angle.endAngle) / 2;
-    const look2 = {
+    const textual = {
       ...ownTexts.legendLabel,
       align: middle < Math.PI ? ('start' as const) : ('end' as const),
     };
-    const anchor = Math.abs(Math.sin(middle)) < 0.3 ? { ...look2, align: 'middle' as const } : look2;
+    const anchor = Math.abs(Math.sin(middle)) < 0.3 ? { ...textual, align: 'middle' as const } : textual;
     texts.append(maker.text([percent], x, y + 4, anchor));
   }
   group.append(paths, texts);
