@@ -18,20 +18,26 @@ export function table(
   header: readonly string[],
   rows: readonly (readonly (string | number | null)[])[],
 ): HTMLTableElement {
-  const isNumber = header.map((_, index) => rows.every((row) => typeof row[index] !== 'string'));
+  const isNumber = header.map((_, index) => rows.every((row) => looksLikeNumber(row[index] ?? null)));
   const heads = header.map((text, index) => {
     const kind: Record<string, string> = rows.length > 0 && isNumber[index] ? { class: 'number' } : {};
     return element('th', { scope: 'col', ...kind }, text);
   });
   const head = element('tr', {}, ...heads);
   const body = element('tbody');
-  for (const row of rows) body.append(element('tr', {}, ...row.map(cell)));
+  for (const row of rows) {
+    body.append(element('tr', {}, ...row.map((value, index) => cell(value, isNumber[index] === true))));
+  }
   return element('table', {}, element('caption', {}, caption), element('thead', {}, head), body);
 }
 
-function cell(value: string | number | null): HTMLTableCellElement {
+/** Formatted numbers are texts; they stand below each other all the same. */
+function looksLikeNumber(value: string | number | null): boolean {
+  return typeof value !== 'string' || /^[-\u2212]?[\d.,\u00a0\u202f]+%?$/.test(value);
+}
+
+function cell(value: string | number | null, isNumber: boolean): HTMLTableCellElement {
   if (value === null) return element('td', { class: 'missing' }, '\u2013');
-  return typeof value === 'number'
-    ? element('td', { class: 'number' }, String(value))
-    : element('td', {}, value);
+  const attributes: Record<string, string> = isNumber ? { class: 'number' } : {};
+  return element('td', attributes, String(value));
 }
