@@ -45,6 +45,16 @@ async function accessible(page: Page, role: string): Promise<{ name: unknown; de
   return { name: found[0]?.name?.value, description: found[0]?.description?.value };
 }
 
+/** The names of all groups that a screen reader meets. */
+async function accessibleNames(page: Page): Promise<unknown[]> {
+  const session = await page.context().newCDPSession(page);
+  const { nodes } = await session.send('Accessibility.getFullAXTree');
+  const roles = ['group', 'graphics-object', 'graphics-symbol'];
+  return nodes
+    .filter((node) => !node.ignored && roles.includes(String(node.role?.value)))
+    .map((node) => node.name?.value);
+}
+
 describe('a page', () => {
   let page: Page;
   beforeAll(async () => {
@@ -62,6 +72,20 @@ describe('a page', () => {
     const chart = await accessible(page, 'graphics-document');
     expect(chart.name).toBe('Bars of the number of penguins by island, a bar for each species.');
     expect(chart.description).toBe('T shows the data table, X shows the chart text, M shows the messages.');
+  });
+
+  test('names the groups of marks, the axes and the legend', async () => {
+    const names = await accessibleNames(page);
+    for (const name of [
+      'Adelie: 3 bars',
+      'Chinstrap: 1 bar',
+      'Gentoo: 1 bar',
+      'Island axis',
+      'Number of penguins axis',
+      'Legend: Species',
+    ]) {
+      expect(names).toContain(name);
+    }
   });
 
   test('shows the data table by its key, and only while the chart has the focus', async () => {
