@@ -52,12 +52,11 @@ export function drawSlices(layers: Layer[], canvas: Canvas, maker: Maker): SVGEl
     if (share < leastLabelled) continue;
     const [x, y] = place.centroid(angle);
     const middle = (angle.startAngle + angle.endAngle) / 2;
-    const textual = {
-      ...ownTexts.legendLabel,
-      align: middle < Math.PI ? ('start' as const) : ('end' as const),
-    };
-    const anchor = Math.abs(Math.sin(middle)) < 0.3 ? { ...textual, align: 'middle' as const } : textual;
-    texts.append(maker.text([percent], x, y + 4, anchor));
+    const beside = middle < Math.PI ? ('start' as const) : ('end' as const);
+    const align = Math.abs(Math.sin(middle)) < 0.3 ? ('middle' as const) : beside;
+    const own = ownTexts.legendLabel;
+    const text = { ...own, align, color: readable(canvas.paper, own.color) };
+    texts.append(maker.text([percent], x, y + 4, text));
   }
   group.append(paths, texts);
   return group;

@@ -1,0 +1,81 @@
+import { describe, expect, test } from 'vitest';
+import { readChart } from '../../src/chart/read.js';
+import { parseXml } from '../../src/node/document.js';
+import { chartText } from '../draw/chart.js';
+
+const read = (body: string, attributes = '') => readChart(chartText(body, attributes), parseXml);
+
+describe('a chart text', () => {
+  test('is a model of what is drawn', () => {
+    const { chart, notes } = read(
+      `<graph id="g"><interval id="e" positionModifier="3" style="st">
+        <x variable="a"/><binStatistic binStart="5;5;5" binWidth="2d;2d;2d"/><summaryStatistic method="10"/></interval>
+        <coordinates><dimension lowerMargin="5%" domain="d"><scale method="2" base="2" invert="true"/>
+        <axis opposite="true" transform="1"><majorTicks delta="3" labelAngle="45"><gridline/></majorTicks></axis></dimension>
+        <transposeTransform/><reflectionTransform dimension="1" alternating="1"/></coordinates></graph>
+      <style id="container"><style id="st" color="#FF0080" size="5pt" stroke_dasharray="4pt,2pt"/></style>
+      <intervalDomain id="d"><range min="1" max="8" exact="true"/></intervalDomain>`,
+    );
+    const [graph] = chart.graphs;
+    const [element] = graph!.elements;
+    expect(notes).toEqual([]);
+    expect(element).toMatchObject({ kind: 'interval', modifier: 3, summary: 10, x: ['a'] });
+    expect(element!.bins).toEqual({ count: null, start: 5, width: 2, dots: false });
+    expect(element!.style).toEqual({
+      color: '#FF0080',
+      size: { value: 5, unit: 'pt' },
+      dashes: [
+        { value: 4, unit: 'pt' },
+        { value: 2, unit: 'pt' },
+      ],
+    });
+    const [dimension] = graph!.coordinates[0]!.dimensions;
+    expect(dimension!.scale).toEqual({ method: 'log', base: 2, invert: true, origin: null });
+    expect(dimension!.axes[0]).toMatchObject({ opposite: true, derived: true });
+    expect(dimension!.axes[0]!.ticks).toMatchObject({ delta: 3, angle: 45, gridline: {} });
+    expect(graph!.coordinates[0]!.transforms).toEqual([
+      { kind: 'transpose' },
+      { kind: 'reflect', dimension: 1, alternating: true },
+    ]);
+    expect(chart.domains.get('d')).toMatchObject({ minimum: '1', maximum: '8', exact: true });
+  });
+
+  test('names the elements that are not understood', () => {
+    const { notes } = read('<graph><sparkle/><coordinates/></graph><sparkle/>');
+    expect(notes).toEqual([
+      'Not drawn: the element sparkle of graph.',
+      'Not drawn: the element sparkle of visualization.',
+    ]);
+  });
+
+  test('names the attributes that are not honoured, each once', () => {
+    const { notes } = read('<style id="a" shadow_dx="2px"/><style id="b" shadow_dx="1px" bevel_size="3px"/>');
+    expect(notes).toEqual([
+      'Not honoured: the attribute shadow_dx of style (2 times).',
+      'Not honoured: the attribute bevel_size of style.',
+    ]);
+  });
+
+  test('names a scale, a transform of an axis and a layout that are not known', () => {
+    const { notes } = read(
+      '<graph><coordinates><dimension><scale method="9"/><axis transform="7"/></dimension></coordinates><facetLayout method="4"/></graph>',
+    );
+    expect(notes).toHaveLength(3);
+    expect(notes.join()).toMatch(/transform 7.*scale method 9.*method 4/);
+  });
+
+  test('names sources whose data is elsewhere', () => {
+    expect(read('<databaseSource id="db"/>').notes.join()).toContain('databaseSource db');
+  });
+
+  test('keeps free texts and ids without a word', () => {
+    expect(
+      read('<extension anything="x"/><graph id="g" name="n"><coordinates id="c"/></graph>').notes,
+    ).toEqual([]);
+  });
+
+  test('of another kind is refused', () => {
+    expect(() => readChart('<svg/>', parseXml)).toThrow(/svg/);
+    expect(() => readChart('<visualization', parseXml)).toThrow();
+  });
+});

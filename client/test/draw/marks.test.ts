@@ -1,0 +1,298 @@
+import { describe, expect, test } from 'vitest';
+import { number, picture, plainAxes } from './chart.js';
+
+const kinds = { k: ['one', 'two', 'three'] };
+const xy = '<x variable="a"/><y variable="b"/>';
+
+/** The centre of a symbol, which stands in its transform or in cx and cy. */
+function centre(mark: Element): [number, number] {
+  const moved = /translate\(([-\d.]+),([-\d.]+)\)/.exec(mark.getAttribute('transform') ?? '');
+  if (moved) return [Number(moved[1]), Number(moved[2])];
+  return [number(mark, 'cx'), number(mark, 'cy')];
+}
+
+describe('points', () => {
+  test('are one for each row that has both values, in proportion', () => {
+    const drawn = picture({ a: [0, 10, 5, null], b: [0, 20, 5, 3] }, `<point id="p">${xy}</point>`);
+    const [first, last, middle] = drawn.marks('dot').map(centre);
+    expect(drawn.marks('dot')).toHaveLength(3);
+    expect(middle![0] - first![0]).toBeCloseTo((last![0] - first![0]) / 2, 1);
+    expect(first![1] - middle![1]).toBeCloseTo((first![1] - last![1]) / 4, 1);
+  });
+
+  test('take colours from the cycle by category, over again, and symbols from mappings', () => {
+    const drawn = picture(
+      { a: [1, 2, 3], b: [1, 2, 3], k: [1, 2, 3] },
+      `<point>${xy}<color variable="k" cycle="c"/><shape variable="k"><symbolMapping from="2" to="square"/></shape></point>`,
+      {
+        categorical: kinds,
+        rest: '<styleCycle id="c"><cycle><style color="#ff0000"/><style color="#00ff00"/></cycle></styleCycle>',
+      },
+    );
+    expect(drawn.marks('dot').map((mark) => drawn.look(mark, 'fill'))).toEqual([
+      '#ff0000',
+      '#00ff00',
+      '#ff0000',
+    ]);
+    expect(drawn.names()).toContain('two: 1 point');
+  });
+
+  test('take the style of their element', () => {
+    const drawn = picture({ a: [1], b: [1] }, `<point style="s1">${xy}</point>`, {
+      rest: '<style id="s1" color="#123456" color2="#654321" opacity="0.5" size="6pt"/>',
+    });
+    const [mark] = drawn.marks('dot');
+    expect(['fill', 'stroke', 'fill-opacity'].map((name) => drawn.look(mark!, name))).toEqual([
+      '#123456',
+      '#654321',
+      '0.5',
+    ]);
+    expect(number(mark!, 'r')).toBe(4);
+  });
+
+  test('show numbers by their size and transparency', () => {
+    const drawn = picture(
+      { a: [1, 2], b: [1, 2], w: [0, 100] },
+      `<point>${xy}<size variable="w" low="2px" high="10px"/><transparency variable="w" low="0" high="0.75"/></point>`,
+    );
+    // Large ones are drawn first, so that small ones are not covered.
+    expect(drawn.marks('dot').map((mark) => number(mark, 'r'))).toEqual([5, 1]);
+    expect(drawn.marks('dot').map((mark) => number(mark, 'fill-opacity'))).toEqual([0.25, 1]);
+  });
+
+  test('beyond 50,000 are a sample, and the note says so', () => {
+    const many = Array.from({ length: 60_000 }, (_, at) => at);
+    const drawn = picture({ a: many, b: many }, `<point>${xy}</point>`);
+    expect(drawn.marks('dot').length).toBeGreaterThan(48_000);
+    expect(drawn.marks('dot').length).toBeLessThan(52_000);
+    expect(drawn.notes.join()).toContain('Of 60000 rows a random sample');
+  });
+
+  test('pile up in stacks that do not cover each other', () => {
+    const drawn = picture(
+      { a: [1, 1, 1, 2] },
+      '<point positionModifier="7"><x variable="a"/><binStatistic gridType="1"/></point>',
+    );
+    const places = drawn.marks('dot').map(centre);
+    const heights = places.slice(0, 3).map(([, y]) => y);
+    const radius = number(drawn.marks('dot')[0]!, 'r');
+    expect(new Set(places.slice(0, 3).map(([x]) => x)).size).toBe(1);
+    expect(heights[0]! - heights[1]!).toBeGreaterThanOrEqual(2 * radius);
+    expect(heights[1]! - heights[2]!).toBeGreaterThanOrEqual(2 * radius);
+  });
+});
+
+describe('bars', () => {
+  const counted = '<interval><x variable="k"/><summaryStatistic method="10"/></interval>';
+
+  test('count rows, and are as high as their counts', () => {
+    const drawn = picture({ k: [1, 1, 1, 2, null] }, counted, { categorical: kinds });
+    const heights = drawn.marks('rect').map((mark) => number(mark, 'height'));
+    expect(heights[0]! / heights[1]!).toBeCloseTo(3, 2);
+    expect(drawn.drawn.dataTable.rows).toEqual([
+      ['one', '3'],
+      ['two', '1'],
+    ]);
+  });
+
+  test('begin at 0, also where all values are far from it', () => {
+    const drawn = picture(
+      { k: [1, 2], b: [100, 104] },
+      '<interval><x variable="k"/><y variable="b"/></interval>',
+      {
+        categorical: kinds,
+      },
+    );
+    const heights = drawn.marks('rect').map((mark) => number(mark, 'height'));
+    expect(heights[1]! / heights[0]!).toBeCloseTo(1.04, 3);
+    expect(drawn.textsOf('y axis')[0]).toBe('0');
+  });
+
+  test('stand on each other', () => {
+    const drawn = picture(
+      { k: [1, 1], g: [1, 2], b: [3, 5] },
+      '<interval positionModifier="3"><x variable="k"/><y variable="b"/><color variable="g"/></interval>',
+      { categorical: { k: ['one'], g: ['low', 'high'] } },
+    );
+    const [low, high] = drawn.marks('rect');
+    expect(number(high!, 'y') + number(high!, 'height')).toBeCloseTo(number(low!, 'y'), 1);
+    expect(number(high!, 'x')).toBe(number(low!, 'x'));
+  });
+
+  test('stand beside each other, an absent one keeps its place', () => {
+    const drawn = picture(
+      { k: [1, 1, 2], g: [1, 2, 2], b: [3, 5, 4] },
+      '<interval><x variable="k"/><y variable="b"/><color variable="g"/></interval>',
+      {
+        categorical: { k: ['one', 'two'], g: ['first', 'second'] },
+        coordinates:
+          '<dimension clusterVariable="g" clusterGap="10%"><axis><majorTicks/></axis></dimension><dimension/>',
+      },
+    );
+    // Layers are drawn group by group: first of one; second of one and of two.
+    const [first, second, alone] = drawn.marks('rect').map((mark) => ({
+      left: number(mark, 'x'),
+      width: number(mark, 'width'),
+    }));
+    expect(first!.left + first!.width).toBeCloseTo(second!.left, 1);
+    expect(alone!.width).toBeCloseTo(second!.width, 1);
+    const step = alone!.left - second!.left;
+    expect(second!.width / step).toBeCloseTo(0.4, 2);
+  });
+
+  test('over classes touch, with the bounds that are wanted', () => {
+    const drawn = picture(
+      { a: [0, 5, 9, 12, 19] },
+      '<interval><x variable="a"/><binStatistic binStart="0;0;0" binWidth="10d;10d;10d"/><summaryStatistic method="10"/></interval>',
+    );
+    const [low, high] = drawn.marks('rect');
+    expect(drawn.marks('rect')).toHaveLength(2);
+    expect(number(low!, 'x') + number(low!, 'width')).toBeCloseTo(number(high!, 'x'), 1);
+    expect(drawn.drawn.dataTable.rows).toEqual([
+      ['0 to 10', '3'],
+      ['10 to 20', '2'],
+    ]);
+  });
+
+  test('show shares, and shares that sum up', () => {
+    const rows = { k: [1, 1, 2, 3] };
+    const table = (method: number) =>
+      picture(rows, `<interval><x variable="k"/><summaryStatistic method="${method}"/></interval>`, {
+        categorical: kinds,
+      }).drawn.dataTable.rows.map((row) => row[1]);
+    expect(table(3)).toEqual(['50', '25', '25']);
+    expect(table(12)).toEqual(['50', '75', '100']);
+    expect(table(11)).toEqual(['2', '3', '4']);
+  });
+
+  test('are filled with patterns that are defined', () => {
+    const drawn = picture(
+      { k: [1, 2] },
+      '<interval><x variable="k"/><summaryStatistic method="10"/><pattern variable="k"/></interval>',
+      { categorical: kinds },
+    );
+    const fills = drawn.marks('rect').map((mark) => drawn.look(mark, 'fill')!);
+    expect(fills[0]).toMatch(/^#/);
+    const id = /^url\(#(.*)\)$/.exec(fills[1]!)![1];
+    expect(drawn.svg.querySelector(`pattern[id="${id}"]`)).not.toBeNull();
+  });
+
+  test('lie where the chart is transposed', () => {
+    const drawn = picture({ k: [1, 2, 2, 2] }, counted, {
+      categorical: kinds,
+      coordinates: `${plainAxes}<transposeTransform/>`,
+    });
+    const widths = drawn.marks('rect').map((mark) => number(mark, 'width'));
+    expect(widths[1]! / widths[0]!).toBeCloseTo(3, 2);
+    // The first category stands below the second.
+    expect(number(drawn.marks('rect')[0]!, 'y')).toBeGreaterThan(number(drawn.marks('rect')[1]!, 'y'));
+  });
+});
+
+describe('lines and areas', () => {
+  test('go in the order of x and break where a value is missing', () => {
+    const drawn = picture({ a: [3, 1, 2, 4, 5], b: [1, 1, 1, null, 2] }, `<line>${xy}</line>`);
+    const d = drawn.marks('line')[0]!.getAttribute('d')!;
+    expect(d.match(/M/g)).toHaveLength(2);
+    const places = d
+      .split('M')[1]!
+      .split('L')
+      .map((place) => Number(place.split(',')[0]));
+    expect([...places].sort((a, b) => a - b)).toEqual(places);
+  });
+
+  test('paths go in the order of the rows', () => {
+    const drawn = picture({ a: [3, 1, 2], b: [1, 2, 3] }, `<path>${xy}</path>`);
+    const places = drawn
+      .marks('line')[0]!
+      .getAttribute('d')!
+      .slice(1)
+      .split('L')
+      .map((place) => Number(place.split(',')[0]));
+    expect(places[0]).toBeGreaterThan(places[2]!);
+    expect(places[2]).toBeGreaterThan(places[1]!);
+  });
+
+  test('have their dashes and widths', () => {
+    const drawn = picture({ a: [1, 2], b: [1, 2] }, `<line style="s1">${xy}</line>`, {
+      rest: '<style id="s1" color="#0072B2" stroke_dasharray="6px,3px" stroke_width="3px"/>',
+    });
+    const [line] = drawn.marks('line');
+    expect(['stroke', 'stroke-dasharray', 'stroke-width'].map((name) => drawn.look(line!, name))).toEqual([
+      '#0072b2',
+      '6 3',
+      '3',
+    ]);
+  });
+
+  test('of very many places keep their extremes', () => {
+    const a = Array.from({ length: 30_000 }, (_, at) => at);
+    const b = a.map((at) => (at === 12_345 ? 1000 : Math.sin(at)));
+    const drawn = picture({ a, b }, `<line>${xy}</line>`);
+    const corners = drawn.marks('line')[0]!.getAttribute('d')!.split('L');
+    expect(corners.length).toBeLessThan(8_100);
+    expect(drawn.drawn.dataTable.rows.some((row) => row[1] === '1000')).toBe(true);
+    expect(drawn.notes.join()).toContain('A line of 30000 places');
+  });
+
+  test('areas reach from one variable to the other', () => {
+    const drawn = picture({ a: [1, 2], b: [1, 2], c: [3, 5] }, `<area>${xy}<y variable="c"/></area>`);
+    expect(drawn.marks('area')).toHaveLength(1);
+    expect(drawn.textsOf('y axis')).not.toContain('0.0');
+  });
+});
+
+describe('boxes and error bars', () => {
+  const values = [1, 2, 3, 4, 5, 2, 4, 3, 3, 2, 4, 3, 3, 8, 11];
+
+  test('boxes show outliers and extremes with their labels', () => {
+    const drawn = picture(
+      { b: values, k: values.map(() => 1), n: values.map((_, at) => at + 1) },
+      '<schema><tukeyStatistic/><labeling variable="n"/><x variable="k"/><y variable="b"/></schema>',
+      { categorical: { k: ['all'] } },
+    );
+    expect(drawn.marks('rect')).toHaveLength(1);
+    expect(drawn.marks('dot')).toHaveLength(2);
+    expect(drawn.textsOf('Labels of data').sort()).toEqual(['14', '15']);
+  });
+
+  test('error bars reach as far as the confidence interval, and say so', () => {
+    const drawn = picture(
+      { k: [1, 1, 1, 1, 1], b: [1, 2, 3, 4, 5] },
+      '<interval><summaryStatistic method="7"/><x variable="k"/><y variable="b"/></interval>',
+      { categorical: kinds },
+    );
+    const row = drawn.drawn.dataTable.rows[0]!;
+    expect(row[1]).toBe('3');
+    expect(Number(row[2])).toBeCloseTo(3 - 2.776445 * Math.SQRT1_2, 4);
+    expect(drawn.textsOf('Notes').join()).toContain('95% confidence interval');
+    expect(drawn.notes).toEqual([]);
+  });
+});
+
+describe('notes', () => {
+  test.each([
+    ['statistic 14', '<point><x variable="a"/><y variable="b"/><summaryStatistic method="14"/></point>'],
+    ['position modifier 5', '<point positionModifier="5"><x variable="a"/><y variable="b"/></point>'],
+    [
+      'percentages of the statistic 22',
+      '<interval><x variable="a"/><summaryStatistic method="22"/></interval>',
+    ],
+    ['three dimensions', '<point><x variable="a"/><y variable="b"/><z variable="b"/></point>'],
+    ['no variable nowhere', '<point><x variable="nowhere"/><y variable="b"/></point>'],
+  ])('name the %s', (words, element) => {
+    const drawn = picture({ a: [1, 2], b: [1, 2] }, element);
+    expect(drawn.notes.join('\n')).toContain(words);
+    expect(drawn.textsOf('Notes').join(' ').replace(/\s+/g, ' ')).toContain(words.split(' ')[0]!);
+  });
+
+  test('name conditions and guides that cannot be read', () => {
+    const drawn = picture(
+      { a: [1, 2], b: [1, 2] },
+      `<point>${xy}<conditionalStyle when="a &gt; 3" style="h"/></point><functionGuide value="eval(x)" name="f"/>`,
+      { rest: '<style id="h" visible="false"/>' },
+    );
+    expect(drawn.marks('dot')).toHaveLength(2);
+    expect(drawn.notes.join('\n')).toMatch(/condition a > 3[^]*guide f[^]*eval/);
+  });
+});

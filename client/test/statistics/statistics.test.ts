@@ -1,0 +1,132 @@
+import { describe as suite, expect, test } from 'vitest';
+import { binOf, binsOf } from '../../src/statistics/bins.js';
+import { bandwidthOf, densityOf } from '../../src/statistics/density.js';
+import { studentProbability, studentQuantile } from '../../src/statistics/student.js';
+import { confidenceInterval, describe, summaries } from '../../src/statistics/summary.js';
+import { boxOf, hinges } from '../../src/statistics/tukey.js';
+
+const bins = (values: number[], wanted: { count?: number; start?: number; width?: number }) =>
+  binsOf(values, { count: null, start: null, width: null, dots: false, ...wanted });
+
+suite('Student t', () => {
+  // From printed tables.
+  test.each([
+    [0.975, 1, 12.7062],
+    [0.975, 2, 4.3027],
+    [0.975, 10, 2.2281],
+    [0.975, 30, 2.0423],
+    [0.995, 5, 4.0321],
+    [0.975, 1000, 1.9623],
+  ])('quantile %d of %d degrees', (probability, freedom, expected) => {
+    expect(studentQuantile(probability, freedom)).toBeCloseTo(expected, 3);
+  });
+
+  test('the probability of 0 is a half', () => {
+    expect(studentProbability(0, 7)).toBeCloseTo(0.5, 12);
+  });
+});
+
+suite('summaries', () => {
+  const sample = { values: [2, 4, 9], weights: null };
+  const weighted = { values: [2, 4, 9], weights: [1, 2, 1] };
+
+  test.each([
+    [1, 15, 19],
+    [2, 5, 4.75],
+    [4, 4, 4],
+    [5, 2, 2],
+    [6, 9, 9],
+    [10, 3, 4],
+  ])('method %d', (method, expected, withWeights) => {
+    expect(summaries.get(method)!.compute(sample)).toBe(expected);
+    expect(summaries.get(method)!.compute(weighted)).toBe(withWeights);
+  });
+
+  test('mean, deviation with n - 1, and count leave missing values out', () => {
+    const { mean, deviation, count } = describe({ values: [2, NaN, 4, 4, 4, 5, 5, 7, 9], weights: null });
+    expect([mean, count]).toEqual([5, 8]);
+    expect(deviation).toBeCloseTo(Math.sqrt(32 / 7), 12);
+  });
+
+  test('the confidence interval of a mean', () => {
+    // Mean 3, deviation sqrt(2.5), t of 4 degrees 2.776445.
+    const interval = confidenceInterval({ values: [1, 2, 3, 4, 5], weights: null })!;
+    expect(interval.low).toBeCloseTo(3 - 2.776445 * Math.sqrt(2.5 / 5), 4);
+    expect(interval.high).toBeCloseTo(3 + 2.776445 * Math.sqrt(2.5 / 5), 4);
+    expect(confidenceInterval({ values: [1], weights: null })).toBeNull();
+  });
+
+  test('a number that is not known has no meaning', () => {
+    expect(summaries.get(14)).toBeUndefined();
+  });
+});
+
+suite('bins', () => {
+  test('have the width and the start that are wanted', () => {
+    expect(bins([2700, 6300], { start: 2500, width: 250 })).toEqual({ start: 2500, width: 250, count: 16 });
+  });
+
+  test('begin lower by whole classes where a value is below the start', () => {
+    expect(bins([10, 50], { start: 25, width: 10 })).toEqual({ start: 5, width: 10, count: 5 });
+  });
+
+  test('are as many as are wanted, from the lowest to the highest value', () => {
+    expect(bins([0, 24], { count: 12 })).toEqual({ start: 0, width: 2, count: 12 });
+  });
+
+  test('have round bounds where the chart leaves them open', () => {
+    const made = bins(
+      Array.from({ length: 100 }, (_, at) => at * 0.97),
+      {},
+    )!;
+    expect([1, 2, 5, 10, 20, 50]).toContain(made.width);
+    expect(made.start % made.width).toBe(0);
+  });
+
+  test('take a value on a bound into the upper class, and the highest into the last', () => {
+    const made = { start: 0, width: 2, count: 3 };
+    expect([0, 1.99, 2, 6].map((value) => binOf(made, value))).toEqual([0, 0, 1, 2]);
+  });
+
+  test('of one value are one', () => {
+    expect(bins([7, 7], {})!.count).toBe(1);
+    expect(bins([], {})).toBeNull();
+  });
+});
+
+suite('boxes', () => {
+  test('have hinges that share the middle value', () => {
+    expect(hinges([1, 2, 3, 4, 5])).toEqual([2, 4]);
+    expect(hinges([1, 2, 3, 4])).toEqual([1.5, 3.5]);
+  });
+
+  test('tell outliers from extremes', () => {
+    // Hinges 2 and 4: inner fences at -1 and 7, outer ones at -4 and 10.
+    const box = boxOf([1, 2, 3, 4, 5, 8, 2, 4, 11, 3, 3, 2, 4, 3, 3])!;
+    expect([box.lowerHinge, box.median, box.upperHinge]).toEqual([2.5, 3, 4]);
+    expect(box.outliers).toEqual([5]);
+    expect(box.extremes).toEqual([8]);
+    expect([box.lowest, box.highest]).toEqual([1, 5]);
+  });
+});
+
+suite('densities', () => {
+  const values = [1, 2, 2, 3, 3, 3, 4, 4, 5];
+
+  test('have an area of 1 and their top in the middle', () => {
+    const curve = densityOf({ values, weights: null }, 301);
+    const width = curve[1]!.at - curve[0]!.at;
+    expect(curve.reduce((sum, { density }) => sum + density * width, 0)).toBeCloseTo(1, 3);
+    const top = curve.reduce((a, b) => (b.density > a.density ? b : a));
+    expect(top.at).toBeCloseTo(3, 1);
+  });
+
+  test('go by the rule for their width', () => {
+    // Quartiles 2 and 4 give 1.4826, the deviation 1.2247 is less.
+    expect(bandwidthOf(values)).toBeCloseTo(0.9 * Math.sqrt(12 / 8) * 9 ** -0.2, 6);
+  });
+
+  test('are none of values that are all the same', () => {
+    expect(densityOf({ values: [2, 2, 2], weights: null })).toEqual([]);
+  });
+});
