@@ -30,7 +30,7 @@ const width = gap + columns * (cell.width + gap);
 const height = gap + Math.ceil(pictures.length / columns) * (cell.height + gap);
 writeFileSync(
   overview,
-  `<svg xmlns="http://www.w3.org/2000/svg" width="${width}" height="${height}" font-family="sans-serif" font-size="14" fill="#444">
+  `<svg xmlns="http://www.w3.org/2000/svg" width="${width}" height="${height}" font-family="Helvetica, Arial, Liberation Sans, sans-serif" font-size="14" fill="#444">
 <rect width="100%" height="100%" fill="white"/>
 ${pictures.map(placed).join('\n')}
 </svg>
