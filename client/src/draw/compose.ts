@@ -246,7 +246,13 @@ export function compose(
   });
   const legends = layout.legends.map(({ laid, box }) => drawLegend(laid, box.left, box.top, patterns, maker));
   const frames = layout.frames.map((frame) => drawFrame(frame, maker));
-  const below = drawNotes([...captionsOf(graphs), ...new Set(notes)], layout.width, layout.height, pageColor, maker);
+  const below = drawNotes(
+    [...captionsOf(graphs), ...new Set(notes)],
+    layout.width,
+    layout.height,
+    pageColor,
+    maker,
+  );
   const height = Math.ceil(layout.height + below.height);
   const page = maker.make('rect', { width: layout.width, height, fill: pageColor, 'aria-hidden': 'true' });
   const outline = drawBox(

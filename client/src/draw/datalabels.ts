@@ -65,12 +65,24 @@ const overlap = (a: Room, b: Room) =>
 /** More cannot be read. */
 const mostLabels = 2_000;
 
+/** What symbols cover, so that no label hides one. Of very many there is no room for labels anyway. */
+function symbolRooms(layer: Layer, canvas: Canvas): Room[] {
+  if (layer.kind !== 'points' || layer.shapes.length > mostLabels) return [];
+  const half = layer.look.size / 2 - 1;
+  return layer.shapes.map((shape) => {
+    const [ux, uy] = [canvas.x.unit(shape.x), canvas.y.unit(shape.y)];
+    const [across, up] = canvas.transposed ? [uy, ux] : [ux, uy];
+    const [x, y] = [across * canvas.width, (1 - up) * canvas.height];
+    return { left: x - half, right: x + half, top: y - half, bottom: y + half };
+  });
+}
+
 /** Unless the chart wants all of them, a label that would cover an earlier one is left out. */
 export function placeLabels(canvas: Canvas, layer: Layer): PlacedLabel[] {
   const look = textLook(layer.element.labeling[0]?.style ?? {}, ownTexts.dataLabel);
   const candidates = candidatesOf(layer, canvas).slice(0, mostLabels);
   if (layer.element.showCollidingLabels) return candidates;
-  const taken: Room[] = [];
+  const taken: Room[] = symbolRooms(layer, canvas);
   return candidates.filter((label) => {
     const room = roomOf(label, look);
     if (taken.some((other) => overlap(room, other))) return false;

@@ -69,8 +69,9 @@ export function compileGraph(graph: Graph, chart: Chart, data: Data, notes: stri
     x: scaleOf(x, panels, places('x'), chart, notes),
     y: dotted(panels, y) ?? scaleOf(y, panels, places('y'), chart, notes),
   };
-  const counts =
-    y.values.length === 0 && graph.elements.every((each) => countMethods.has(each.summary ?? 10));
+  const isCount = (each: Graph['elements'][number]) =>
+    !each.density && (each.summary === null ? each.bins !== null : countMethods.has(each.summary));
+  const counts = y.values.length === 0 && graph.elements.every(isCount);
   return { graph, chart, grid, x, y, orientation, panels, scales, guides, counts, notes };
 }
 
@@ -334,7 +335,12 @@ function drawLineNames(layout: Layout, scope: GraphScope): SVGElement {
   let last = -Infinity;
   for (const name of wanted) {
     last = Math.max(name.at, last + leastDistance);
-    const look = { ...ownTexts.guideLabel, size: 12, weight: 'bold', color: readable(scope.paper, name.color) };
+    const look = {
+      ...ownTexts.guideLabel,
+      size: 12,
+      weight: 'bold',
+      color: readable(scope.paper, name.color),
+    };
     group.append(maker.text([name.text], layout.width + 6, last + 4, look));
   }
   return group;

@@ -85,12 +85,14 @@ function groupEntries(target: Target, scope: LegendScope, look: TextLook): Entry
     const own = lookOf(ownLookOf(element), kind, [variable], [category], scope.chart);
     return { look: own, kind, lines: wrap(category.text, widestText, look) };
   });
-  // Parts that stand on each other are listed as they stand.
-  const stacked = element.modifier === 3 && element.kind !== 'schema' && element.x.length > 0;
   const lying = scope.chart.graphs.some((graph) =>
     graph.coordinates[0]?.transforms.some((transform) => transform.kind === 'transpose'),
   );
-  return stacked && !lying ? entries.reverse() : entries;
+  const wide = element.kind === 'interval' || element.kind === 'schema' || element.kind === 'area';
+  const stacked = element.modifier === 3 && element.x.length > 0;
+  const beside = !stacked && (scope.cluster !== null || element.modifier === 1);
+  // Parts are listed as they stand: upwards where they stand on each other, or beside each other in lying bars.
+  return wide && element.x.length > 0 && (lying ? beside : stacked) ? entries.reverse() : entries;
 }
 
 function rangeSection(target: Target, range: Range, look: TextLook): Section {

@@ -296,3 +296,31 @@ describe('notes', () => {
     expect(drawn.notes.join('\n')).toMatch(/condition a > 3[^]*guide f[^]*eval/);
   });
 });
+
+describe('labels', () => {
+  const labelled = (attribute: string) =>
+    picture(
+      { a: [1, 1.15, 9], b: [5, 5, 5], n: [7, 8, 9] },
+      `<point ${attribute}><x variable="a"/><y variable="b"/><labeling variable="n"/></point>`,
+    ).textsOf('Labels of data');
+
+  test('that would cover a point are left out', () => {
+    // The second point stands where the label of the first would be.
+    expect(labelled('')).toEqual(['8', '9']);
+  });
+
+  test('stay where the chart wants all of them', () => {
+    expect(labelled('showCollidingLabels="true"')).toEqual(['7', '8', '9']);
+  });
+});
+
+describe('densities', () => {
+  test('have an axis with parts of one', () => {
+    const drawn = picture(
+      { a: [1, 2, 2, 3, 3, 3, 4] },
+      '<area><x variable="a"/><distributionStatistic/></area>',
+    );
+    expect(drawn.textsOf('y axis').length).toBeGreaterThan(3);
+    expect(drawn.marks('area')).toHaveLength(1);
+  });
+});
