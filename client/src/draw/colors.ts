@@ -68,3 +68,15 @@ export function readable(paper: string, ...colors: string[]): string {
   const found = colors.find((each) => each !== none && contrast(each, ground) >= leastContrast);
   return found ?? (contrast('#1a1a1a', ground) > contrast('#ffffff', ground) ? '#1a1a1a' : '#ffffff');
 }
+
+/** The colour itself, or as much darker or lighter as a text on the paper needs. */
+export function readableShade(paper: string, text: string): string {
+  const ground = paper === none ? '#ffffff' : paper;
+  const lighter = luminance(ground) < 0.2;
+  let shade = color(text);
+  for (let step = 0; shade && step < 20; step += 1) {
+    if (contrast(shade.formatHex(), ground) >= leastContrast) return shade.formatHex();
+    shade = lighter ? shade.brighter(0.15) : shade.darker(0.15);
+  }
+  return readable(paper);
+}

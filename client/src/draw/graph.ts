@@ -11,7 +11,7 @@ import {
   type AxisPlace,
   type DrawnAxis,
 } from './axes.js';
-import { none, readable, safeColor } from './colors.js';
+import { none, readableShade, safeColor } from './colors.js';
 import { compile, type Scope } from './compile.js';
 import { directionOf, type Direction } from './directions.js';
 import { guidesOf, type DrawnGuide } from './guides.js';
@@ -339,7 +339,7 @@ function drawLineNames(layout: Layout, scope: GraphScope): SVGElement {
       ...ownTexts.guideLabel,
       size: 12,
       weight: 'bold',
-      color: readable(scope.paper, name.color),
+      color: readableShade(scope.paper, name.color),
     };
     group.append(maker.text([name.text], layout.width + 6, last + 4, look));
   }

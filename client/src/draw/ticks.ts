@@ -168,11 +168,17 @@ function withinPanel(
   overhang: number,
 ): TickLayout {
   if (!Number.isFinite(overhang) || layout.angle !== 0) return layout;
-  const beyond = layout.lines.map((each, at) => {
+  const reaches = layout.lines.map((each, at) => {
     const place = scale.unit(layout.ticks[at]!.value) * length;
     const half = widest(each, look) / 2;
-    return Math.max(0, -overhang - (place - half)) - Math.max(0, place + half - (length + overhang));
+    return { left: Math.max(0, half - place), right: Math.max(0, place + half - length) };
   });
+  const most = (side: 'left' | 'right') => Math.max(0, ...reaches.map((reach) => reach[side]));
+  // The last label of a panel may take all of the gap where the first one of the next takes nothing of it.
+  if (most('left') + most('right') <= 2 * overhang) return layout;
+  const beyond = reaches.map(
+    ({ left, right }) => Math.max(0, left - overhang) - Math.max(0, right - overhang),
+  );
   const lines = layout.lines.map((each, at) => (beyond[at] === 0 ? each : []));
   if (lines.filter((each) => each.length > 0).length >= 2) return { ...layout, lines };
   return { ...layout, shifts: beyond };

@@ -1,5 +1,5 @@
 import { describe, expect, test } from 'vitest';
-import { contrast } from '../../src/draw/colors.js';
+import { contrast, readableShade } from '../../src/draw/colors.js';
 import { textWidth, wrap } from '../../src/draw/text.js';
 import { sansSerif } from '../../src/draw/text.js';
 import { chartText, Picture, picture, plainAxes, number, tableOf, variables } from './chart.js';
@@ -349,6 +349,14 @@ describe('texts', () => {
     expect(wrap('one two three', 40, look)).toEqual(['one two', 'three']);
     expect(wrap('abcdefghij', 20, look).join('')).toBe('abcdefghij');
     expect(wrap('abcdefghij', 20, look).length).toBeGreaterThan(2);
+  });
+
+  test('keep their colour as far as it can be read', () => {
+    expect(readableShade('#ffffff', '#0072b2')).toBe('#0072b2');
+    const darker = readableShade('#ffffff', '#d55e00');
+    expect(contrast(darker, '#ffffff')).toBeGreaterThanOrEqual(4.5);
+    expect(darker).toMatch(/^#[9-c][0-9a-f][3-5][0-9a-f]00$/);
+    expect(contrast(readableShade('#222222', '#0072b2'), '#222222')).toBeGreaterThanOrEqual(4.5);
   });
 
   test('contrast goes from 1 to 21', () => {
