@@ -136,9 +136,14 @@ function areaMarks(canvas: Canvas, layer: Layer): Plot.Markish[] {
   return [canvas.transposed ? Plot.areaX(shapes, all) : Plot.areaY(shapes, all)];
 }
 
+/** With more places than that to a pixel a line is thinner, unless the chart says how wide it is. */
+const densePlaces = 2;
+
 function lineMarks(canvas: Canvas, layer: Layer): Plot.Markish[] {
   const own = channels(canvas, { x: (s) => s.x, y: (s) => s.y });
-  const line = Plot.line(layer.shapes, { ...own, ...lineOptions(layer.look), z: null } as Plot.LineOptions);
+  const dense = layer.shapes.length > densePlaces * canvas.width && !layer.element.style.strokeWidth;
+  const look = dense ? { ...layer.look, strokeWidth: 1 } : layer.look;
+  const line = Plot.line(layer.shapes, { ...own, ...lineOptions(look), z: null } as Plot.LineOptions);
   const alone = layer.shapes.filter((shape, at, all) => isAlone(shape, all[at - 1], all[at + 1]));
   if (alone.length === 0) return [line];
   const fill = layer.look.stroke;
