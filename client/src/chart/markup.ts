@@ -135,12 +135,17 @@ export function numberOf(text: string | null): number | null {
 
 const lengthPattern = /^\s*(-?[0-9.]+(?:[eE][-+]?\d+)?)\s*(px|pt|mm|cm|in|%)?\s*$/;
 
+/** What is longer is no length of a page. */
+const longest = 1e6;
+
 /** A number without a unit is one of pixels. */
 export function lengthOf(text: string | null): Length | null {
   const found = text === null ? null : lengthPattern.exec(text);
   if (!found) return null;
   const value = Number(found[1]);
-  return Number.isFinite(value) ? { value, unit: (found[2] as Length['unit'] | undefined) ?? 'px' } : null;
+  return Math.abs(value) <= longest
+    ? { value, unit: (found[2] as Length['unit'] | undefined) ?? 'px' }
+    : null;
 }
 
 const pixelsOfUnit = { px: 1, pt: 4 / 3, mm: 96 / 25.4, cm: 960 / 25.4, in: 96 };

@@ -65,6 +65,9 @@ function rootOf(
   ) as unknown as SVGSVGElement;
 }
 
+const reasonOf = (error: unknown) =>
+  (error instanceof Error ? error.message : String(error)).replace(/\.$/, '');
+
 /** A page that says why there is no chart. */
 function drawFailure(reason: string, received: Received, maker: Maker): Drawn {
   const [width, height] = [625, 200];
@@ -84,7 +87,7 @@ function compileAll(chart: Chart, data: Data, notes: string[]): CompiledGraph[] 
     try {
       return [compileGraph(graph, chart, data, notes)];
     } catch (error) {
-      notes.push(`A graph cannot be drawn: ${error instanceof Error ? error.message : String(error)}.`);
+      notes.push(`A graph cannot be drawn: ${reasonOf(error)}.`);
       return [];
     }
   });
@@ -109,10 +112,6 @@ export function draw(received: Received, options: DrawOptions): Drawn {
     svg.append(...parts);
     return { svg, width, height, title, notes: [...new Set(notes)], dataTable: table };
   } catch (error) {
-    return drawFailure(
-      `The chart cannot be drawn: ${error instanceof Error ? error.message : String(error)}.`,
-      received,
-      maker,
-    );
+    return drawFailure(`The chart cannot be drawn: ${reasonOf(error)}.`, received, maker);
   }
 }

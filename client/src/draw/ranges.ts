@@ -45,8 +45,12 @@ function lookFor(aesthetic: Aesthetic, chart: Chart): (share: number) => Varied 
     // Readers compare areas, so that the area is what shows the value.
     return (share) => ({ size: Math.sqrt(low * low + share * (high * high - low * low)) });
   }
-  const low = numberOf(aesthetic.low) ?? 0;
-  const high = numberOf(aesthetic.high) ?? 0.8;
+  const bound = (text: string | null, otherwise: number) => {
+    const value = numberOf(text);
+    return value !== null && value >= 0 && value <= 1 ? value : otherwise;
+  };
+  const low = bound(aesthetic.low, 0);
+  const high = bound(aesthetic.high, 0.8);
   return (share) => ({ opacity: 1 - (low + share * (high - low)) });
 }
 

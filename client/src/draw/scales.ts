@@ -163,6 +163,12 @@ export function withFunctions(scale: Omit<DrawnScale, 'unit' | 'value'>): DrawnS
   return { ...scale, unit: (value) => made(value) as number, value: (unit) => made.invert(unit) as number };
 }
 
+/** Bounds from the lower to the upper one; from 0 to 1 where no scale can have them. */
+function ordered([first, second]: [number, number]): [number, number] {
+  if (!Number.isFinite(second - first)) return [0, 1];
+  return first <= second ? [first, second] : [second, first];
+}
+
 export function scaleOf(
   direction: Direction,
   panels: Layer[][],
@@ -191,7 +197,7 @@ export function scaleOf(
         : linearDomain(direction, reach, domain);
   return withFunctions({
     direction,
-    domain: bounds[0] <= bounds[1] ? bounds : [bounds[1], bounds[0]],
+    domain: ordered(bounds),
     method,
     base,
     inverted: settings?.invert ?? false,

@@ -1,5 +1,5 @@
 import { describe, expect, test } from 'vitest';
-import { number, picture, plainAxes } from './chart.js';
+import { chartText, number, Picture, picture, plainAxes, tableOf } from './chart.js';
 
 const kinds = { k: ['one', 'two', 'three'] };
 const xy = '<x variable="a"/><y variable="b"/>';
@@ -322,5 +322,64 @@ describe('densities', () => {
     );
     expect(drawn.textsOf('y axis').length).toBeGreaterThan(3);
     expect(drawn.marks('area')).toHaveLength(1);
+  });
+});
+
+describe('multiple response sets', () => {
+  test('have a bar for each member, by its text', () => {
+    const member = (name: string, text: string) =>
+      `<sourceVariable id="${name}" source="s" sourceName="${name}" label="${text}" categorical="true"><format><relabel from="1" to="${text}"/></format></sourceVariable>`;
+    const bar = (name: string) =>
+      `<interval positionModifier="3"><x variable="${name}"/><summaryStatistic method="10"/></interval>`;
+    const drawn = new Picture(
+      chartText(
+        `<graph>${bar('m')}${bar('n')}<coordinates><dimension domain="d"><axis><majorTicks/></axis></dimension><dimension/></coordinates></graph>` +
+          `<userSource id="s"/>${member('m', 'Bicycle')}${member('n', 'Train')}` +
+          '<categoricalDomain id="d"><variableReference ref="m"/><variableReference ref="n"/><categories>1</categories></categoricalDomain>',
+      ),
+      tableOf({ m: [1, 0, 1], n: [1, 1, 1] }),
+    );
+    expect(drawn.textsOf('x axis')).toEqual(['Bicycle', 'Train']);
+    const heights = drawn.marks('rect').map((mark) => number(mark, 'height'));
+    expect(heights[1]! / heights[0]!).toBeCloseTo(1.5, 2);
+  });
+});
+
+describe('weights', () => {
+  test('count as often as they say', () => {
+    const drawn = picture(
+      { k: [1, 2] },
+      '<interval><x variable="k"/><summaryStatistic method="10"/></interval>',
+      {
+        categorical: kinds,
+        rest: '<sourceVariable id="w" source="s" sourceName="k" weight="true"/>',
+      },
+    );
+    // The weights are 1 and 2.
+    expect(drawn.drawn.dataTable.rows.map((row) => row[1])).toEqual(['1', '2']);
+  });
+});
+
+describe('pies', () => {
+  test('have a slice for each category, with its share', () => {
+    const drawn = picture(
+      { k: [1, 1, 1, 2] },
+      '<interval positionModifier="3"><summaryStatistic method="3"/><color variable="k"/></interval>',
+      { categorical: kinds, coordinates: '<dimension/><dimension/><transposeTransform/><polarTransform/>' },
+    );
+    expect(drawn.marks('slice')).toHaveLength(2);
+    expect(drawn.textsOf('Shares')).toEqual(['75.0%', '25.0%']);
+  });
+});
+
+describe('range bars', () => {
+  test('reach from one variable to the other', () => {
+    const drawn = picture(
+      { k: [1, 2], b: [10, 10], c: [20, 40] },
+      '<interval><x variable="k"/><y variable="b"/><y variable="c"/></interval>',
+      { categorical: kinds },
+    );
+    const heights = drawn.marks('rect').map((mark) => number(mark, 'height'));
+    expect(heights[1]! / heights[0]!).toBeCloseTo(3, 2);
   });
 });
