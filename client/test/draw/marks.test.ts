@@ -117,6 +117,7 @@ describe('bars', () => {
     const [low, high] = drawn.marks('rect');
     expect(number(high!, 'y') + number(high!, 'height')).toBeCloseTo(number(low!, 'y'), 1);
     expect(number(high!, 'x')).toBe(number(low!, 'x'));
+    expect(number(high!, 'height') / number(low!, 'height')).toBeCloseTo(5 / 3, 2);
   });
 
   test('stand beside each other, an absent one keeps its place', () => {

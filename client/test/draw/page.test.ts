@@ -68,16 +68,16 @@ describe('scales and ticks', () => {
 
   test('derived show shares of what the bars show', () => {
     const drawn = picture(
-      { k: [1, 2], b: [30, 70] },
+      { k: [1, 2], b: [50, 150] },
       '<interval><x variable="k"/><y variable="b"/></interval>',
       {
         categorical: kinds,
         coordinates:
           '<dimension/><dimension domain="d"><axis opposite="true" transform="1"><majorTicks delta="20"><format suffix="%"/></majorTicks></axis></dimension>',
-        rest: '<intervalDomain id="d"><range min="0" max="80" exact="true"/></intervalDomain>',
+        rest: '<intervalDomain id="d"><range min="-40" max="160" exact="true"/></intervalDomain>',
       },
     );
-    expect(drawn.textsOf('y axis')).toEqual(['0%', '20%', '40%', '60%', '80%']);
+    expect(drawn.textsOf('y axis')).toEqual(['\u221220%', '0%', '20%', '40%', '60%', '80%']);
   });
 
   test('long names of categories are wrapped or turned, never on each other', () => {
