@@ -38,10 +38,10 @@ bool XDocument::SendContent(char const* data, unsigned long size, ChartXMLConten
 
 bool XDocument::SendDescription() const {
   if (mData->mDescription.empty()) mData->mDescription = kestrel::missingDescription();
-  return kestrel::sendDescription(
-      mData->mDescription, [this](std::string const& content, ChartXMLContentType type) {
-        return SendContent(content.data(), content.size(), type, noSubType);
-      });
+  return kestrel::sendDescription(mData->mDescription,
+                                  [this](std::string const& content, ChartXMLContentType type) {
+                                    return SendContent(content.data(), content.size(), type, noSubType);
+                                  });
 }
 
 namespace {
