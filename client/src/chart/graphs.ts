@@ -14,6 +14,7 @@ import type {
   Panels,
   Scale,
   ScaleMethod,
+  Style,
   Ticks,
   Transform,
 } from './model.js';
@@ -64,9 +65,6 @@ const primaryAxis = 2;
 const derivedAxis = 1;
 
 function readAxis(markup: Markup, styleOf: StyleOf, notes: string[]): Axis {
-  // One label for all panels, and axes at the outer panels alone: this client always draws them so.
-  markup.flag('combineAxisLabels');
-  markup.number('repeat');
   const transform = markup.number('transform') ?? primaryAxis;
   if (transform !== primaryAxis && transform !== derivedAxis) {
     notes.push(`The transform ${transform} of an axis is not known; it is drawn as a primary one.`);
@@ -75,13 +73,14 @@ function readAxis(markup: Markup, styleOf: StyleOf, notes: string[]): Axis {
     style: styleOf(markup.reference('style')),
     label: readLabel(markup.child('label'), styleOf),
     ticks: readTicks(markup.child('majorTicks'), styleOf),
-    opposite: markup.flag('opposite') ?? false,
+    opposite: markup.flag('opposite'),
     derived: transform === derivedAxis,
+    repeat: markup.number('repeat'),
+    combineLabels: markup.flag('combineAxisLabels'),
   };
 }
 
 function readDimension(markup: Markup, styleOf: StyleOf, notes: string[]): Dimension {
-  markup.flag('unionDomain');
   return {
     axes: markup.children('axis').map((axis) => readAxis(axis, styleOf, notes)),
     scale: readScale(markup.child('scale'), notes),
@@ -90,6 +89,7 @@ function readDimension(markup: Markup, styleOf: StyleOf, notes: string[]): Dimen
     clusterGap: markup.length('clusterGap'),
     lowerMargin: markup.length('lowerMargin'),
     upperMargin: markup.length('upperMargin'),
+    unionDomain: markup.flag('unionDomain'),
     niceLower: markup.flag('niceLowerMapping'),
     niceUpper: markup.flag('niceUpperMapping'),
   };
@@ -195,15 +195,15 @@ function readLayout(markup: Markup | null, styleOf: StyleOf, notes: string[]): P
       axis: axis && readAxis(axis, styleOf, notes),
     };
   });
-  const frames = markup
-    .children('setCellProperties')
-    .flatMap((cell) => cell.children('setFrameStyle'))
-    .map((frame) => styleOf(frame.reference('style')));
+  const cellStyles = markup.children('setCellProperties').map((cell): Style => {
+    const frames = cell.children('setFrameStyle').map((frame) => styleOf(frame.reference('style')));
+    return Object.assign({}, ...frames) as Style;
+  });
   return {
     aspect: markup.number('cellAspect'),
     topDown: markup.flag('topDown') ?? true,
     levels,
-    cellStyles: frames,
+    cellStyles,
   };
 }
 

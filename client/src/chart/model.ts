@@ -7,7 +7,6 @@ export interface Style {
   color2?: string;
   visible?: boolean;
   opacity?: number;
-  opacity2?: number;
   pattern?: number;
   symbol?: string;
   size?: Length;
@@ -26,7 +25,6 @@ export interface Style {
   paddingRight?: Length;
   paddingBottom?: Length;
   paddingLeft?: Length;
-  labelAngle?: number;
 }
 
 export interface Chart {
@@ -46,6 +44,8 @@ export interface Chart {
   embedded: EmbeddedSource[];
   /** The special parts by their names: title1, subtitle, footnote1, legend1 and so on. */
   parts: Map<string, string>;
+  /** Functions of clients that parts of the chart ask for. */
+  controllers: { name: string; target: string }[];
 }
 
 export type Part = 'left' | 'right' | 'top' | 'bottom' | 'width' | 'height';
@@ -75,11 +75,12 @@ export interface Variable {
   expression: string;
   domain: string;
   date: boolean;
+  /** Its values are the middles of groups of values. */
+  groupedMidpoints: boolean;
   format: Format | null;
 }
 
 export interface Format {
-  baseFormat: number | null;
   errorCharacter: string | null;
   maximumFractionDigits: number | null;
   minimumFractionDigits: number | null;
@@ -99,7 +100,7 @@ export interface Domain {
   minimum: string | null;
   maximum: string | null;
   exact: boolean;
-  sort: { descending: boolean; order: string[] } | null;
+  sort: { method: number | null; descending: boolean; order: string[] } | null;
   /** The categories that are shown, or null for all. */
   only: string[] | null;
   removed: string[];
@@ -151,6 +152,7 @@ export interface Dimension {
   clusterGap: Length | null;
   lowerMargin: Length | null;
   upperMargin: Length | null;
+  unionDomain: boolean | null;
   niceLower: boolean | null;
   niceUpper: boolean | null;
 }
@@ -168,8 +170,13 @@ export interface Axis {
   style: Style;
   label: Label | null;
   ticks: Ticks | null;
-  opposite: boolean;
+  /** Null where the chart does not say. */
+  opposite: boolean | null;
   derived: boolean;
+  /** At which panels it stands; 0 is the outer ones. */
+  repeat: number | null;
+  /** Whether all panels have one label. */
+  combineLabels: boolean | null;
 }
 
 export interface Ticks {
@@ -274,6 +281,7 @@ export interface PanelLayout {
   aspect: number | null;
   topDown: boolean;
   levels: PanelLevel[];
+  /** The looks of single panels, in the order of the markup. */
   cellStyles: Style[];
 }
 

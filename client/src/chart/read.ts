@@ -88,6 +88,10 @@ export function readChart(text: string, parseXml: (text: string) => Document): R
     cycles: new Map(cycles.map((cycle) => [cycle.id, cycle])),
     embedded: readEmbedded(root),
     parts: readParts(root),
+    controllers: root.children('swingController').map((each) => ({
+      name: each.reference('function'),
+      target: each.reference('target'),
+    })),
   };
   return { chart, notes: [...notes, ...reading.leftovers(element)] };
 }

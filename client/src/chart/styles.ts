@@ -50,9 +50,7 @@ const lengths = {
 
 const numbers = {
   opacity: 'opacity',
-  opacity2: 'opacity2',
   pattern: 'pattern',
-  labelAngle: 'labelAngle',
 } as const;
 
 function defined<Value>(names: Record<string, string>, read: (name: string) => Value | null): object {

@@ -11,7 +11,6 @@ export function readFormat(markup: Markup | null): Format | null {
     if (!relabels.has(from)) relabels.set(from, to);
   }
   return {
-    baseFormat: markup.number('baseFormat'),
     errorCharacter: markup.text('errorCharacter'),
     maximumFractionDigits: markup.number('maximumFractionDigits'),
     minimumFractionDigits: markup.number('minimumFractionDigits'),
@@ -53,6 +52,7 @@ function readVariable(markup: Markup, kind: VariableKind): Variable {
           : '',
     domain: markup.reference('domain'),
     date: inputPattern !== null || isDatePattern(format?.pattern ?? null),
+    groupedMidpoints: markup.child('extension')?.flag('valuesAreGroupedMidpoints') ?? false,
     format,
   };
 }
@@ -84,7 +84,6 @@ function listOf(text: string): string[] {
 function readDomain(markup: Markup): Domain {
   const range = markup.child('range');
   const sort = markup.child('simpleSort');
-  sort?.number('method');
   const categories = markup.children('categories').map((each) => ({
     removed: each.flag('remove') ?? false,
     names: listOf(each.content()),
@@ -100,6 +99,7 @@ function readDomain(markup: Markup): Domain {
     maximum: range?.text('max') ?? null,
     exact: range?.flag('exact') ?? false,
     sort: sort && {
+      method: sort.number('method'),
       descending: sort.flag('descending') ?? false,
       order: sort.children('categoryOrder').flatMap((each) => listOf(each.content())),
     },

@@ -99,6 +99,11 @@ function planOf(element: ChartElement, scope: Scope): Plan | null {
   }
   const kind = kindOf(element, scope);
   const lookKind: LookKind = kind === 'errors' ? 'error' : element.kind;
+  const weights = data.weights(first.source);
+  if (weights && (kind === 'boxes' || kind === 'dots')) {
+    const what = kind === 'boxes' ? 'Boxes' : 'Stacked dots';
+    notes.push(`${what} show each row once: the weights of the cases do not enter them.`);
+  }
   const binned = element.bins !== null && !element.bins.dots;
   return {
     element,
@@ -109,7 +114,7 @@ function planOf(element: ChartElement, scope: Scope): Plan | null {
     ranges: rangesOf(element, chart, data),
     summary: summaryOf(element, scope),
     bins: binned && scope.x.kind !== 'category' ? binsOf(present(first.numbers), element.bins!) : null,
-    weights: data.weights(first.source),
+    weights,
     source: first.source,
     rows: first.numbers.length,
   };

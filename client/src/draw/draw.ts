@@ -9,6 +9,7 @@ import { ownTexts } from './looks.js';
 import { hashOf, Maker } from './svg.js';
 import { dataTable } from './table.js';
 import { wrap } from './text.js';
+import { chartNotes } from './unhonoured.js';
 
 /** A chart as a picture, and what a reader gets beside it. */
 export interface Drawn {
@@ -100,6 +101,7 @@ export function draw(received: Received, options: DrawOptions): Drawn {
   if (text === null) return drawFailure('There is no chart text to draw.', received, maker);
   try {
     const { chart, notes } = readChart(text, options.parseXml);
+    notes.push(...chartNotes(chart, received));
     const data = new Data(chart, received, notes);
     const graphs = compileAll(chart, data, notes);
     if (graphs.every((compiled) => compiled.panels.every((layers) => layers.length === 0))) {

@@ -22,11 +22,12 @@ import { isReflected, orientationOf, type Orientation } from './orientation.js';
 import type { Rectangle } from './page.js';
 import { panelGrid, type Panel, type PanelGrid } from './panels.js';
 import type { Patterns } from './patterns.js';
-import { drawPanel, type GridLines } from './plot.js';
+import { drawPanel, type GridLines, type PanelFrame } from './plot.js';
 import { position } from './positions.js';
 import { baselineOf, equalUnits, scaleOf, withFunctions, type DrawnScale } from './scales.js';
 import type { Maker } from './svg.js';
 import { fitsAcross, reachBeyond, ticksOf, wantedTicks, wholeOnly, type Tick } from './ticks.js';
+import { flatNotes, panelNotes, scaleNotes } from './unhonoured.js';
 import type { Data } from '../data/columns.js';
 import type { Chart } from '../chart/model.js';
 
@@ -56,7 +57,10 @@ export function compileGraph(graph: Graph, chart: Chart, data: Data, notes: stri
   if (graph.coordinates.length > 1) notes.push('Elements are drawn in the first coordinates of their graph.');
   if (orientation.view || graph.elements.some((element) => element.z.length > 0)) {
     notes.push('The chart is one in three dimensions: it is drawn flat, by x and y alone.');
+  } else {
+    notes.push(...flatNotes(graph));
   }
+  notes.push(...panelNotes(graph, grid));
   const scope: Scope = { chart, graph, data, grid, x, y, polar: orientation.polar, notes };
   const panels = compile(scope);
   if (orientation.polar && panels.flat().some((layer) => layer.kind !== 'slices')) {
@@ -69,6 +73,7 @@ export function compileGraph(graph: Graph, chart: Chart, data: Data, notes: stri
     x: scaleOf(x, panels, places('x'), chart, notes),
     y: dotted(panels, y) ?? scaleOf(y, panels, places('y'), chart, notes),
   };
+  notes.push(...scaleNotes(scales, orientation));
   const isCount = (each: Graph['elements'][number]) =>
     !each.density && (each.summary === null ? each.bins !== null : countMethods.has(each.summary));
   const counts = y.values.length === 0 && graph.elements.every(isCount);
@@ -83,8 +88,7 @@ function dotted(panels: Layer[][], y: Direction): DrawnScale | null {
 
 interface Layout {
   axes: DrawnAxis[];
-  columnHeaders: Headers;
-  rowHeaders: Headers;
+  headers: Record<AxisPlace, Headers>;
   rooms: Record<AxisPlace, number>;
   width: number;
   height: number;
@@ -201,30 +205,37 @@ function panelSize(compiled: CompiledGraph, whole: Rectangle, rooms: Layout['roo
   return { width, height, gapX, gapY };
 }
 
+function axisRoom(axes: DrawnAxis[], place: AxisPlace): number {
+  return axes.filter((axis) => axis.place === place).reduce((sum, axis) => sum + axis.room, 0);
+}
+
 function roomsOf(
   axes: DrawnAxis[],
-  columnHeaders: Headers,
-  rowHeaders: Headers,
+  headers: Layout['headers'],
   named: number,
   width: number,
 ): Layout['rooms'] {
-  const room = (place: AxisPlace) =>
-    axes.filter((axis) => axis.place === place).reduce((sum, axis) => sum + axis.room, 0);
+  const room = (place: AxisPlace) => axisRoom(axes, place);
   const sideways = axes.filter((axis) => !isUpright(axis.place));
   const beyond = sideways.map((axis) => reachBeyond(axis.layout, axis.scale, width, axis.labelLook));
   const overhang = Math.max(edgeRoom, ...beyond.map((reach) => reach + 4));
   return {
-    left: Math.max(room('left'), edgeRoom) + 2,
-    right: Math.max(room('right') + rowHeaders.room, overhang, named),
-    top: Math.max(room('top') + columnHeaders.room, edgeRoom),
-    bottom: Math.max(room('bottom'), edgeRoom),
+    left: Math.max(room('left') + headers.left.room, edgeRoom) + 2,
+    right: Math.max(room('right') + headers.right.room, overhang, named),
+    top: Math.max(room('top') + headers.top.room, edgeRoom),
+    bottom: Math.max(room('bottom') + headers.bottom.room, edgeRoom),
   };
 }
 
 function layoutOf(compiled: CompiledGraph, whole: Rectangle, named: number): Layout {
-  const columnHeaders = headersOf(compiled.grid.columns, compiled.grid.blended.columns, compiled.graph);
-  const rowHeaders = headersOf(compiled.grid.rows, compiled.grid.blended.rows, compiled.graph);
-  let rooms: Layout['rooms'] = { left: 60, right: 15, top: 10 + columnHeaders.room, bottom: 50 };
+  const { grid, graph } = compiled;
+  const headers: Layout['headers'] = {
+    top: headersOf(grid, 'columns', graph, false),
+    bottom: headersOf(grid, 'columns', graph, true),
+    left: headersOf(grid, 'rows', graph, true),
+    right: headersOf(grid, 'rows', graph, false),
+  };
+  let rooms: Layout['rooms'] = { left: 60, right: 15, top: 10 + headers.top.room, bottom: 50 };
   let { scales } = compiled;
   let axes: DrawnAxis[] = [];
   // Labels need to know how long axes are, which need to know how much room labels take.
@@ -232,7 +243,7 @@ function layoutOf(compiled: CompiledGraph, whole: Rectangle, named: number): Lay
     const size = panelSize(compiled, whole, rooms);
     scales = sameRatio(compiled, size.width, size.height);
     axes = axesOf(compiled, scales, size, whole);
-    rooms = roomsOf(axes, columnHeaders, rowHeaders, named, size.width);
+    rooms = roomsOf(axes, headers, named, size.width);
   }
   const { width, height, gapX, gapY } = panelSize(compiled, whole, rooms);
   const counts = countsOf(compiled.grid);
@@ -245,8 +256,7 @@ function layoutOf(compiled: CompiledGraph, whole: Rectangle, named: number): Lay
   const rowStarts = starts(height, gapY, counts.rows);
   return {
     axes,
-    columnHeaders,
-    rowHeaders,
+    headers,
     rooms,
     width,
     height,
@@ -346,6 +356,21 @@ function drawLineNames(layout: Layout, scope: GraphScope): SVGElement {
   return group;
 }
 
+/** What all panels have, and what this one has of its own. */
+function panelFrame(compiled: CompiledGraph, at: number, patterns: Patterns): PanelFrame {
+  const { graph, grid, orientation } = compiled;
+  const style = { ...graph.cellStyle, ...graph.layout?.cellStyles[at] };
+  if (style.visible === false) return { style, paper: none, fill: none, stroke: none };
+  const paper = safeColor(style.color) ?? none;
+  const outlined = grid.panels.length > 1 && !orientation.polar;
+  return {
+    style,
+    paper,
+    fill: patterns.fill(paper, style.pattern ?? 1),
+    stroke: safeColor(style.color2) ?? (outlined ? frameColor : none),
+  };
+}
+
 function drawOne(
   compiled: CompiledGraph,
   layout: Layout,
@@ -359,12 +384,7 @@ function drawOne(
     transform: `translate(${layout.columnStarts[panel.column]!.toFixed(2)},${layout.rowStarts[panel.row]!.toFixed(2)})`,
   });
   const several = compiled.grid.panels.length > 1;
-  const cell = { ...compiled.graph.cellStyle };
-  const frame = {
-    ...cell,
-    color: safeColor(cell.color) ?? none,
-    color2: safeColor(cell.color2) ?? (several && !compiled.orientation.polar ? frameColor : none),
-  };
+  const frame = panelFrame(compiled, at, scope.patterns);
   const { width, height } = layout;
   const { transposed } = compiled.orientation;
   const content = {
@@ -378,7 +398,7 @@ function drawOne(
       width,
       height,
       patterns: scope.patterns,
-      paper: frame.color === none ? scope.paper : frame.color,
+      paper: frame.paper === none ? scope.paper : frame.paper,
     },
     gridlines: { across: gridLines(layout, true), upright: gridLines(layout, false) },
     frame,
@@ -396,6 +416,31 @@ function drawOne(
   return group;
 }
 
+/** Around all panels, which reach from 0, 0 to width, height, outside of their axes. */
+function drawHeaders(layout: Layout, width: number, height: number, maker: Maker): SVGElement[] {
+  const { headers, axes, columnStarts, rowStarts } = layout;
+  const edges: Record<AxisPlace, number> = {
+    top: -axisRoom(axes, 'top'),
+    bottom: height + axisRoom(axes, 'bottom'),
+    left: -axisRoom(axes, 'left'),
+    right: width + axisRoom(axes, 'right'),
+  };
+  return (['top', 'right', 'bottom', 'left'] as const)
+    .filter((place) => headers[place].lines.length > 0)
+    .map((place) =>
+      isUpright(place)
+        ? drawRowHeaders(headers[place], rowStarts, layout.height, edges[place], place === 'left', maker)
+        : drawColumnHeaders(
+            headers[place],
+            columnStarts,
+            layout.width,
+            edges[place],
+            place === 'bottom',
+            maker,
+          ),
+    );
+}
+
 /** Room beside the panels that names of lines need is `named`. */
 export function drawGraph(
   compiled: CompiledGraph,
@@ -411,22 +456,7 @@ export function drawGraph(
   compiled.grid.panels.forEach((panel, at) => group.append(drawOne(compiled, layout, panel, at, scope)));
   const allWidth = Math.max(...layout.columnStarts) + layout.width;
   const allHeight = Math.max(...layout.rowStarts) + layout.height;
-  if (layout.columnHeaders.lines.length > 0) {
-    const headers = drawColumnHeaders(layout.columnHeaders, layout.columnStarts, layout.width, maker);
-    const axisRoom = layout.axes
-      .filter((axis) => axis.place === 'top')
-      .reduce((sum, axis) => sum + axis.room, 0);
-    headers.setAttribute('transform', `translate(0,${-axisRoom})`);
-    group.append(headers);
-  }
-  if (layout.rowHeaders.lines.length > 0) {
-    const axisRoom = layout.axes
-      .filter((axis) => axis.place === 'right')
-      .reduce((sum, axis) => sum + axis.room, 0);
-    group.append(
-      drawRowHeaders(layout.rowHeaders, layout.rowStarts, layout.height, allWidth + axisRoom, maker),
-    );
-  }
+  group.append(...drawHeaders(layout, allWidth, allHeight, maker));
   if (scope.lineNames.length > 0) group.append(drawLineNames(layout, scope));
   for (const axis of layout.axes) {
     const title = drawAxisTitle(axis, allWidth, allHeight, maker);

@@ -2,7 +2,7 @@
 import { plainText } from '../chart/labels.js';
 import type { Graph, PanelLevel } from '../chart/model.js';
 import { ownTexts } from './looks.js';
-import type { PanelSide } from './panels.js';
+import type { PanelGrid, PanelSide } from './panels.js';
 import type { Maker } from './svg.js';
 import { lineHeight, shorten, textLook, type TextLook } from './text.js';
 
@@ -54,43 +54,68 @@ function spansOf(side: PanelSide, at: number): HeaderLine['spans'] {
   return spans;
 }
 
-/** `blended` are the names of measures that have panels of their own. */
-export function headersOf(side: PanelSide, blended: string[], graph: Graph): Headers {
+/** The level of panels that stand for measures of a blend: one that no variable has. */
+export function blendLevel(grid: PanelGrid, name: 'columns' | 'rows', graph: Graph): PanelLevel | undefined {
+  const taken = [...grid.columns.variables, ...grid.rows.variables].map((variable) => variable.level);
+  const free = (graph.layout?.levels ?? []).filter((each) => !taken.includes(each.level));
+  return free[name === 'rows' && grid.blended.columns.length > 0 ? 1 : 0];
+}
+
+/** Over columns and at the right of rows, unless the chart says that a level is not opposite. */
+const isNear = (level: PanelLevel | undefined) => level?.axis?.opposite === false;
+
+function visibleLine(level: PanelLevel | undefined, line: HeaderLine): HeaderLine[] {
+  return level?.axis?.ticks?.style.visible === false ? [] : [line];
+}
+
+/** The headers below columns or at the left of rows where `near`, else those on the other side. */
+export function headersOf(grid: PanelGrid, name: 'columns' | 'rows', graph: Graph, near: boolean): Headers {
   const levels = graph.layout?.levels ?? [];
+  const side = grid[name];
+  const blended = grid.blended[name];
   const lines: HeaderLine[] = side.variables.flatMap((variable, at) => {
     const level = levels.find((each) => each.level === variable.level);
+    if (isNear(level) !== near) return [];
+    const ruled = at < side.variables.length - 1;
     return [
       ...titleLine(level, side.strips.length),
-      { look: labelLook(level), ruled: at < side.variables.length - 1, spans: spansOf(side, at) },
+      ...visibleLine(level, { look: labelLook(level), ruled, spans: spansOf(side, at) }),
     ];
   });
-  if (blended.length > 0) {
+  const level = blendLevel(grid, name, graph);
+  if (blended.length > 0 && isNear(level) === near) {
     const spans = blended.map((text, at) => ({ from: at, to: at + 1, text }));
-    lines.push({ look: { ...ownTexts.panelTitle }, ruled: false, spans });
+    const look = {
+      ...textLook(level?.axis?.ticks?.style ?? {}, ownTexts.panelTitle),
+      align: 'middle' as const,
+    };
+    lines.push(...titleLine(level, blended.length), ...visibleLine(level, { look, ruled: false, spans }));
   }
   const room = lines.reduce((sum, line) => sum + heightOf(line), 0);
   return { lines, room: lines.length > 0 ? room + gapToPanels : 0 };
 }
 
-/** Over the columns, whose places are given; the panels begin at y = 0. */
+/** Over the columns, whose places are given, or `below` them; `edge` is where their room is next to the panels. */
 export function drawColumnHeaders(
   headers: Headers,
   starts: number[],
   width: number,
+  edge: number,
+  below: boolean,
   maker: Maker,
 ): SVGElement {
   const group = maker.group('Columns of panels', 'group');
-  let y = -headers.room;
-  for (const line of headers.lines) {
+  let y = below ? edge + gapToPanels : edge - headers.room;
+  for (const line of below ? [...headers.lines].reverse() : headers.lines) {
     const { look, spans, ruled } = line;
+    const first = y + look.size * 0.95 + (below && ruled ? ruleRoom : 0);
+    const rule = below ? y + 1 : y + lineHeight(look) + 1;
     for (const { from, to, text } of spans) {
       const left = starts[from]!;
       const right = starts[to - 1]! + width;
-      group.append(
-        maker.text([shorten(text, right - left, look)], (left + right) / 2, y + look.size * 0.95, look),
-      );
+      group.append(maker.text([shorten(text, right - left, look)], (left + right) / 2, first, look));
       if (!ruled) continue;
-      const d = `M${left.toFixed(2)},${y + lineHeight(look) + 1} H${right.toFixed(2)}`;
+      const d = `M${left.toFixed(2)},${rule} H${right.toFixed(2)}`;
       group.append(
         maker.make('path', {
           d,
@@ -106,26 +131,28 @@ export function drawColumnHeaders(
   return group;
 }
 
-/** Beside the rows, turned; `x` is where the room of the headers begins. */
+/** Beside the rows, turned; `edge` is where their room is next to the panels. */
 export function drawRowHeaders(
   headers: Headers,
   starts: number[],
   height: number,
-  x: number,
+  edge: number,
+  left: boolean,
   maker: Maker,
 ): SVGElement {
   const group = maker.group('Rows of panels', 'group');
-  let across = x + gapToPanels;
+  const outward = left ? -1 : 1;
+  let across = edge + outward * gapToPanels;
   // The category stands next to its panels, the title outside.
   for (const line of [...headers.lines].reverse()) {
     const { look, spans } = line;
     for (const { from, to, text } of spans) {
       const top = starts[from]!;
       const bottom = starts[to - 1]! + height;
-      const transform = `translate(${Math.round(across + look.size * 0.3)},${Math.round((top + bottom) / 2)}) rotate(90)`;
+      const transform = `translate(${Math.round(across + outward * look.size * 0.3)},${Math.round((top + bottom) / 2)}) rotate(${outward * 90})`;
       group.append(maker.text([shorten(text, bottom - top, look)], 0, 0, look, { transform }));
     }
-    across += heightOf(line);
+    across += outward * heightOf(line);
   }
   return group;
 }

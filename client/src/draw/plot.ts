@@ -1,5 +1,6 @@
 /** Draws the marks of one panel by Observable Plot. */
 import * as Plot from '@observablehq/plot';
+import { pixels } from '../chart/markup.js';
 import type { Style } from '../chart/model.js';
 import { lineColor } from './axes.js';
 import { none } from './colors.js';
@@ -59,6 +60,14 @@ export function layerName(layer: Layer): string {
   return layer.group.name ? `${layer.group.name}: ${count} ${noun}` : `${count} ${noun}`;
 }
 
+/** The background and the outline of a panel; the paper is what colours on it have to be told from. */
+export interface PanelFrame {
+  style: Style;
+  paper: string;
+  fill: string;
+  stroke: string;
+}
+
 export interface PanelContent {
   panel: Panel;
   name: string;
@@ -66,7 +75,7 @@ export interface PanelContent {
   guides: DrawnGuide[];
   canvas: Canvas;
   gridlines: { across: GridLines | null; upright: GridLines | null };
-  frame: Style;
+  frame: PanelFrame;
   notes: string[];
   /** Ends in the number of the panel. */
   clipId: string;
@@ -203,10 +212,18 @@ function collect(
 /** A panel with its corner at 0, 0. */
 export function drawPanel(content: PanelContent, maker: Maker): SVGElement {
   const { canvas, frame } = content;
+  const { style } = frame;
   const group = maker.group(content.name, 'group');
   const { width, height } = canvas;
   group.append(
-    maker.make('rect', { width, height, fill: frame.color ?? none, stroke: none, 'aria-hidden': 'true' }),
+    maker.make('rect', {
+      width,
+      height,
+      fill: frame.fill,
+      'fill-opacity': style.opacity ?? null,
+      stroke: none,
+      'aria-hidden': 'true',
+    }),
   );
   const named = contentOf(content);
   const clip = reachesOut(content);
@@ -217,14 +234,17 @@ export function drawPanel(content: PanelContent, maker: Maker): SVGElement {
   if (named.length > 0) group.append(...collect(plotted(content, named, maker), named, content, maker, clip));
   const slices = content.layers.filter((layer) => layer.kind === 'slices');
   if (slices.length > 0) group.append(drawSlices(slices, canvas, maker));
-  if (frame.color2 && frame.color2 !== none) {
+  if (frame.stroke !== none) {
     group.append(
       maker.make('rect', {
         width,
         height,
         fill: none,
-        stroke: frame.color2,
-        'stroke-width': frame.strokeWidth?.value ?? 0.75,
+        stroke: frame.stroke,
+        'stroke-width': style.strokeWidth ? pixels(style.strokeWidth, 1) : 0.75,
+        'stroke-dasharray': style.dashes?.length
+          ? style.dashes.map((dash) => pixels(dash, 1)).join(' ')
+          : null,
         'aria-hidden': 'true',
       }),
     );

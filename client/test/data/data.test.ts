@@ -9,7 +9,6 @@ import { parseXml } from '../../src/node/document.js';
 import { chartText, tableOf } from '../draw/chart.js';
 
 const format = (settings: Partial<Format>): Format => ({
-  baseFormat: null,
   errorCharacter: null,
   maximumFractionDigits: null,
   minimumFractionDigits: null,

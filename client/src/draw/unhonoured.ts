@@ -1,0 +1,175 @@
+/** What of a chart is read but cannot be drawn as it says; a sentence for each, so that nothing is left out in silence. */
+import type { Axis, Chart, ChartElement, Graph, Label, Style } from '../chart/model.js';
+import type { Received } from '../received.js';
+import { none, safeColor } from './colors.js';
+import type { DrawnScale } from './scales.js';
+import { blendLevel } from './headers.js';
+import type { Orientation } from './orientation.js';
+import type { PanelGrid } from './panels.js';
+
+/** The type of contents that are maps. */
+const mapContent = 10;
+
+const isShown = (color: string | undefined) => (safeColor(color) ?? none) !== none;
+
+const isBox = (style: Style | undefined) =>
+  style !== undefined && style.visible !== false && (isShown(style.color) || isShown(style.color2));
+
+function axesOf(chart: Chart): Axis[] {
+  return chart.graphs.flatMap((graph) => [
+    ...graph.coordinates.flatMap((each) => each.dimensions.flatMap((dimension) => dimension.axes)),
+    ...(graph.layout?.levels ?? []).flatMap((level) => level.axis ?? []),
+  ]);
+}
+
+function boxNotes(chart: Chart): string[] {
+  const axes = axesOf(chart);
+  const labels: (Label | null)[] = [...axes, ...chart.frames, ...chart.legends].map((each) => each.label);
+  const boxed =
+    labels.some((label) => isBox(label?.frameStyle)) ||
+    axes.some((axis) => isBox(axis.ticks?.frameStyle)) ||
+    chart.graphs.some((graph) =>
+      graph.elements.some((element) => element.labeling.some((each) => isBox(each.frameStyle))),
+    );
+  return boxed ? ['Boxes behind single texts are not drawn; those of frames and legends are.'] : [];
+}
+
+function elementNotes(element: ChartElement): string[] {
+  const name = element.name || element.id || element.kind;
+  const notes: string[] = [];
+  if (element.labeling.length > 1)
+    notes.push(`Of ${element.labeling.length} labels of ${name} the first is drawn.`);
+  if (element.labeling.some((each) => each.connectingLines))
+    notes.push(`Lines from labels of ${name} to what they name are not drawn.`);
+  if (element.tukey && element.kind !== 'schema')
+    notes.push(`The statistic of boxes of ${name} is not drawn: only a schema has boxes.`);
+  return notes;
+}
+
+/** Numbers of orders of categories that say what is done anyway. */
+const knownOrders = new Set([null, 2]);
+
+function domainNotes(chart: Chart): string[] {
+  return [...chart.domains.values()].flatMap((domain) => {
+    const notes: string[] = [];
+    if (domain.sort && !knownOrders.has(domain.sort.method)) {
+      const method = domain.sort.method!;
+      notes.push(`The order ${method} of categories is not known; they are sorted by their values.`);
+    }
+    if (domain.categorical && (domain.minimum !== null || domain.maximum !== null))
+      notes.push(`The bounds of the categories ${domain.id} are not honoured.`);
+    return notes;
+  });
+}
+
+function graphNotes(graph: Graph): string[] {
+  const notes = graph.elements.flatMap(elementNotes);
+  const method = graph.panels?.method ?? '';
+  if (!['', 'cross', 'nest'].includes(method))
+    notes.push(`The method ${method} of panels is not known; they are drawn as the markup nests them.`);
+  for (const guide of graph.guides) {
+    if (guide.kind === 'line' && guide.x !== null && guide.y !== null)
+      notes.push(`The guide ${guide.name || guide.id} has an x and a y; one line is drawn.`);
+  }
+  const ratios = graph.coordinates.flatMap((each) => each.transforms);
+  if (ratios.some((each) => each.kind === 'sameRatio' && !each.center))
+    notes.push(
+      'Where units are equally long, data stand in the middle, although the chart does not want it.',
+    );
+  return notes;
+}
+
+/** What can be told from the chart and what came with it. */
+export function chartNotes(chart: Chart, received: Pick<Received, 'contents'>): string[] {
+  const notes: string[] = [];
+  if (received.contents.some((content) => content.type === mapContent))
+    notes.push('A map came with the chart; it is not drawn.');
+  for (const { name, target } of chart.controllers)
+    notes.push(`The function ${name} that the chart asks for on ${target} is not run.`);
+  for (const variable of chart.variables.values()) {
+    if (!variable.groupedMidpoints) continue;
+    const label = variable.label || variable.id;
+    notes.push(`Values of ${label} are middles of groups; statistics take them as they stand.`);
+  }
+  return [...notes, ...boxNotes(chart), ...domainNotes(chart), ...chart.graphs.flatMap(graphNotes)];
+}
+
+/** Angles were written as unsigned numbers, too. */
+const turned = (angle: number) => (angle | 0) % 360;
+
+function levelNotes(graph: Graph, grid: PanelGrid): string[] {
+  const notes: string[] = [];
+  for (const name of ['columns', 'rows'] as const) {
+    const own = grid[name].variables.flatMap(
+      (variable) => graph.layout?.levels.find((each) => each.level === variable.level) ?? [],
+    );
+    const [first, ...others] = own;
+    if (
+      first &&
+      others.some(({ gap }) => gap && (gap.value !== first.gap?.value || gap.unit !== first.gap.unit))
+    )
+      notes.push('Gaps between panels are those of the outer level.');
+    const blend = grid.blended[name].length > 0 ? blendLevel(grid, name, graph) : undefined;
+    for (const { axis, level } of [...own, ...(blend ? [blend] : [])]) {
+      const angle = axis?.ticks?.angle ?? null;
+      const drawn = name === 'columns' ? 0 : 90;
+      if (angle !== null && Math.abs(turned(angle)) % 180 !== drawn)
+        notes.push(`The angle of the labels of panels at level ${level} is not honoured.`);
+      if (axis?.ticks?.format)
+        notes.push(`The format of the labels of panels at level ${level} is not honoured.`);
+      if (axis && isShown(axis.style.color)) notes.push(`The line of panels at level ${level} is not drawn.`);
+    }
+  }
+  return notes;
+}
+
+function cellNotes(graph: Graph, grid: PanelGrid, columns: number, rows: number): string[] {
+  const cells = graph.layout?.cellStyles.length ?? 0;
+  const notes: string[] = [];
+  if (cells > grid.panels.length)
+    notes.push(`There are looks of ${cells} panels, but ${grid.panels.length} panels.`);
+  if (cells > 0 && columns > 1 && rows > 1)
+    notes.push(
+      'Looks of single panels are given row by row; the chart does not say in which order they stand.',
+    );
+  return notes;
+}
+
+/** What several panels do not have of their own. */
+export function panelNotes(graph: Graph, grid: PanelGrid): string[] {
+  const notes: string[] = [];
+  const columns = Math.max(0, ...grid.panels.map((panel) => panel.column)) + 1;
+  const rows = Math.max(0, ...grid.panels.map((panel) => panel.row)) + 1;
+  notes.push(...levelNotes(graph, grid), ...cellNotes(graph, grid, columns, rows));
+  if (grid.panels.length < 2) return notes;
+  const dimensions = graph.coordinates.flatMap((each) => each.dimensions);
+  const axes = dimensions.flatMap((dimension) => dimension.axes);
+  if (axes.some((axis) => axis.repeat !== null && axis.repeat !== 0))
+    notes.push('Axes stand at the outer panels alone, although the chart repeats them.');
+  if (axes.some((axis) => axis.combineLabels === false))
+    notes.push('All panels have one title of their axis, although the chart gives each its own.');
+  if (dimensions.some((dimension) => dimension.unionDomain === false))
+    notes.push('All panels have the same scales, although the chart gives each its own.');
+  return notes;
+}
+
+/** Guides in space, where there is no space. */
+export function flatNotes(graph: Graph): string[] {
+  const spatial = graph.guides.filter((guide) => guide.kind === 'plane' || guide.kind === 'frame');
+  return spatial.map((guide) => `The ${guide.kind} guide ${guide.name || guide.id} is not drawn.`);
+}
+
+/** Scales that the values do not fit. */
+export function scaleNotes(scales: { x: DrawnScale; y: DrawnScale }, orientation: Orientation): string[] {
+  const notes: string[] = [];
+  for (const { direction } of [scales.x, scales.y]) {
+    const wanted = direction.dimension?.scale?.method ?? 'linear';
+    const what = direction.kind === 'date' ? 'Dates' : 'Categories';
+    if (wanted !== 'linear' && direction.kind !== 'number')
+      notes.push(`${what} along ${direction.name} stand on a linear scale, not on a ${wanted} one.`);
+  }
+  const straight = (scale: DrawnScale) => scale.method === 'linear' && scale.direction.kind === 'number';
+  if (orientation.sameRatio && !(straight(scales.x) && straight(scales.y)))
+    notes.push('Units are equally long on linear scales of numbers alone; here they are not.');
+  return notes;
+}

@@ -1,0 +1,261 @@
+/** What the client cannot draw as the chart says is in a note, and what it can is drawn. */
+import { describe, expect, test } from 'vitest';
+import { draw } from '../../src/draw/draw.js';
+import { makeDocument, parseXml } from '../../src/node/document.js';
+import { chartText, number, Picture, picture, plainAxes, receivedOf, tableOf, variables } from './chart.js';
+
+const points = '<point id="p"><x variable="a"/><y variable="b"/></point>';
+const columns = { a: [1, 2, 3, 4], b: [1, 2, 3, 4], k: [1, 1, 2, 2], g: [1, 2, 1, 2] };
+const categorical = { k: ['one', 'two'], g: ['low', 'high'] };
+const crossed =
+  '<faceting method="cross"><cross><variableReference ref="k"/><variableReference ref="g"/></cross></faceting>';
+const single = '<faceting method="cross"><cross><variableReference ref="k"/></cross></faceting>';
+
+/** Points in panels with a layout. */
+const panelled = (layout: string, options: { rest?: string; coordinates?: string; faceting?: string } = {}) =>
+  picture(columns, `${points}${options.faceting ?? crossed}<facetLayout>${layout}</facetLayout>`, {
+    categorical,
+    ...(options.rest === undefined ? {} : { rest: options.rest }),
+    ...(options.coordinates === undefined ? {} : { coordinates: options.coordinates }),
+  });
+
+/** Points without panels. */
+const plain = (extra: string, rest = '', element = points, coordinates = plainAxes) =>
+  picture(columns, element + extra, { categorical, rest, coordinates });
+
+describe('headers of panels', () => {
+  const titled = (level: number, opposite: string, inner = '<majorTicks/>') =>
+    `<facetLevel level="${level}"><axis ${opposite}><label><text>Title ${level}</text></label>${inner}</axis></facetLevel>`;
+
+  const first = (drawn: Picture, name: string) =>
+    Array.from(drawn.svg.querySelectorAll(`g[aria-label="${name} of panels"] text`));
+
+  const down = (drawn: Picture) => number(first(drawn, 'Columns')[0]!, 'y');
+
+  const across = (drawn: Picture) =>
+    Number(/translate\((-?\d+)/.exec(first(drawn, 'Rows')[0]!.getAttribute('transform')!)![1]);
+
+  test('stand on top and at the right where they are opposite, or the chart does not say', () => {
+    for (const opposite of ['', 'opposite="true"']) {
+      const drawn = panelled(titled(1, opposite) + titled(2, opposite));
+      expect(down(drawn)).toBeLessThan(0);
+      expect(across(drawn)).toBeGreaterThan(300);
+      expect(drawn.textsOf('Columns of panels')).toEqual(['Title 1', 'one', 'two']);
+    }
+  });
+
+  test('stand below and at the left where they are not opposite, their titles outside', () => {
+    const drawn = panelled(titled(1, 'opposite="false"') + titled(2, 'opposite="false"'));
+    expect(down(drawn)).toBeGreaterThan(300);
+    expect(across(drawn)).toBeLessThan(0);
+    expect(drawn.textsOf('Columns of panels')).toEqual(['one', 'two', 'Title 1']);
+    expect(drawn.textsOf('Rows of panels')).toEqual(['low', 'high', 'Title 2']);
+    expect(drawn.notes).toEqual([]);
+  });
+
+  test('of measures follow their own level', () => {
+    const blended = (opposite: string) =>
+      picture(
+        { a: [1, 2], b: [3, 4], c: [5, 6] },
+        `<line><x variable="a"/><y variable="e"/></line><facetLayout><facetLevel level="1"><axis ${opposite}><majorTicks labelAngle="0"/></axis></facetLevel></facetLayout>`,
+        {
+          rest:
+            '<expressionVariable id="e" expression="b/lb + c/lc"/>' +
+            '<derivedVariable id="lb" categorical="true" value="constant(B)"/>' +
+            '<derivedVariable id="lc" categorical="true" value="constant(C)"/>',
+        },
+      );
+    expect(down(blended(''))).toBeLessThan(0);
+    expect(down(blended('opposite="false"'))).toBeGreaterThan(300);
+    expect(blended('').notes).toEqual([]);
+  });
+
+  test('are left out where their style hides them', () => {
+    const drawn = panelled(titled(1, '', '<majorTicks style="h"/>'), {
+      rest: '<style id="h" visible="false"/>',
+    });
+    expect(drawn.textsOf('Columns of panels')).toEqual(['Title 1']);
+  });
+
+  test('say what of their level is not honoured', () => {
+    const notes = panelled(
+      '<facetLevel level="1"><axis style="s"><majorTicks labelAngle="45"><format prefix="x"/></majorTicks></axis></facetLevel>',
+      { rest: '<style id="s" color="#FF0000"/>' },
+    ).notes;
+    expect(notes).toEqual([
+      'The angle of the labels of panels at level 1 is not honoured.',
+      'The format of the labels of panels at level 1 is not honoured.',
+      'The line of panels at level 1 is not drawn.',
+    ]);
+  });
+
+  test('say that gaps of inner levels are not honoured', () => {
+    const levels = (gap: string) =>
+      panelled(`<facetLevel level="1" gap="5%"/><facetLevel level="2" gap="${gap}"/>`, {
+        faceting:
+          '<faceting method="nest"><cross><nest><variableReference ref="k"/><variableReference ref="g"/></nest></cross></faceting>',
+      }).notes;
+    expect(levels('5%')).toEqual([]);
+    expect(levels('1%')).toEqual(['Gaps between panels are those of the outer level.']);
+  });
+});
+
+describe('looks of single panels', () => {
+  const cell = (style: string) => `<setCellProperties><setFrameStyle style="${style}"/></setCellProperties>`;
+  const rest =
+    '<style id="r" color="#FF0000" color2="#00FF00" stroke_width="3pt" stroke_dasharray="2px"/><style id="b" color="#0000FF" pattern="3"/>';
+
+  const rects = (drawn: Picture) =>
+    drawn.names().flatMap((name) => {
+      if (!name.startsWith('Panel: ')) return [];
+      const group = drawn.svg.querySelector(`g[aria-label="${name}"]`)!;
+      const own = (Array.from(group.children) as Element[]).filter((each) => each.localName === 'rect');
+      return [own];
+    });
+
+  test('are drawn in the order of the panels', () => {
+    const drawn = panelled(cell('r') + cell('b'), { rest, faceting: single });
+    const [left, right] = rects(drawn);
+    expect(left![0]!.getAttribute('fill')).toBe('#ff0000');
+    expect(left![1]!.getAttribute('stroke')).toBe('#00ff00');
+    expect(left![1]!.getAttribute('stroke-width')).toBe('4');
+    expect(left![1]!.getAttribute('stroke-dasharray')).toBe('2');
+    expect(right![0]!.getAttribute('fill')).toMatch(/^url\(#.*pattern-3/);
+    expect(drawn.notes).toEqual([]);
+  });
+
+  test('say where the order of panels is not told, and where there are too many', () => {
+    expect(panelled(cell('r'), { rest }).notes.join()).toContain('row by row');
+    const many = panelled(cell('r').repeat(3), { rest, faceting: single });
+    expect(many.notes).toEqual(['There are looks of 3 panels, but 2 panels.']);
+  });
+});
+
+describe('a note names', () => {
+  test('weights that do not enter boxes and stacked dots', () => {
+    const weighted = (element: string, weight = 'true') =>
+      picture({ k: [1, 1, 1], b: [1, 2, 9], w: [1, 2, 3] }, element, {
+        categorical,
+        rest: `<sourceVariable id="weight" source="s" sourceName="w" weight="${weight}"/>`,
+      }).notes;
+    const box = '<schema id="e"><x variable="k"/><y variable="b"/><tukeyStatistic/></schema>';
+    const dots = '<point id="e" positionModifier="7"><x variable="b"/></point>';
+    expect(weighted(box)).toEqual(['Boxes show each row once: the weights of the cases do not enter them.']);
+    expect(weighted(dots).join()).toContain('Stacked dots show each row once');
+    expect(weighted(box, 'false')).toEqual([]);
+    const means = '<interval><x variable="k"/><y variable="b"/><summaryStatistic method="2"/></interval>';
+    expect(weighted(means)).toEqual([]);
+  });
+
+  test('a map that came with the chart', () => {
+    const text = chartText(
+      `<graph>${points}<coordinates>${plainAxes}</coordinates></graph>${variables({ a: 1, b: 1 })}`,
+    );
+    const notes = (type: number) => {
+      const received = receivedOf(text, tableOf({ a: [1], b: [2] }));
+      const content = { type, subtype: 0, name: '', sentBytes: 0, bytes: new Uint8Array(), text: null };
+      received.contents.push({ ...content, whole: true });
+      return draw(received, { document: makeDocument(), parseXml });
+    };
+    const drawn = notes(10);
+    expect(drawn.notes).toEqual(['A map came with the chart; it is not drawn.']);
+    expect(drawn.svg.querySelector('g[aria-label="Notes"]')!.textContent).toContain('A map came');
+    expect(notes(6).notes).toEqual([]);
+  });
+
+  test('functions of clients', () => {
+    expect(plain('', '<swingController function="zoom" target="p"/>').notes).toEqual([
+      'The function zoom that the chart asks for on p is not run.',
+    ]);
+  });
+
+  test('values that are the middles of groups', () => {
+    const rest = (flag: string) =>
+      `<sourceVariable id="v" label="Ages" source="s" sourceName="a"><extension valuesAreGroupedMidpoints="${flag}"/></sourceVariable>`;
+    expect(plain('', rest('true')).notes.join()).toContain('Values of Ages are middles of groups');
+    expect(plain('', rest('false')).notes).toEqual([]);
+  });
+
+  test('boxes behind texts', () => {
+    const boxed = (style: string) =>
+      plain(
+        '',
+        `<style id="s" ${style}/>`,
+        points,
+        '<dimension><axis><label textFrameStyle="s"><text>A</text></label></axis></dimension><dimension/>',
+      ).notes;
+    expect(boxed('color="#FFFF00"')).toEqual([
+      'Boxes behind single texts are not drawn; those of frames and legends are.',
+    ]);
+    expect(boxed('color="#FFFF00" visible="false"')).toEqual([]);
+    expect(boxed('color="transparent"')).toEqual([]);
+  });
+
+  test('what of labels and statistics of an element is not drawn', () => {
+    const notes = (inner: string) => plain('', '', points.replace('</point>', `${inner}</point>`)).notes;
+    expect(notes('<labeling variable="a"/>')).toEqual([]);
+    expect(notes('<labeling variable="a"/><labeling variable="b"/>')).toEqual([
+      'Of 2 labels of p the first is drawn.',
+    ]);
+    expect(notes('<labeling variable="a" connectingLines="true"/>').join()).toContain(
+      'Lines from labels of p',
+    );
+    expect(notes('<tukeyStatistic/>').join()).toContain('only a schema has boxes');
+  });
+
+  test('orders and bounds of categories', () => {
+    const notes = (inner: string) =>
+      plain('', `<categoricalDomain id="d">${inner}</categoricalDomain>`).notes;
+    expect(notes('<simpleSort method="2"/>')).toEqual([]);
+    expect(notes('<simpleSort method="9"/>').join()).toContain('The order 9 of categories is not known');
+    expect(notes('<range min="1"/>')).toEqual(['The bounds of the categories d are not honoured.']);
+  });
+
+  test('styles and formats that nothing shows', () => {
+    expect(plain('', '<style id="s" labelAngle="4" opacity2="0.5"/>').notes).toEqual([
+      'Not honoured: the attribute labelAngle of style.',
+      'Not honoured: the attribute opacity2 of style.',
+    ]);
+    const ticks =
+      '<dimension><axis><majorTicks><format baseFormat="2"/></majorTicks></axis></dimension><dimension/>';
+    expect(plain('', '', points, ticks).notes).toEqual(['Not honoured: the attribute baseFormat of format.']);
+  });
+
+  test('guides in space, and of two directions', () => {
+    expect(plain('<planeGuide id="w"/><frameGuide id="f"/>').notes).toEqual([
+      'The plane guide w is not drawn.',
+      'The frame guide f is not drawn.',
+    ]);
+    expect(plain('<lineGuide id="l" x="2" y="3"/>').notes.join()).toContain('one line is drawn');
+  });
+
+  test('a method of panels that is not known', () => {
+    const faceting = single.replace('method="cross"', 'method="spiral"');
+    expect(panelled('', { faceting }).notes.join()).toContain('The method spiral of panels');
+  });
+
+  test('what panels do not have of their own', () => {
+    const own = (dimension: string, axis: string) =>
+      panelled('', { coordinates: `<dimension ${dimension}><axis ${axis}/></dimension><dimension/>` }).notes;
+    expect(own('unionDomain="true"', 'repeat="0" combineAxisLabels="true"')).toEqual([]);
+    expect(own('', 'repeat="1"').join()).toContain('although the chart repeats them');
+    expect(own('', 'combineAxisLabels="false"').join()).toContain('one title of their axis');
+    expect(own('unionDomain="false"', '').join()).toContain('the same scales');
+    expect(plain('', '', points, '<dimension><axis repeat="1"/></dimension><dimension/>').notes).toEqual([]);
+  });
+
+  test('scales that values have no place on', () => {
+    const bars = '<interval><x variable="k"/><summaryStatistic method="10"/></interval>';
+    const scaled = (scale: string) =>
+      plain('', '', bars, `<dimension>${scale}</dimension><dimension/>`).notes;
+    expect(scaled('<scale method="1"/>')).toEqual([]);
+    expect(scaled('<scale method="2"/>')).toEqual([
+      'Categories along x stand on a linear scale, not on a log one.',
+    ]);
+    const equal = (element: string, center: string) =>
+      plain('', '', element, `${plainAxes}<sameRatioTransform center="${center}"/>`).notes;
+    expect(equal(points, 'true')).toEqual([]);
+    expect(equal(points, 'false').join()).toContain('data stand in the middle');
+    expect(equal(bars, 'true').join()).toContain('here they are not');
+  });
+});
