@@ -13,6 +13,7 @@ import type { BoxShape, Layer, LayerKind, Shape } from './layers.js';
 import { ownLook, styled, type Look, type LookKind } from './looks.js';
 import { rowsOf, type Panel, type PanelGrid } from './panels.js';
 import { rangesOf, type Range, type Varied } from './ranges.js';
+import { aestheticNotes } from './unhonoured.js';
 
 export interface Scope {
   chart: Chart;
@@ -104,6 +105,9 @@ function planOf(element: ChartElement, scope: Scope): Plan | null {
     const what = kind === 'boxes' ? 'Boxes' : 'Stacked dots';
     notes.push(`${what} show each row once: the weights of the cases do not enter them.`);
   }
+  const ranges = rangesOf(element, chart, data);
+  const ranged = ranges.map((range) => range.aesthetic);
+  notes.push(...aestheticNotes(element, kind, ranged, chart));
   const binned = element.bins !== null && !element.bins.dots;
   return {
     element,
@@ -111,7 +115,7 @@ function planOf(element: ChartElement, scope: Scope): Plan | null {
     lookKind,
     own: styled(ownLook(lookKind), element.style, lookKind),
     grouping: groupingOf(element, chart, data, scope.x.cluster ?? scope.y.cluster),
-    ranges: rangesOf(element, chart, data),
+    ranges,
     summary: summaryOf(element, scope),
     bins: binned && scope.x.kind !== 'category' ? binsOf(present(first.numbers), element.bins!) : null,
     weights,

@@ -12,7 +12,7 @@ export interface Tick {
 }
 
 /** More would be no picture. */
-const mostTicks = 1_000;
+export const mostTicks = 1_000;
 
 function steppedTicks(low: number, high: number, step: number, base: number): number[] {
   const first = Math.ceil((low - base) / step - 1e-9);

@@ -1,11 +1,23 @@
 /** What of a chart is read but cannot be drawn as it says; a sentence for each, so that nothing is left out in silence. */
-import type { Axis, Chart, ChartElement, Graph, Label, Style } from '../chart/model.js';
+import type {
+  Aesthetic,
+  AestheticKind,
+  Axis,
+  Chart,
+  ChartElement,
+  Graph,
+  Label,
+  Style,
+} from '../chart/model.js';
 import type { Received } from '../received.js';
 import { none, safeColor } from './colors.js';
-import type { DrawnScale } from './scales.js';
+import { aestheticOf } from './grouping.js';
 import { blendLevel } from './headers.js';
+import type { LayerKind } from './layers.js';
 import type { Orientation } from './orientation.js';
 import type { PanelGrid } from './panels.js';
+import type { DrawnScale } from './scales.js';
+import { mostTicks } from './ticks.js';
 
 /** The type of contents that are maps. */
 const mapContent = 10;
@@ -94,6 +106,57 @@ export function chartNotes(chart: Chart, received: Pick<Received, 'contents'>): 
   return [...notes, ...boxNotes(chart), ...domainNotes(chart), ...chart.graphs.flatMap(graphNotes)];
 }
 
+type Unseen = Partial<Record<LayerKind, AestheticKind[]>>;
+
+const ofStrokes: AestheticKind[] = ['shape', 'pattern'];
+
+/** What groups of such marks do not differ by. */
+const unseenGroups: Unseen = {
+  points: ['pattern', 'dash'],
+  dots: ['pattern', 'dash'],
+  line: ofStrokes,
+  edges: ofStrokes,
+  errors: ofStrokes,
+  bars: ['shape'],
+  area: ['shape'],
+  boxes: ['shape'],
+  polygon: ['shape'],
+  slices: ['shape', 'dash'],
+};
+
+const allRanges: AestheticKind[] = ['color', 'size', 'transparency'];
+
+/** Which numbers such marks do not show by their looks. */
+const unseenRanges: Unseen = {
+  line: allRanges,
+  edges: allRanges,
+  polygon: allRanges,
+  boxes: allRanges,
+  slices: allRanges,
+  bars: ['size'],
+  area: ['size'],
+  dots: ['size'],
+};
+
+/** Aesthetics that marks of that kind cannot show. */
+export function aestheticNotes(
+  element: ChartElement,
+  kind: LayerKind,
+  ranged: Aesthetic[],
+  chart: Chart,
+): string[] {
+  const name = element.name || element.id || element.kind;
+  const unseen = element.aesthetics.filter((aesthetic) =>
+    ranged.includes(aesthetic)
+      ? unseenRanges[kind]?.includes(aesthetic.kind)
+      : unseenGroups[kind]?.includes(aestheticOf(aesthetic, chart) as AestheticKind),
+  );
+  return unseen.map((aesthetic) => {
+    const label = chart.variables.get(aesthetic.variable)?.label || aesthetic.variable;
+    return `The ${aesthetic.kind} of ${name} by ${label} is not to be seen: this client draws no such ${element.kind}.`;
+  });
+}
+
 /** Angles were written as unsigned numbers, too. */
 const turned = (angle: number) => (angle | 0) % 360;
 
@@ -159,9 +222,18 @@ export function flatNotes(graph: Graph): string[] {
   return spatial.map((guide) => `The ${guide.kind} guide ${guide.name || guide.id} is not drawn.`);
 }
 
+/** Ticks whose distance cannot be had. */
+function tickNotes({ direction, domain: [low, high] }: DrawnScale): string[] {
+  const deltas = (direction.dimension?.axes ?? []).flatMap((axis) => axis.ticks?.delta ?? []);
+  if (deltas.length === 0) return [];
+  if (direction.kind === 'category') return [`Ticks along ${direction.name} stand at all categories.`];
+  const fits = deltas.every((delta) => delta > 0 && (high - low) / delta <= mostTicks);
+  return fits ? [] : [`Ticks along ${direction.name} do not have the distance that the chart wants.`];
+}
+
 /** Scales that the values do not fit. */
 export function scaleNotes(scales: { x: DrawnScale; y: DrawnScale }, orientation: Orientation): string[] {
-  const notes: string[] = [];
+  const notes = [scales.x, scales.y].flatMap(tickNotes);
   for (const { direction } of [scales.x, scales.y]) {
     const wanted = direction.dimension?.scale?.method ?? 'linear';
     const what = direction.kind === 'date' ? 'Dates' : 'Categories';

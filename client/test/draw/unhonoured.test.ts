@@ -244,6 +244,34 @@ describe('a note names', () => {
     expect(plain('', '', points, '<dimension><axis repeat="1"/></dimension><dimension/>').notes).toEqual([]);
   });
 
+  test('aesthetics that marks of a kind cannot show', () => {
+    const notes = (kind: string, aesthetic: string) =>
+      plain('', '', `<${kind} id="e"><x variable="a"/><y variable="b"/>${aesthetic}</${kind}>`).notes;
+    const shape = '<shape id="h" variable="k"/>';
+    const dash = '<dash id="h" variable="k"/>';
+    const color = '<color id="h" variable="b"/>';
+    expect(notes('point', shape)).toEqual([]);
+    expect(notes('line', shape)).toEqual([
+      'The shape of e by the k is not to be seen: this client draws no such line.',
+    ]);
+    expect(notes('line', dash)).toEqual([]);
+    expect(notes('point', dash).join()).toContain('The dash of e by the k');
+    expect(notes('point', color)).toEqual([]);
+    expect(notes('line', color).join()).toContain('The color of e by the b');
+    expect(notes('line', color.replace('"b"', '"k"'))).toEqual([]);
+    expect(notes('interval', '<size id="h" variable="b"/>').join()).toContain('The size of e by the b');
+  });
+
+  test('ticks that cannot stand as far from each other as the chart wants', () => {
+    const axis = (delta: string, element = points) =>
+      plain('', '', element, `<dimension><axis><majorTicks delta="${delta}"/></axis></dimension><dimension/>`)
+        .notes;
+    expect(axis('1')).toEqual([]);
+    expect(axis('0.0001')).toEqual(['Ticks along x do not have the distance that the chart wants.']);
+    const bars = '<interval><x variable="k"/><summaryStatistic method="10"/></interval>';
+    expect(axis('2', bars)).toEqual(['Ticks along x stand at all categories.']);
+  });
+
   test('scales that values have no place on', () => {
     const bars = '<interval><x variable="k"/><summaryStatistic method="10"/></interval>';
     const scaled = (scale: string) =>
