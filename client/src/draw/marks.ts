@@ -118,12 +118,35 @@ function outlined(layer: Layer, width: number): Look {
   return !isSolid(look.pattern) && !own && look.stroke === '#ffffff' ? { ...look, stroke: look.fill } : look;
 }
 
+/** How high a bar is in pixels, from its value to where it begins. */
+function barHeight(canvas: Canvas, shape: Shape): number {
+  const extent = canvas.transposed ? canvas.width : canvas.height;
+  return (canvas.y.unit(shape.y2!) - canvas.y.unit(shape.y1!)) * extent;
+}
+
+/** Every value that is not 0 is to be seen: the lowest bars are a pixel high. */
+function raised(canvas: Canvas, shape: Shape): Shape {
+  const height = barHeight(canvas, shape);
+  if (shape.y1 === shape.y2 || !(Math.abs(height) < 1)) return shape;
+  const upwards = (height === 0 ? shape.y2! - shape.y1! : height) > 0;
+  const pixel = 1 / (canvas.transposed ? canvas.width : canvas.height);
+  return { ...shape, y2: canvas.y.value(canvas.y.unit(shape.y1!) + (upwards ? pixel : -pixel)) };
+}
+
+/** Outlines in a colour of their own are left away where a bar is too low for them. */
+function barStroke(canvas: Canvas, look: Look, shapes: Shape[]): Record<string, unknown> {
+  const stroke = strokeOf(look);
+  const isLow = (shape: Shape) => Math.abs(barHeight(canvas, shape)) < leastOutlined;
+  if (stroke.stroke === none || look.stroke === look.fill || !shapes.some(isLow)) return stroke;
+  return { ...stroke, stroke: asIs((shape) => (isLow(shape) ? none : look.stroke)) };
+}
+
 function barMarks(canvas: Canvas, layer: Layer): Plot.Markish[] {
-  const shapes = grounded(canvas, layer.shapes);
+  const shapes = grounded(canvas, layer.shapes).map((shape) => raised(canvas, shape));
   const extent = canvas.transposed ? canvas.height : canvas.width;
   const widths = shapes.map((s) => Math.abs(canvas.x.unit(s.x2!) - canvas.x.unit(s.x1!)) * extent);
   const look = outlined(layer, Math.min(Infinity, ...widths.slice(0, 10_000)));
-  const paint = { ...fillOf(canvas, look, shapes), ...strokeOf(look) };
+  const paint = { ...fillOf(canvas, look, shapes), ...barStroke(canvas, look, shapes) };
   return [Plot.rect(shapes, { ...channels(canvas, rectangle), ...paint } as Plot.RectOptions)];
 }
 

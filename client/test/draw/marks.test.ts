@@ -108,6 +108,32 @@ describe('bars', () => {
     expect(drawn.textsOf('y axis')[0]).toBe('0');
   });
 
+  test('of small values are to be seen: without an outline, and at least a pixel high', () => {
+    const low = (transform: string, side: string) => {
+      const drawn = picture(
+        { k: [1, 2, 3], b: [10_000, 60, -1] },
+        '<interval><x variable="k"/><y variable="b"/></interval>',
+        { categorical: kinds, coordinates: plainAxes + transform },
+      );
+      const marks = drawn.marks('rect');
+      expect(marks.map((mark) => drawn.look(mark, 'stroke'))).toEqual(['#ffffff', 'none', 'none']);
+      return marks.map((mark) => number(mark, side));
+    };
+    for (const sizes of [low('', 'height'), low('<transposeTransform/>', 'width')]) {
+      expect(sizes[1]).toBeGreaterThan(1);
+      expect(sizes[2]).toBeCloseTo(1, 3);
+    }
+  });
+
+  test('of 0 have no height', () => {
+    const drawn = picture(
+      { k: [1, 2], b: [10, 0] },
+      '<interval><x variable="k"/><y variable="b"/></interval>',
+      { categorical: kinds },
+    );
+    expect(number(drawn.marks('rect')[1]!, 'height')).toBe(0);
+  });
+
   test('stand on each other', () => {
     const drawn = picture(
       { k: [1, 1], g: [1, 2], b: [3, 5] },
