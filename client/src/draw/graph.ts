@@ -66,7 +66,7 @@ export function compileGraph(graph: Graph, chart: Chart, data: Data, notes: stri
   if (orientation.polar && panels.flat().some((layer) => layer.kind !== 'slices')) {
     notes.push('Of polar coordinates only pies are drawn; the rest stands in straight ones.');
   }
-  position(panels, x, baselineOf(y));
+  position(panels, x, baselineOf(y, panels));
   const guides = guidesOf(graph.guides, x, y, notes);
   const places = (name: 'x' | 'y') => guides.flatMap(({ at }) => (at?.direction === name ? [at.place] : []));
   const scales = {

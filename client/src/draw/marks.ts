@@ -98,12 +98,15 @@ function pointMarks(canvas: Canvas, layer: Layer, shapes: Shape[]): Plot.Markish
 
 const rectangle: Channels = { x1: (s) => s.x1, x2: (s) => s.x2, y1: (s) => s.y1, y2: (s) => s.y2 };
 
-/** The bounds of a scale that has no 0, where bars begin. */
-function grounded(canvas: Canvas, shapes: Shape[]): Shape[] {
+/** On a scale that has no 0 what has no place ends at its bound; bars that show a value without a place are none. */
+function grounded(canvas: Canvas, layer: Layer): Shape[] {
+  const { shapes } = layer;
   if (canvas.y.method !== 'log') return shapes;
   const [low] = canvas.y.domain;
   const above = (value: number | undefined) => (value !== undefined && value > 0 ? value : low);
-  return shapes.map((shape) => ({ ...shape, y1: above(shape.y1), y2: above(shape.y2) }));
+  const single = layer.kind === 'bars' && layer.element.y.length < 2;
+  const shown = single ? shapes.filter((shape) => !(shape.y2! <= 0)) : shapes;
+  return shown.map((shape) => ({ ...shape, y1: above(shape.y1), y2: above(shape.y2) }));
 }
 
 /** Bars with less room than that in pixels have no outline, which would hide them. */
@@ -142,7 +145,7 @@ function barStroke(canvas: Canvas, look: Look, shapes: Shape[]): Record<string, 
 }
 
 function barMarks(canvas: Canvas, layer: Layer): Plot.Markish[] {
-  const shapes = grounded(canvas, layer.shapes).map((shape) => raised(canvas, shape));
+  const shapes = grounded(canvas, layer).map((shape) => raised(canvas, shape));
   const extent = canvas.transposed ? canvas.height : canvas.width;
   const widths = shapes.map((s) => Math.abs(canvas.x.unit(s.x2!) - canvas.x.unit(s.x1!)) * extent);
   const look = outlined(layer, Math.min(Infinity, ...widths.slice(0, 10_000)));
@@ -151,7 +154,7 @@ function barMarks(canvas: Canvas, layer: Layer): Plot.Markish[] {
 }
 
 function areaMarks(canvas: Canvas, layer: Layer): Plot.Markish[] {
-  const shapes = grounded(canvas, layer.shapes);
+  const shapes = grounded(canvas, layer);
   const look = outlined(layer, Infinity);
   const paint = { ...fillOf(canvas, look, shapes), ...strokeOf(look) };
   const own = channels(canvas, { x: (s) => s.x, y1: (s) => s.y1, y2: (s) => s.y2 });

@@ -136,7 +136,7 @@ function baselineOf({ canvas, layers }: PanelContent): Named[] {
   const standing = layers.some((layer) => layer.kind === 'bars' && layer.element.y.length < 2);
   const place = layers.find((layer) => layer.kind === 'bars')?.baseline ?? 0;
   const [low, high] = canvas.y.domain;
-  if (!standing || canvas.y.method === 'log' || place < low || place > high) return [];
+  if (!standing || place < low || place > high) return [];
   const options = { stroke: lineColor, strokeWidth: 1, ariaHidden: 'true' };
   return [
     {

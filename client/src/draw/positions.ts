@@ -73,8 +73,9 @@ function stackAlongY(layers: Layer[], baseline: number): void {
     for (const shape of layer.shapes) {
       if (shape.y1 !== undefined) continue;
       const reach = stacked ? (shape.y >= 0 ? tops : bottoms) : null;
-      shape.y1 = reach?.get(shape.x) ?? baseline;
-      shape.y2 = stacked ? shape.y1 + shape.y : shape.y;
+      const sum = reach?.get(shape.x);
+      shape.y1 = sum ?? baseline;
+      shape.y2 = (sum ?? 0) + shape.y;
       reach?.set(shape.x, shape.y2);
     }
   }

@@ -23,6 +23,8 @@ interface Reach {
   low: number;
   high: number;
   lowestPositive: number;
+  /** Of the data alone, without the base line. */
+  lowestValue: number;
   baseline: boolean;
   binned: boolean;
   lines: boolean;
@@ -50,11 +52,22 @@ function alongY(shape: Shape): (number | undefined)[] {
   return shape.low !== undefined ? [shape.low, shape.high, shape.y] : [shape.y];
 }
 
+const isStanding = (layer: Layer) =>
+  (layer.kind === 'bars' || layer.kind === 'area') && layer.element.y.length < 2;
+
+/** What of a shape are values, not its width or the base line on which it stands. */
+function valuesAlong(direction: Direction, layer: Layer, shape: Shape): (number | undefined)[] {
+  if (direction.name === 'y') return isStanding(layer) ? [shape.y2 ?? shape.y] : alongY(shape);
+  const wide = layer.kind === 'bars' || layer.kind === 'boxes' || layer.kind === 'errors';
+  return wide || shape.x1 === undefined ? [shape.x] : [shape.x1, shape.x2];
+}
+
 function reachOf(panels: Layer[][], direction: Direction, guides: number[]): Reach {
   const reach: Reach = {
     low: Infinity,
     high: -Infinity,
     lowestPositive: Infinity,
+    lowestValue: Infinity,
     baseline: false,
     binned: false,
     lines: true,
@@ -67,14 +80,18 @@ function reachOf(panels: Layer[][], direction: Direction, guides: number[]): Rea
   };
   const along = direction.name === 'x' ? alongX : alongY;
   for (const layer of panels.flat()) {
-    for (const shape of layer.shapes) along(shape).forEach(add);
-    const standing = layer.kind === 'bars' || layer.kind === 'area';
-    if (direction.name === 'y' && standing && layer.element.y.length < 2) reach.baseline = true;
+    for (const shape of layer.shapes) {
+      along(shape).forEach(add);
+      for (const value of valuesAlong(direction, layer, shape))
+        if (value !== undefined && value < reach.lowestValue) reach.lowestValue = value;
+    }
+    if (direction.name === 'y' && isStanding(layer)) reach.baseline = true;
     if (direction.name === 'y' && layer.element.density) reach.baseline = true;
     if (direction.name === 'x' && layer.binned) reach.binned = true;
     if (layer.kind !== 'line' && layer.kind !== 'area') reach.lines = false;
   }
   guides.forEach(add);
+  reach.lowestValue = Math.min(reach.lowestValue, ...guides);
   return reach;
 }
 
@@ -135,7 +152,12 @@ function linearDomain(direction: Direction, reach: Reach, domain: Domain | undef
   return direction.kind === 'date' ? bounds : nice(bounds, niceLow, niceHigh);
 }
 
-function logDomain(direction: Direction, reach: Reach, domain: Domain | undefined): [number, number] {
+function logDomain(
+  direction: Direction,
+  reach: Reach,
+  domain: Domain | undefined,
+  foot: number,
+): [number, number] {
   const minimum = bound(domain, direction, 'minimum');
   const maximum = bound(domain, direction, 'maximum');
   const low = minimum !== null && minimum > 0 ? minimum : reach.lowestPositive;
@@ -143,7 +165,7 @@ function logDomain(direction: Direction, reach: Reach, domain: Domain | undefine
   if (!(Number.isFinite(low) && high > 0)) return [1, 10];
   const room = Math.max(high / low, 1.1) ** roomAround;
   return [
-    minimum !== null && minimum > 0 ? low : low / room,
+    (minimum !== null && minimum > 0) || (reach.baseline && low === foot) ? low : low / room,
     maximum !== null && maximum > 0 ? high : high * room,
   ];
 }
@@ -180,20 +202,15 @@ export function scaleOf(
   const domain = chart.domains.get(direction.dimension?.domain ?? '');
   const reach = reachOf(panels, direction, guides);
   let method = direction.kind === 'number' ? (settings?.method ?? 'linear') : 'linear';
-  if (method === 'log' && reach.low <= 0) {
-    if (!Number.isFinite(reach.lowestPositive)) method = 'linear';
-    if (!reach.baseline || method === 'linear') {
-      notes.push(
-        `Values along ${direction.name} that are not above 0 have no place on its logarithmic scale.`,
-      );
-    }
-  }
+  if (method === 'log' && reach.low <= 0 && !Number.isFinite(reach.lowestPositive)) method = 'linear';
+  if (settings?.method === 'log' && direction.kind === 'number' && reach.lowestValue <= 0)
+    notes.push(`Values along ${direction.name} that are not above 0 have no place on its logarithmic scale.`);
   const base = settings?.base && settings.base > 0 && settings.base !== 1 ? settings.base : usualBase[method];
   const bounds =
     direction.kind === 'category'
       ? categoryDomain(direction)
       : method === 'log'
-        ? logDomain(direction, reach, domain)
+        ? logDomain(direction, reach, domain, baselineOf(direction, panels))
         : linearDomain(direction, reach, domain);
   return withFunctions({
     direction,
@@ -204,10 +221,14 @@ export function scaleOf(
   });
 }
 
-/** The base line of bars and areas. */
-export function baselineOf(direction: Direction): number {
-  const origin = direction.dimension?.scale?.origin;
-  return (origin ? placeOf(direction, origin) : null) ?? 0;
+/** The base line of bars and areas: the origin, or 0; on a scale without a 0 it is 1. */
+export function baselineOf(direction: Direction, panels: Layer[][]): number {
+  const scale = direction.dimension?.scale;
+  const origin = scale?.origin ? placeOf(direction, scale.origin) : null;
+  const hasPlace = (layer: Layer) => layer.shapes.some((shape) => shape.y > 0);
+  const byLogarithm = scale?.method === 'log' && direction.kind === 'number' && panels.flat().some(hasPlace);
+  if (!byLogarithm) return origin ?? 0;
+  return origin !== null && origin > 0 ? origin : 1;
 }
 
 /** Equal lengths of the units of x and y in an area of that size: the scale that has room to spare is widened. */

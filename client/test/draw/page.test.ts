@@ -36,6 +36,38 @@ describe('scales and ticks', () => {
     );
   });
 
+  test('by a logarithm let bars begin at 1 or the origin, and say which of them have no place', () => {
+    const bars = (b: number[], attributes = '') =>
+      picture({ k: [1, 2, 3], b }, '<interval><x variable="k"/><y variable="b"/></interval>', {
+        categorical: kinds,
+        coordinates: `<dimension/><dimension><scale method="2" ${attributes}/><axis><majorTicks/></axis></dimension>`,
+      });
+    const heights = (drawn: Picture) => drawn.marks('rect').map((mark) => number(mark, 'height'));
+    const drawn = bars([10, 100, 1000]);
+    const [first, second, third] = heights(drawn);
+    expect(second! / first!).toBeCloseTo(2, 2);
+    expect(third! / first!).toBeCloseTo(3, 2);
+    expect(drawn.notes).toEqual([]);
+    const [low, high] = heights(bars([100, 1000, 1000], 'origin="10"'));
+    expect(high! / low!).toBeCloseTo(2, 2);
+    const negative = bars([10, -5, 1000]);
+    expect(heights(negative)).toHaveLength(2);
+    expect(negative.notes.join()).toContain('not above 0');
+  });
+
+  test('by a logarithm show a stack as high as its sum', () => {
+    const drawn = picture(
+      { k: [1, 1], g: [1, 2], b: [10, 90] },
+      '<interval positionModifier="3"><x variable="k"/><y variable="b"/><color variable="g"/></interval>',
+      {
+        categorical: { k: ['one'], g: ['low', 'high'] },
+        coordinates: '<dimension/><dimension><scale method="2"/><axis><majorTicks/></axis></dimension>',
+      },
+    );
+    const [low, high] = drawn.marks('rect').map((mark) => number(mark, 'height'));
+    expect(high! / low!).toBeCloseTo(1, 2);
+  });
+
   test('may run the other way', () => {
     const left = (invert: string) => {
       const drawn = along(`<dimension><scale invert="${invert}"/></dimension>`);
