@@ -11,6 +11,7 @@ import type { Direction } from './directions.js';
 import { groupingOf, lookOf, type Group, type Grouping } from './grouping.js';
 import type { BoxShape, Layer, LayerKind, Shape } from './layers.js';
 import { ownLook, styled, type Look, type LookKind } from './looks.js';
+import { missingNotes } from './missing.js';
 import { rowsOf, type Panel, type PanelGrid } from './panels.js';
 import { rangesOf, type Range, type Varied } from './ranges.js';
 import { aestheticNotes } from './unhonoured.js';
@@ -471,6 +472,7 @@ function layersOf(
 /** The layers of every panel, in the order in which they are drawn. */
 export function compile(scope: Scope): Layer[][] {
   const plans = scope.graph.elements.flatMap((element) => planOf(element, scope) ?? []);
+  scope.notes.push(...missingNotes(plans, scope.grid, scope.data));
   return scope.grid.panels.map((panel) => {
     const cache = new Map<string, Uint32Array>();
     const rowsIn = (source: string, rows: number) => {

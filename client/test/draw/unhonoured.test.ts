@@ -287,3 +287,41 @@ describe('a note names', () => {
     expect(equal(bars, 'true').join()).toContain('here they are not');
   });
 });
+
+describe('missing values', () => {
+  const lacking = { a: [1, 2, null, 4], b: [1, 2, 3, 4], k: [1, 2, 1, 2], g: [1, null, 1, null] };
+  const notesOf = (element: string, columns: Record<string, (number | null)[]> = lacking) =>
+    picture(columns, element, { categorical }).notes;
+
+  test('of places, groups and panels are counted, each row once', () => {
+    expect(notesOf(points)).toEqual(['1 row with a missing value is not drawn (the a).']);
+    const grouped = points.replace('</point>', '<color variable="g"/></point>');
+    expect(notesOf(grouped)).toEqual(['3 rows with missing values are not drawn (the g, the a).']);
+    const inPanels = single.replace('"k"', '"g"');
+    expect(notesOf(points + inPanels)).toEqual(['3 rows with missing values are not drawn (the g, the a).']);
+    expect(notesOf(points + single, { ...lacking, a: [1, 2, 3, 4] })).toEqual([]);
+  });
+
+  test('of clusters are counted', () => {
+    const drawn = picture(
+      lacking,
+      '<interval><x variable="k"/><y variable="b"/><color variable="k"/></interval>',
+      { categorical, coordinates: '<dimension clusterVariable="g"/><dimension/>' },
+    );
+    expect(drawn.notes).toEqual(['2 rows with missing values are not drawn (the g).']);
+  });
+
+  test('are not counted where a line has a gap, or another measure of a blend is there', () => {
+    const line = '<line><x variable="b"/><y variable="a"/></line>';
+    expect(notesOf(line)).toEqual([]);
+    const blended = picture(
+      { ...lacking, c: [null, 2, 3, 4] },
+      '<point><x variable="b"/><y variable="e"/></point>',
+      {
+        categorical,
+        rest: '<expressionVariable id="e" expression="a + c"/>',
+      },
+    );
+    expect(blended.notes).toEqual([]);
+  });
+});
