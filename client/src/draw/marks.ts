@@ -96,6 +96,12 @@ function pointMarks(canvas: Canvas, layer: Layer, shapes: Shape[]): Plot.Markish
   ];
 }
 
+/** Symbols are drawn whole or not at all. */
+function isWithin(canvas: Canvas, shape: Shape): boolean {
+  const between = (value: number, [low, high]: [number, number]) => value >= low && value <= high;
+  return between(shape.x, canvas.x.domain) && between(shape.y, canvas.y.domain);
+}
+
 const rectangle: Channels = { x1: (s) => s.x1, x2: (s) => s.x2, y1: (s) => s.y1, y2: (s) => s.y2 };
 
 /** On a scale that has no 0 what has no place ends at its bound; bars that show a value without a place are none. */
@@ -303,7 +309,11 @@ function labelMarks(canvas: Canvas, labels: PlacedLabel[], look: TextLook): Plot
 export function marksOf(canvas: Canvas, layer: Layer, dots: Map<Layer, Shape[]>): Plot.Markish[] {
   switch (layer.kind) {
     case 'points':
-      return pointMarks(canvas, layer, layer.shapes);
+      return pointMarks(
+        canvas,
+        layer,
+        layer.shapes.filter((shape) => isWithin(canvas, shape)),
+      );
     case 'dots':
       return pointMarks(canvas, { ...layer, look: dotLook(layer, dots) }, dots.get(layer) ?? []);
     case 'bars':

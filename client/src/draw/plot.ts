@@ -115,7 +115,11 @@ function contentOf(content: PanelContent): Named[] {
   );
   for (const layer of layers) {
     if (layer.kind !== 'slices')
-      named.push({ name: layerName(layer), marks: marksOf(canvas, layer, dots), clipped: true });
+      named.push({
+        name: layerName(layer),
+        marks: marksOf(canvas, layer, dots),
+        clipped: layer.kind !== 'points',
+      });
   }
   const guides = content.guides.flatMap((guide) => {
     const made = guideMarks(guide, content.panel, canvas, layers, content.notes);

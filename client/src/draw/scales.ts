@@ -170,6 +170,24 @@ function logDomain(
   ];
 }
 
+/** How many values lie beyond bounds that the chart gives. */
+function boundNotes(direction: Direction, panels: Layer[][], [low, high]: [number, number]): string[] {
+  let all = 0;
+  let outside = 0;
+  for (const layer of panels.flat()) {
+    if (layer.kind === 'slices') continue;
+    for (const value of layer.shapes.flatMap((shape) => valuesAlong(direction, layer, shape))) {
+      if (value === undefined || Number.isNaN(value)) continue;
+      all += 1;
+      if (value < low || value > high) outside += 1;
+    }
+  }
+  if (outside === 0) return [];
+  return [
+    `${outside} of ${all} values ${outside === 1 ? 'lies' : 'lie'} outside the ${direction.name} axis.`,
+  ];
+}
+
 /** Makes the two functions of a scale. */
 export function withFunctions(scale: Omit<DrawnScale, 'unit' | 'value'>): DrawnScale {
   const made =
@@ -212,6 +230,8 @@ export function scaleOf(
       : method === 'log'
         ? logDomain(direction, reach, domain, baselineOf(direction, panels))
         : linearDomain(direction, reach, domain);
+  if (direction.kind !== 'category' && (domain?.minimum || domain?.maximum))
+    notes.push(...boundNotes(direction, panels, ordered(bounds)));
   return withFunctions({
     direction,
     domain: ordered(bounds),

@@ -21,6 +21,32 @@ describe('scales and ticks', () => {
     expect(drawn.textsOf('x axis')).toEqual(['\u22125', '0', '5', '10', '15']);
   });
 
+  test('count the values beyond bounds, and draw symbols within them whole', () => {
+    const drawn = along(
+      '<dimension domain="d"><axis><majorTicks/></axis></dimension>',
+      [0, 5, 10, 20],
+      [1, 2, 3, 4],
+      '<intervalDomain id="d"><range min="0" max="10" exact="true"/></intervalDomain>',
+    );
+    expect(drawn.notes).toEqual(['1 of 4 values lies outside the x axis.']);
+    expect(drawn.marks('dot')).toHaveLength(3);
+    expect(drawn.svg.querySelectorAll('[clip-path]')).toHaveLength(0);
+  });
+
+  test('do not count where bars begin, but the bars that are cut', () => {
+    const drawn = picture(
+      { k: [1, 2], b: [60, 200] },
+      '<interval><x variable="k"/><y variable="b"/></interval>',
+      {
+        categorical: kinds,
+        coordinates: '<dimension/><dimension domain="d"/>',
+        rest: '<intervalDomain id="d"><range min="50" max="100" exact="true"/></intervalDomain>',
+      },
+    );
+    expect(drawn.notes).toEqual(['1 of 2 values lies outside the y axis.']);
+    expect(drawn.svg.querySelectorAll('[clip-path]').length).toBeGreaterThan(0);
+  });
+
   test('by a logarithm show powers of their base', () => {
     const drawn = along(
       '<dimension><scale method="2" base="2"/><axis><majorTicks/></axis></dimension>',
