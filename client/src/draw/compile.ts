@@ -308,7 +308,7 @@ function summaryShapes(places: Places, rows: ArrayLike<number>, summary: Summary
       cases: kept.length,
     };
     if (bins) [shape.x1, shape.x2] = [bins.start + place * bins.width, bins.start + (place + 1) * bins.width];
-    if (summary.errorBar) Object.assign(shape, confidenceInterval(sample) ?? { low: y, high: y });
+    if (summary.errorBar) Object.assign(shape, confidenceInterval(sample));
     shapes.push(shape);
   }
   return shapes.sort((a, b) => a.x - b.x);
@@ -469,11 +469,19 @@ function layersOf(
   return layers.filter((layer) => layer.shapes.length > 0 && layer.look.visible);
 }
 
+/** Groups whose mean has no interval: they are drawn as a dot alone. */
+function intervalNotes(panels: Layer[][]): string[] {
+  const layers = panels.flat().filter((layer) => layer.kind === 'errors');
+  const bare = layers.flatMap((layer) => layer.shapes).filter((shape) => shape.low === undefined).length;
+  if (bare === 0) return [];
+  return [`${bare} ${bare === 1 ? 'group has' : 'groups have'} too few cases for an error bar.`];
+}
+
 /** The layers of every panel, in the order in which they are drawn. */
 export function compile(scope: Scope): Layer[][] {
   const plans = scope.graph.elements.flatMap((element) => planOf(element, scope) ?? []);
   scope.notes.push(...missingNotes(plans, scope.grid, scope.data));
-  return scope.grid.panels.map((panel) => {
+  const panels = scope.grid.panels.map((panel) => {
     const cache = new Map<string, Uint32Array>();
     const rowsIn = (source: string, rows: number) => {
       let shown = cache.get(source);
@@ -482,6 +490,8 @@ export function compile(scope: Scope): Layer[][] {
     };
     return plans.flatMap((plan) => layersOf(plan, panel, scope, rowsIn));
   });
+  scope.notes.push(...intervalNotes(panels));
+  return panels;
 }
 
 /** Layers of one element. */

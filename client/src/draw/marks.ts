@@ -199,7 +199,8 @@ function links(canvas: Canvas, shapes: Shape[], own: Channels, look: Look): Plot
 }
 
 function errorMarks(canvas: Canvas, layer: Layer): Plot.Markish[] {
-  const { shapes, look } = layer;
+  const { look } = layer;
+  const shapes = layer.shapes.filter((shape) => shape.low !== undefined);
   const cap = (bound: 'low' | 'high') =>
     links(
       canvas,
@@ -214,7 +215,7 @@ function errorMarks(canvas: Canvas, layer: Layer): Plot.Markish[] {
     look,
   );
   const dot = { ...look, symbol: 'circle', fill: look.fill, stroke: none };
-  return [stem, cap('low'), cap('high'), ...pointMarks(canvas, { ...layer, look: dot }, shapes)];
+  return [stem, cap('low'), cap('high'), ...pointMarks(canvas, { ...layer, look: dot }, layer.shapes)];
 }
 
 /** The lines of a whisker's ends are half as wide as the box. */

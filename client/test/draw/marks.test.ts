@@ -295,6 +295,18 @@ describe('boxes and error bars', () => {
     expect(drawn.textsOf('Notes').join()).toContain('95% confidence interval');
     expect(drawn.notes).toEqual([]);
   });
+
+  test('a mean of one case is a dot without an interval', () => {
+    const drawn = picture(
+      { k: [1, 1, 1, 2], b: [1, 2, 3, 4] },
+      '<interval><summaryStatistic method="7"/><x variable="k"/><y variable="b"/></interval>',
+      { categorical: kinds },
+    );
+    expect(drawn.marks('dot')).toHaveLength(2);
+    expect(drawn.marks('link')).toHaveLength(3);
+    expect(drawn.drawn.dataTable.rows[1]!.slice(2)).toEqual([null, null]);
+    expect(drawn.notes).toEqual(['1 group has too few cases for an error bar.']);
+  });
 });
 
 describe('notes', () => {
