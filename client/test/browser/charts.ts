@@ -46,6 +46,7 @@ export const gallery: Record<string, Expected> = {
       'The lines stand at the means of all penguins.',
       ...species,
     ],
+    notes: ['^2 rows with missing values'],
   },
   'scatter-with-function-line': {
     marks: { dot: complete(of('species', 'Gentoo'), 'bill_length_mm', 'bill_depth_mm') },
@@ -54,6 +55,7 @@ export const gallery: Record<string, Expected> = {
   'dot-plot': {
     marks: { dot: complete(penguins, 'flipper_length_mm') },
     texts: ['Flipper lengths of penguins', 'Flipper length (mm)', ...species],
+    notes: ['^2 rows with missing values'],
   },
   'clustered-bars': {
     marks: { rect: combinations(penguins, 'island', 'species') },
@@ -76,14 +78,17 @@ export const gallery: Record<string, Expected> = {
   'histogram-with-summary': {
     marks: { rect: filledClasses(masses(penguins), 2500, 250) },
     texts: ['Body mass of penguins', 'Body mass (g)', 'Number of penguins', 'N = 342'],
+    notes: ['^2 rows with missing values'],
   },
   'box-plot-with-outliers': {
     marks: { rect: 3, dot: sum(groups(penguins, 'species').map((rows) => outliers(masses(rows)))) },
     texts: ['Body mass of penguins', 'Species', 'Body mass (g)', ...species],
+    notes: ['^2 rows with missing values'],
   },
   'error-bars': {
     marks: { dot: 3, link: 9 },
     texts: ['Gentoo penguins are the heaviest', 'Species', 'Mean body mass (g)', ...species],
+    notes: ['^2 rows with missing values'],
   },
   'line-over-dates': {
     marks: { line: 2 },
@@ -106,10 +111,12 @@ export const gallery: Record<string, Expected> = {
   'nested-panels': {
     marks: {},
     texts: ['Body mass of penguins by island', 'Body mass (g)', 'Number of penguins', ...islands, ...species],
+    notes: ['^2 rows with missing values'],
   },
   'panel-highlight': {
     marks: { dot: complete(penguins, 'flipper_length_mm', 'body_mass_g'), line: 1 },
     texts: ['Flippers of penguins', 'Body mass (g)', 'Flipper length (mm)', 'Mean Gentoo', ...species],
+    notes: ['^2 rows with missing values'],
   },
   'blended-panels': {
     marks: { line: 2 },
@@ -122,7 +129,7 @@ export const gallery: Record<string, Expected> = {
   'scatter-in-3d': {
     marks: {},
     texts: ['Bills and body mass of penguins'],
-    notes: ['three dimensions|third dimension|3-D|space'],
+    notes: ['three dimensions|third dimension|3-D|space', '2 rows with missing values'],
   },
 };
 
@@ -147,6 +154,7 @@ export const templates: TemplateChart[] = [
     slots: ['x=species', 'y=body_mass_g', 'Title=Body mass by species'],
     marks: { rect: 3, dot: sum(groups(penguins, 'species').map((rows) => outliers(masses(rows)))) },
     texts: ['Body mass by species', 'body_mass_g', ...species],
+    notes: ['^2 rows with missing values'],
   },
   {
     template: 'clustered_bar',
@@ -161,6 +169,7 @@ export const templates: TemplateChart[] = [
     slots: ['x=bill_length_mm', 'y=bill_depth_mm', 'group=species', 'Title=Bills'],
     marks: { dot: complete(penguins, 'bill_length_mm', 'bill_depth_mm') },
     texts: ['Bills', 'bill_length_mm', 'bill_depth_mm', ...species],
+    notes: ['^2 rows with missing values'],
   },
   {
     template: 'histogram',
@@ -168,6 +177,7 @@ export const templates: TemplateChart[] = [
     slots: ['x=flipper_length_mm', 'bins=12', 'Title=Flippers'],
     marks: {},
     texts: ['Flippers', 'flipper_length_mm'],
+    notes: ['^2 rows with missing values'],
   },
   {
     template: 'line_over_time',
@@ -182,6 +192,7 @@ export const templates: TemplateChart[] = [
     slots: ['x=flipper_length_mm', 'y=body_mass_g', 'columns=species', 'Title=Flippers and mass'],
     marks: { dot: complete(penguins, 'flipper_length_mm', 'body_mass_g') },
     texts: ['Flippers and mass', 'flipper_length_mm', 'body_mass_g', ...species],
+    notes: ['^2 rows with missing values'],
   },
   {
     template: 'pie_of_shares',

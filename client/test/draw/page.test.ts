@@ -343,6 +343,22 @@ describe('the page', () => {
     expect(short.drawn.title).toBe('Short');
   });
 
+  test('describes the rows that the element draws in its panels', () => {
+    const frame =
+      '<labelFrame id="f"><label><descriptionGroup target="p"><text>M=</text><description name="5"/><text>;N=</text><description name="6"><format maximumFractionDigits="0"/></description></descriptionGroup></label></labelFrame>';
+    const summary = (graph: string) =>
+      picture({ a: [1, 3, 100, 50], k: [1, 2, null, 1], g: [1, 1, 1, null] }, graph, {
+        categorical: { k: ['one', 'two'], g: ['low'] },
+        rest: frame,
+      }).texts();
+    const counted = '<x variable="a"/><binStatistic/><summaryStatistic method="10"/>';
+    const panelled = '<faceting method="cross"><cross><variableReference ref="k"/></cross></faceting>';
+    const bars = (inner: string) => `<interval id="p">${inner}</interval>`;
+    expect(summary(bars(counted)).join()).toContain(';N=4');
+    expect(summary(bars(counted) + panelled).join()).toContain('M=18.00;N=3');
+    expect(summary(bars(`${counted}<color variable="g"/>`) + panelled).join()).toContain('M=2.00;N=2');
+  });
+
   test('computes the figures of a summary', () => {
     const made = drawn(
       '<labelFrame id="f"><label><descriptionGroup target="p"><text>M=</text><description name="5"/><text>;SD=</text><description name="7"><format maximumFractionDigits="2"/></description><text>;N=</text><description name="6"><format maximumFractionDigits="0"/></description></descriptionGroup></label></labelFrame>',
