@@ -1,5 +1,5 @@
 /** Labels beside what is drawn: where they stand, and which of them have room. */
-import type { Layer } from './layers.js';
+import type { BoxShape, Layer } from './layers.js';
 import { ownTexts } from './looks.js';
 import type { Canvas } from './marks.js';
 import { lineHeight, textLook, textWidth, type TextLook } from './text.js';
@@ -18,6 +18,15 @@ interface Candidate extends PlacedLabel {
   down: number;
 }
 
+/** The labels of a box's outliers from the lowest one; those of equal values stand in one text. */
+function joinedLabels({ outliers }: BoxShape): { value: number; text: string }[] {
+  const texts = new Map<number, string[]>();
+  for (const { value, label } of [...outliers].sort((a, b) => a.value - b.value)) {
+    if (label) texts.set(value, [...(texts.get(value) ?? []), label]);
+  }
+  return [...texts].map(([value, labels]) => ({ value, text: labels.join(', ') }));
+}
+
 function candidatesOf(layer: Layer, canvas: Canvas): Candidate[] {
   const upright = layer.kind === 'bars' ? (canvas.transposed ? 'right' : 'above') : 'right';
   const candidates: Candidate[] = [];
@@ -30,12 +39,8 @@ function candidatesOf(layer: Layer, canvas: Canvas): Candidate[] {
   for (const shape of layer.shapes) {
     if (shape.box) {
       // Neighbours stand on both sides, so that those of almost one place can be read.
-      [...shape.box.outliers]
-        .sort((a, b) => a.value - b.value)
-        .forEach((outlier, at) => {
-          const sides = canvas.transposed ? (['above', 'below'] as const) : (['right', 'left'] as const);
-          if (outlier.label) add(shape.x, outlier.value, outlier.label, sides[at % 2]!);
-        });
+      const sides = canvas.transposed ? (['above', 'below'] as const) : (['right', 'left'] as const);
+      joinedLabels(shape.box).forEach(({ value, text }, at) => add(shape.x, value, text, sides[at % 2]!));
     } else if (shape.label) {
       add(shape.x, shape.y2 ?? shape.y, shape.label, upright);
     }
@@ -78,9 +83,11 @@ function symbolRooms(layer: Layer, canvas: Canvas): Room[] {
 }
 
 /** Unless the chart wants all of them, a label that would cover an earlier one is left out. */
-export function placeLabels(canvas: Canvas, layer: Layer): PlacedLabel[] {
+export function placeLabels(canvas: Canvas, layer: Layer, notes: string[]): PlacedLabel[] {
   const look = textLook(layer.element.labeling[0]?.style ?? {}, ownTexts.dataLabel);
-  const candidates = candidatesOf(layer, canvas).slice(0, mostLabels);
+  const all = candidatesOf(layer, canvas);
+  if (all.length > mostLabels) notes.push(`Of ${all.length} labels the first ${mostLabels} are drawn.`);
+  const candidates = all.slice(0, mostLabels);
   if (layer.element.showCollidingLabels) return candidates;
   const taken: Room[] = symbolRooms(layer, canvas);
   return candidates.filter((label) => {

@@ -280,9 +280,9 @@ function outlierMarks(canvas: Canvas, layer: Layer): Plot.Markish[] {
   });
 }
 
-function labelMarks(canvas: Canvas, labels: PlacedLabel[], look: TextLook): Plot.Markish[] {
+/** Texts beside what they name; `paint` is how their letters are filled and outlined. */
+function labelMarks(labels: PlacedLabel[], look: TextLook, paint: Plot.TextOptions): Plot.Markish[] {
   const sides = [...new Set(labels.map((label) => label.side))];
-  const halo = { stroke: canvas.paper === none ? '#ffffff' : canvas.paper, strokeWidth: 2.5 };
   return sides.map((side) => {
     const anchor = { right: 'start', left: 'end', above: 'middle', below: 'middle' }[side];
     const shift = { right: [6, 0], left: [-6, 0], above: [0, -8], below: [0, 8] }[side] as [number, number];
@@ -299,8 +299,7 @@ function labelMarks(canvas: Canvas, labels: PlacedLabel[], look: TextLook): Plot
         fontSize: look.size,
         ...(look.weight === 'normal' ? {} : { fontWeight: look.weight }),
         ...(look.slant === 'normal' ? {} : { fontStyle: look.slant }),
-        fill: look.color,
-        ...halo,
+        ...paint,
       },
     );
   });
@@ -341,13 +340,28 @@ function dotLook(layer: Layer, dots: Map<Layer, Shape[]>): Look {
   return size === undefined ? layer.look : { ...layer.look, size };
 }
 
+/** Labels of data, and what has to lie below the marks so that it cuts none of them. */
+export interface LabelMarks {
+  below: Plot.Markish[];
+  above: Plot.Markish[];
+}
+
 /** The labels of all layers, which must not cover each other. */
-export function labelsOf(canvas: Canvas, layers: Layer[]): Plot.Markish[] {
-  return layers.flatMap((layer) => {
+export function labelsOf(canvas: Canvas, layers: Layer[], notes: string[]): LabelMarks {
+  const marks: LabelMarks = { below: [], above: [] };
+  const paper = canvas.paper === none ? '#ffffff' : canvas.paper;
+  const halo = { stroke: paper, strokeWidth: 2.5 };
+  for (const layer of layers) {
     const labeling = layer.element.labeling[0];
-    if (!labeling || labeling.style.visible === false) return [];
-    return labelMarks(canvas, placeLabels(canvas, layer), textLook(labeling.style, ownTexts.dataLabel));
-  });
+    if (!labeling || labeling.style.visible === false) continue;
+    const labels = placeLabels(canvas, layer, notes);
+    const look = textLook(labeling.style, ownTexts.dataLabel);
+    // Beside a box are its own whiskers, which a halo on top would cut.
+    const apart = layer.kind === 'boxes';
+    if (apart) marks.below.push(...labelMarks(labels, look, { ...halo, fill: paper, ariaHidden: 'true' }));
+    marks.above.push(...labelMarks(labels, look, { fill: look.color, ...(apart ? {} : halo) }));
+  }
+  return marks;
 }
 
 export { stackDots };

@@ -113,6 +113,8 @@ function contentOf(content: PanelContent): Named[] {
     canvas.transposed ? canvas.height : canvas.width,
     canvas.transposed ? canvas.width : canvas.height,
   );
+  const labels = labelsOf(canvas, layers, content.notes);
+  if (labels.below.length > 0) named.push({ name: '', marks: labels.below, clipped: false });
   for (const layer of layers) {
     if (layer.kind !== 'slices')
       named.push({
@@ -130,8 +132,7 @@ function contentOf(content: PanelContent): Named[] {
   }
   for (const { made } of guides) if (made.name) named.push({ name: '', marks: [made.name], clipped: false });
   named.push(...baselineOf(content));
-  const labels = labelsOf(canvas, layers);
-  if (labels.length > 0) named.push({ name: 'Labels of data', marks: labels, clipped: false });
+  if (labels.above.length > 0) named.push({ name: 'Labels of data', marks: labels.above, clipped: false });
   return named;
 }
 

@@ -283,6 +283,24 @@ describe('boxes and error bars', () => {
     expect(drawn.textsOf('Labels of data').sort()).toEqual(['14', '15']);
   });
 
+  test('labels of outliers with one value stand in one text, their halos below the whiskers', () => {
+    const equal = [...values, 11];
+    const drawn = picture(
+      { b: equal, k: equal.map(() => 1), n: equal.map((_, at) => at + 1) },
+      '<schema><tukeyStatistic/><labeling variable="n"/><x variable="k"/><y variable="b"/></schema>',
+      { categorical: { k: ['all'] } },
+    );
+    expect(drawn.textsOf('Labels of data').sort()).toEqual(['14', '15, 16']);
+    const texts = Array.from(drawn.svg.querySelectorAll('text')).filter((text) =>
+      ['14', '15, 16'].includes(text.textContent ?? ''),
+    );
+    const order = Array.from(drawn.svg.querySelectorAll('text, g[aria-label="link"]'));
+    const firstLink = order.findIndex((element) => element.localName === 'g');
+    const halos = texts.filter((text) => (drawn.look(text, 'stroke') ?? 'none') !== 'none');
+    expect(halos).toHaveLength(2);
+    for (const text of texts) expect(order.indexOf(text) < firstLink).toBe(halos.includes(text));
+  });
+
   test('error bars reach as far as the confidence interval, and say so', () => {
     const drawn = picture(
       { k: [1, 1, 1, 1, 1], b: [1, 2, 3, 4, 5] },
@@ -346,6 +364,15 @@ describe('labels', () => {
   test('that would cover a point are left out', () => {
     // The second point stands where the label of the first would be.
     expect(labelled('')).toEqual(['8', '9']);
+  });
+
+  test('beyond the first 2,000 are left out with a note', () => {
+    const many = Array.from({ length: 2_001 }, (_, at) => at);
+    const drawn = picture(
+      { a: many, b: many, n: many },
+      '<point><x variable="a"/><y variable="b"/><labeling variable="n"/></point>',
+    );
+    expect(drawn.notes).toEqual(['Of 2001 labels the first 2000 are drawn.']);
   });
 
   test('stay where the chart wants all of them', () => {
