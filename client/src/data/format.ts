@@ -48,11 +48,39 @@ function formatter(language: string, options: Intl.NumberFormatOptions): Intl.Nu
 
 const clampDigits = (digits: number) => Math.max(0, Math.min(20, Math.round(digits)));
 
-function scientific(value: number): string {
-  return value.toExponential(decimalsOf(Number(value.toExponential().split('e')[0]), 3)).replace('e+', 'e');
+function scientific(value: number, most: number): string {
+  const mantissa = Number(value.toExponential(13).split('e')[0]);
+  return value.toExponential(decimalsOf(mantissa, most)).replace('e+', 'e');
 }
 
-/** `decimals` is what a number gets where its format does not say; by default as many as it needs, up to 6. */
+/** The most decimals that a format leaves to a number; null where it does not say. */
+export function mostDecimals(format: Format | null): number | null {
+  const pattern = format?.pattern ? numberPattern(format.pattern) : null;
+  const most = format?.maximumFractionDigits ?? pattern?.most ?? null;
+  return most === null ? null : most + (pattern?.percent ? 2 : 0);
+}
+
+/** From here on digits are too many to be read. */
+const leastHuge = 1e15;
+const leastPlain = 1e-6;
+
+function isHuge(shown: number, free: boolean): boolean {
+  return Math.abs(shown) >= leastHuge || (free && shown !== 0 && Math.abs(shown) < leastPlain);
+}
+
+/** The number that a reader takes from the text of a value at a tick. */
+export function readNumber(value: number, format: Format | null, decimals: number): number {
+  const most = mostDecimals(format);
+  if (isHuge(value, most === null)) return Number(scientific(value, mostOfMantissa));
+  return Number(value.toFixed(clampDigits(most ?? Math.max(decimals, format?.minimumFractionDigits ?? 0))));
+}
+
+const mostOfMantissa = 12;
+
+/**
+ * `decimals` is what a number gets where its format does not say; by default as many as it needs, up to 6. With
+ * exponents, which numbers from 1e15 on always have, it then has all of its digits, and else 3 of them.
+ */
 export function numberText(
   value: number,
   format: Format | null,
@@ -70,10 +98,8 @@ export function numberText(
     most,
   );
   const shown = pattern?.percent ? value * 100 : value;
-  const free = format?.maximumFractionDigits == null && !pattern;
-  const huge = free && (Math.abs(shown) >= 1e15 || (shown !== 0 && Math.abs(shown) < 1e-6));
-  const digits = huge
-    ? scientific(shown)
+  const digits = isHuge(shown, format?.maximumFractionDigits == null && !pattern)
+    ? scientific(shown, decimals === undefined ? 3 : mostOfMantissa)
     : formatter(language, {
         useGrouping: format?.grouping ?? pattern?.grouping ?? false,
         minimumFractionDigits: clampDigits(least),

@@ -1,5 +1,5 @@
 /** Legends: what groups, ranges and named elements look like. */
-import { path, ticks } from 'd3';
+import { path, ticks as roundValues } from 'd3';
 import { plainText } from '../chart/labels.js';
 import type { Aesthetic, Chart, ChartElement, Legend } from '../chart/model.js';
 import type { Data } from '../data/columns.js';
@@ -13,6 +13,7 @@ import { rangesOf, type Range } from './ranges.js';
 import type { Maker } from './svg.js';
 import { isStroked, symbolPath } from './symbols.js';
 import { lineHeight, textLook, widest, wrap, type TextLook } from './text.js';
+import { ticksBetween, type Tick } from './ticks.js';
 
 interface Entry {
   look: Look;
@@ -95,29 +96,35 @@ function groupEntries(target: Target, scope: LegendScope, look: TextLook): Entry
   return wide && element.x.length > 0 && (lying ? beside : stacked) ? entries.reverse() : entries;
 }
 
-function rangeSection(target: Target, range: Range, look: TextLook): Section {
-  const shown = ticks(range.low, range.high, range.aesthetic.kind === 'color' ? 5 : 3).filter(
-    (value) => value >= range.low && value <= range.high,
-  );
-  const text = (value: number) => range.values.textOf(value);
+/** Round values within a range; numbers with texts that are true of them. */
+function rangeTicks(range: Range, language: string): Tick[] {
+  const { low, high, values } = range;
+  const wanted = range.aesthetic.kind === 'color' ? 5 : 3;
+  if (values.kind === 'number') return ticksBetween(low, high, wanted, values.variable.format, language);
+  return roundValues(low, high, wanted).map((value) => ({ value, text: values.textOf(value) }));
+}
+
+function rangeSection(target: Target, range: Range, look: TextLook, language: string): Section {
+  const shown = rangeTicks(range, language).filter(({ value }) => value >= range.low && value <= range.high);
   if (range.aesthetic.kind === 'color') {
-    const share = (value: number) => (value - range.low) / (range.high - range.low || 1);
+    const share = (value: number) =>
+      range.high > range.low ? (value - range.low) / (range.high - range.low) : 0.5;
     return {
       entries: [],
-      ramp: { range, ticks: shown.map((value) => ({ share: share(value), text: text(value) })) },
+      ramp: { range, ticks: shown.map(({ value, text }) => ({ share: share(value), text })) },
     };
   }
   const kind = lookKind(target.element);
   // Where colours show something else, sizes are explained without one.
   const colored = target.element.aesthetics.some((each) => each.kind === 'color' || each.kind === 'styleBy');
   const own = { ...ownLookOf(target.element), ...(colored ? { fill: neutral } : {}) };
-  const entries = shown.map((value): Entry => {
+  const entries = shown.map(({ value, text }): Entry => {
     const varied = range.lookOf(value);
     const size = varied.size ?? own.size;
     return {
       look: { ...own, size, opacity: varied.opacity ?? own.opacity },
       kind,
-      lines: wrap(text(value), widestText, look),
+      lines: wrap(text, widestText, look),
     };
   });
   return { entries, ramp: null };
@@ -149,7 +156,7 @@ function sectionsOf(legend: Legend, scope: LegendScope, look: TextLook): Section
     const range = grouped
       ? null
       : rangesOf(element, scope.chart, scope.data).find((each) => each.aesthetic === aesthetic);
-    if (range) sections.push(rangeSection(target, range, look));
+    if (range) sections.push(rangeSection(target, range, look, scope.chart.language));
     else sections.push({ entries: groupEntries(target, scope, look), ramp: null });
   }
   return named.length > 0 ? [...sections, { entries: named, ramp: null }] : sections;

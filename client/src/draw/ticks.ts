@@ -1,10 +1,10 @@
 /** Ticks of axes: where they stand, what they say, and how their labels find room. */
-import { ticks as linearTicks, utcTicks } from 'd3';
+import { tickIncrement, ticks as roundValues, utcTicks } from 'd3';
 import { pixels } from '../chart/markup.js';
 import type { Format, Ticks } from '../chart/model.js';
-import { dateText, decimalsOf, mergeFormats, numberText } from '../data/format.js';
+import { dateText, decimalsOf, mergeFormats, mostDecimals, numberText, readNumber } from '../data/format.js';
 import type { DrawnScale } from './scales.js';
-import { lineHeight, textWidth, widest, wrap, type TextLook } from './text.js';
+import { lineHeight, shorten, textWidth, widest, wrap, type TextLook } from './text.js';
 
 export interface Tick {
   value: number;
@@ -18,6 +18,32 @@ function steppedTicks(low: number, high: number, step: number, base: number): nu
   const first = Math.ceil((low - base) / step - 1e-9);
   const last = Math.min(first + mostTicks, Math.floor((high - base) / step + 1e-9));
   return Array.from({ length: Math.max(0, last - first + 1) }, (_, at) => base + (first + at) * step);
+}
+
+/** Round values; the bounds alone where they are too close for numbers between them. */
+function linearTicks(low: number, high: number, wanted: number): number[] {
+  const increment = tickIncrement(low, high, wanted);
+  if (low === high || !Number.isFinite(increment) || increment === 0)
+    return low === high ? [low] : [low, high];
+  return roundValues(low, high, wanted);
+}
+
+/** No finer than the decimals that numbers may have, as far as there is such a value at all. */
+function shownTicks(low: number, high: number, wanted: number, format: Format | null): number[] {
+  const values = linearTicks(low, high, wanted);
+  const most = mostDecimals(format);
+  if (most === null || values.length < 2) return values;
+  const finest = 10 ** -most;
+  if (values[1]! - values[0]! >= finest * (1 - 1e-6)) return values;
+  const coarser = steppedTicks(low / finest, high / finest, 1, 0).map((value) => value / 10 ** most);
+  return isScale(coarser, low, high) ? coarser : values;
+}
+
+/** A value alone tells nothing of a scale, unless it is in the middle, as the only one of a column is. */
+function isScale(values: number[], low: number, high: number): boolean {
+  const [first] = values;
+  const middle = (low + high) / 2;
+  return values.length > 1 || (first !== undefined && Math.abs(first - middle) <= (high - low) * 1e-6);
 }
 
 /** Powers of the base; numbers between them where the powers are few. */
@@ -67,16 +93,54 @@ function categoryTicks(scale: DrawnScale): Tick[] {
   return scale.direction.texts.map((text, value) => ({ value, text }));
 }
 
-function numberTicks(values: number[], format: Format | null, language: string): Tick[] {
+function decimalsBetween(values: number[]): number {
   const step = values.length > 1 ? Math.abs(values[1]! - values[0]!) : 0;
   const even = values.every(
     (value, at) => at === 0 || Math.abs(value - values[at - 1]! - step) < step * 1e-6,
   );
-  const decimals = even && step > 0 ? decimalsOf(step) : undefined;
-  return values.map((value) => {
+  if (even && step > 0) return decimalsOf(step, 15);
+  return Math.max(0, ...values.map((value) => decimalsOf(value, 15)));
+}
+
+/** The ticks whose texts are those of their values, each text once. */
+function trueTicks(values: number[], format: Format | null, language: string): Tick[] {
+  const decimals = decimalsBetween(values);
+  const texts = new Set<string>();
+  return values.flatMap((value, at) => {
     const relabelled = format?.relabels.get(String(value));
-    return { value, text: relabelled ?? numberText(value, format, language, decimals) };
+    const text = relabelled ?? numberText(value, format, language, decimals);
+    const near = values[at === 0 ? 1 : at - 1];
+    const tolerance = near === undefined ? Math.abs(value) * 1e-9 : Math.abs(value - near) * 1e-3;
+    const read = Math.abs(readNumber(value, format, decimals) - value) <= tolerance;
+    if (texts.has(text) || !(relabelled !== undefined || read)) return [];
+    texts.add(text);
+    return [{ value, text }];
   });
+}
+
+/** A format whose decimals are too few for any of the values gives way. */
+function numberTicks(
+  values: number[],
+  format: Format | null,
+  language: string,
+  [low, high]: [number, number],
+): Tick[] {
+  const ticks = trueTicks(values, format, language);
+  const shown = ticks.map(({ value }) => value);
+  if (ticks.length === values.length || !format || isScale(shown, low, high)) return ticks;
+  const free = { ...format, maximumFractionDigits: null, minimumFractionDigits: null, pattern: null };
+  return trueTicks(values, free, language);
+}
+
+/** Numbers with true texts between two bounds. */
+export function ticksBetween(
+  low: number,
+  high: number,
+  wanted: number,
+  format: Format | null,
+  language: string,
+): Tick[] {
+  return numberTicks(shownTicks(low, high, wanted, format), format, language, [low, high]);
 }
 
 /** All ticks for `wanted` labels at most; the text of a date is by the chart's pattern. */
@@ -97,8 +161,8 @@ export function ticksOf(scale: DrawnScale, settings: Ticks | null, wanted: numbe
     ? steppedTicks(low, high, delta, base)
     : scale.method === 'log'
       ? logTicks(low, high, scale.base, wanted)
-      : linearTicks(low, high, Math.max(2, wanted));
-  return numberTicks(values, format, language);
+      : shownTicks(low, high, Math.max(2, wanted), format);
+  return numberTicks(values, format, language, [low, high]);
 }
 
 /** Counts are whole: no ticks between them. */
@@ -238,6 +302,16 @@ export function layoutAcross(
   return done(thinned(single, Math.max(frequency, every)), angle, false);
 }
 
+const mostLines = 3;
+
+/** Names may be shortened, numbers never. */
+function inLines(text: string, width: number, look: TextLook): string[] {
+  const lines = wrap(text, width, look);
+  if (lines.length <= mostLines) return lines;
+  const rest = lines.slice(mostLines - 1).join(' ');
+  return [...lines.slice(0, mostLines - 1), shorten(rest, width, look)];
+}
+
 /** Labels beside an upright axis. */
 export function layoutUpright(
   ticks: Tick[],
@@ -249,7 +323,9 @@ export function layoutUpright(
 ): TickLayout {
   const frequency = Math.max(1, Math.round(settings?.frequency ?? 1));
   const height = lineHeight(look);
-  const lines = ticks.map((tick) => wrap(tick.text, mostWidth, look).slice(0, 3));
+  const lines = ticks.map((tick) =>
+    scale.direction.kind === 'category' ? inLines(tick.text, mostWidth, look) : [tick.text],
+  );
   const tallest = Math.max(1, ...lines.map((each) => each.length)) * height;
   const every = everyFor(ticks, scale, length, () => tallest - gapBetweenLabels + 2);
   const angle = settings?.angle ?? 0;

@@ -1,0 +1,67 @@
+import { describe, expect, test } from 'vitest';
+import { chartText, Picture, picture, tableOf, variables, plainAxes } from './chart.js';
+
+const points = '<point id="p"><x variable="whole"/><y variable="b"/></point>';
+const whole = (source: string, id = 'whole') =>
+  `<sourceVariable id="${id}" source="s" sourceName="${source}" label="the ${source}"><format maximumFractionDigits="0"/></sourceVariable>`;
+const along = (a: number[]) => picture({ a, b: a }, points, { rest: whole('a') }).textsOf('x axis');
+
+describe('numbers at ticks', () => {
+  test('are no finer than their decimals', () => {
+    expect(along([1, 2, 3, 4])).toEqual(['1', '2', '3', '4']);
+    expect(along([7, 7, 7])).toEqual(['7']);
+  });
+
+  test('have more decimals where else there would be no scale', () => {
+    const texts = along([7.1, 7.2, 7.3]);
+    expect(texts.length).toBeGreaterThan(1);
+    expect(new Set(texts).size).toBe(texts.length);
+    expect(texts.map(Number)).toContain(7.2);
+  });
+
+  test('stand only where their texts are true, with ticks that the chart asks for', () => {
+    const drawn = picture({ a: [1, 2, 3], b: [1, 2, 3] }, points, {
+      rest: whole('a'),
+      coordinates: '<dimension><axis><majorTicks delta="0.5"/></axis></dimension><dimension/>',
+    });
+    expect(drawn.textsOf('x axis')).toEqual(['1', '2', '3']);
+  });
+
+  test('are no finer than their decimals in a range of colours', () => {
+    const ramp = (w: number[]) =>
+      picture(
+        { a: w, b: w, w },
+        '<point id="p"><x variable="a"/><y variable="b"/><color id="c" variable="whole"/></point>',
+        { rest: `${whole('w')}<legend id="l"><legendTarget target="c"/></legend>` },
+      ).textsOf('Legend');
+    expect(ramp([1, 2, 3])).toEqual(['1', '2', '3']);
+    expect(ramp([7, 7, 7])).toEqual(['7']);
+  });
+
+  test('too small to be told apart by a step are the two bounds', () => {
+    const drawn = picture({ a: [0, 1, 2], b: [0, 4e-320, 9e-320] }, points, { rest: whole('a') });
+    expect(drawn.textsOf('y axis')).toHaveLength(2);
+    expect(drawn.notes).toEqual([]);
+  });
+
+  test('that are huge have exponents, whatever their format says', () => {
+    const body = `<graph>${'<point><x variable="a"/><y variable="whole"/></point>'}<coordinates>${plainAxes}</coordinates></graph>${variables({ a: 1, b: 1 })}${whole('b')}`;
+    const drawn = new Picture(chartText(body), tableOf({ a: [1, 2], b: [0, 1e300] }));
+    const texts = drawn.textsOf('y axis');
+    expect(texts).toContain('1e300');
+    expect(texts).toContain('2e299');
+  });
+
+  test('are never cut where they stand upright', () => {
+    const rest =
+      '<sourceVariable id="whole" source="s" sourceName="b"><format minimumFractionDigits="14" suffix=" of a unit with a long name"/></sourceVariable>';
+    const drawn = picture({ a: [1, 2], b: [0, 1] }, '<point><x variable="a"/><y variable="whole"/></point>', {
+      rest,
+      coordinates: '<dimension/><dimension><axis><majorTicks delta="1"/></axis></dimension>',
+    });
+    expect(drawn.textsOf('y axis')[1]).toBe('1.00000000000000 of a unit with a long name');
+    expect(
+      drawn.svg.querySelectorAll('g[aria-label="the b axis"] tspan, g[aria-label="y axis"] tspan'),
+    ).toHaveLength(0);
+  });
+});
