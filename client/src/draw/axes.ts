@@ -53,7 +53,7 @@ export function layoutAxis(
   const settings = axis.ticks && axis.ticks.angle ? { ...axis.ticks, angle: -axis.ticks.angle } : axis.ticks;
   const layout = upright
     ? layoutUpright(ticks, scale, length, settings, labelLook, mostRoom)
-    : layoutAcross(ticks, scale, length, settings, labelLook, overhang);
+    : layoutAcross(ticks, scale, length, settings, labelLook, mostRoom, overhang);
   const text = axis.label?.style.visible === false ? '' : plainText(axis.label);
   const title = text === '' ? [] : wrap(text, wholeLength, titleLook);
   const labels = axis.ticks?.style.visible === false ? 0 : layout.depth + gapToLabels;
@@ -88,6 +88,15 @@ function strokeAttributes(
 export const lineColor = '#4d4d4d';
 export const frameColor = '#9a9a9a';
 
+const leastBetweenMarks = 4;
+
+/** Ticks that would merge stand only where a label is. */
+function distinctMarks({ ticks, layout, scale }: DrawnAxis, length: number): Tick[] {
+  const places = ticks.map(({ value }) => scale.unit(value) * length).sort((a, b) => a - b);
+  const close = places.some((place, at) => at > 0 && place - places[at - 1]! < leastBetweenMarks);
+  return close ? ticks.filter((_, at) => layout.lines[at]!.length > 0) : ticks;
+}
+
 /** Labels of one axis beside one panel whose corner is at 0, 0. */
 export function drawTicks(
   drawn: DrawnAxis,
@@ -112,7 +121,7 @@ export function drawTicks(
     );
   }
   const size = tickLength(axis.ticks);
-  const marks = axis.ticks?.markStyle.visible === false || !axis.ticks ? [] : ticks;
+  const marks = axis.ticks?.markStyle.visible === false || !axis.ticks ? [] : distinctMarks(drawn, length);
   if (marks.length > 0 && size > 0) {
     const d = marks.map(({ value }) => {
       const place = Math.round(at(value) * 100) / 100;

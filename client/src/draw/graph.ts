@@ -217,11 +217,13 @@ function roomsOf(
 ): Layout['rooms'] {
   const room = (place: AxisPlace) => axisRoom(axes, place);
   const sideways = axes.filter((axis) => !isUpright(axis.place));
-  const beyond = sideways.map((axis) => reachBeyond(axis.layout, axis.scale, width, axis.labelLook));
-  const overhang = Math.max(edgeRoom, ...beyond.map((reach) => reach + 4));
+  const beyond = sideways.map((axis) =>
+    reachBeyond(axis.layout, axis.scale, width, axis.place === 'bottom', axis.labelLook),
+  );
+  const overhang = (side: 'left' | 'right') => Math.max(edgeRoom, ...beyond.map((reach) => reach[side] + 4));
   return {
-    left: Math.max(room('left') + headers.left.room, edgeRoom) + 2,
-    right: Math.max(room('right') + headers.right.room, overhang, named),
+    left: Math.max(room('left') + headers.left.room, overhang('left')) + 2,
+    right: Math.max(room('right') + headers.right.room, overhang('right'), named),
     top: Math.max(room('top') + headers.top.room, edgeRoom),
     bottom: Math.max(room('bottom') + headers.bottom.room, edgeRoom),
   };

@@ -253,13 +253,37 @@ export function fitsAcross(ticks: Tick[], scale: DrawnScale, length: number, loo
   return everyFor(ticks, scale, length, (text) => textWidth(text, look)) <= 1;
 }
 
-/** How far labels reach beyond the end of their axis. */
-export function reachBeyond(layout: TickLayout, scale: DrawnScale, length: number, look: TextLook): number {
-  if (layout.angle !== 0) return 0;
-  const ends = layout.lines.map(
-    (each, at) => scale.unit(layout.ticks[at]!.value) * length + widest(each, look) / 2,
-  );
-  return Math.max(0, ...ends.map((end) => end - length));
+/** How far a label reaches to the left and right of its tick, below or above its axis. */
+function reachOf(lines: string[], angle: number, below: boolean, look: TextLook) {
+  const width = widest(lines, look);
+  if (width === 0) return { left: 0, right: 0 };
+  if (angle === 0) return { left: width / 2, right: width / 2 };
+  const radians = (Math.abs(angle) * Math.PI) / 180;
+  const along = Math.cos(radians) * width;
+  const across = (Math.sin(radians) * lineHeight(look)) / 2;
+  // Turned labels end at their ticks, or begin there.
+  const ends = angle < 0 === below;
+  const [left, right] = ends ? [along, -along] : [-along, along];
+  return { left: Math.max(0, left) + across, right: Math.max(0, right) + across };
+}
+
+/** How far labels reach beyond both ends of their axis. */
+export function reachBeyond(
+  layout: TickLayout,
+  scale: DrawnScale,
+  length: number,
+  below: boolean,
+  look: TextLook,
+): { left: number; right: number } {
+  const most = { left: 0, right: 0 };
+  layout.lines.forEach((lines, at) => {
+    if (lines.length === 0) return;
+    const place = scale.unit(layout.ticks[at]!.value) * length;
+    const { left, right } = reachOf(lines, layout.angle, below, look);
+    most.left = Math.max(most.left, left - place);
+    most.right = Math.max(most.right, place + right - length);
+  });
+  return most;
 }
 
 /** Labels along the bottom or top: side by side, in lines, turned, or fewer of them, whichever comes first. */
@@ -269,6 +293,7 @@ export function layoutAcross(
   length: number,
   settings: Ticks | null,
   look: TextLook,
+  mostWidth: number,
   overhang = Infinity,
 ): TickLayout {
   const frequency = Math.max(1, Math.round(settings?.frequency ?? 1));
@@ -276,7 +301,10 @@ export function layoutAcross(
     ticks.map((tick) => [tick.text]),
     frequency,
   );
-  const done = (lines: string[][], angle: number, stagger: boolean): TickLayout => {
+  const done = (texts: string[][], angle: number, stagger: boolean): TickLayout => {
+    // Turned names leave most of the page to the data.
+    const shortened = angle !== 0 && scale.direction.kind === 'category';
+    const lines = shortened ? texts.map((each) => each.map((text) => shorten(text, mostWidth, look))) : texts;
     const layout = { ticks, lines, angle, stagger, depth: depthOf(lines, angle, look, stagger) };
     return withinPanel(layout, scale, length, look, overhang);
   };

@@ -65,3 +65,41 @@ describe('numbers at ticks', () => {
     ).toHaveLength(0);
   });
 });
+
+describe('labels of categories', () => {
+  const bars = (texts: string[]) =>
+    picture(
+      { k: texts.map((_, at) => at + 1) },
+      '<interval><x variable="k"/><summaryStatistic method="10"/></interval>',
+      {
+        categorical: { k: texts },
+        coordinates: '<dimension><axis><majorTicks/></axis></dimension><dimension/>',
+      },
+    );
+
+  test('have room at the left of their axis when they are turned', () => {
+    const drawn = bars(Array.from({ length: 20 }, (_, at) => `Category number ${at + 1}`));
+    const group = drawn.svg.querySelector('g[aria-label="x axis"]')!;
+    const first = group.querySelector('text')!.getAttribute('transform')!;
+    expect(first).toContain('rotate(-45)');
+    let place = Number(/translate\(([\d.-]+)/.exec(first)![1]);
+    for (let node = group.parentNode as Element; node.getAttribute; node = node.parentNode as Element) {
+      place += Number(/translate\(([\d.-]+)/.exec(node.getAttribute('transform') ?? '')?.[1] ?? 0);
+      if (node.localName === 'svg') break;
+    }
+    // "Category number 1" is about 90 pixels wide.
+    expect(place).toBeGreaterThan(90 * Math.SQRT1_2);
+  });
+
+  test('are thinned with their ticks where these would merge', () => {
+    const marks = (count: number) => {
+      const drawn = bars(Array.from({ length: count }, (_, at) => `${at}`));
+      const d = drawn.svg.querySelector('g[aria-label="x axis"] path[d*=" v"]')!.getAttribute('d')!;
+      return { marks: d.split('M').length - 1, labels: drawn.textsOf('x axis').length };
+    };
+    const many = marks(1000);
+    expect(many.labels).toBeGreaterThan(10);
+    expect(many.marks).toBe(many.labels);
+    expect(marks(40).marks).toBe(40);
+  });
+});
