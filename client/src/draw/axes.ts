@@ -44,7 +44,7 @@ export function layoutAxis(
   length: number,
   wholeLength: number,
   mostRoom: number,
-  overhang = Infinity,
+  gap = Infinity,
 ): DrawnAxis {
   const labelLook = labelLookOf(axis);
   const titleLook = { ...textLook(axis.label?.style ?? {}, ownTexts.axisLabel), align: 'middle' as const };
@@ -53,7 +53,7 @@ export function layoutAxis(
   const settings = axis.ticks && axis.ticks.angle ? { ...axis.ticks, angle: -axis.ticks.angle } : axis.ticks;
   const layout = upright
     ? layoutUpright(ticks, scale, length, settings, labelLook, mostRoom)
-    : layoutAcross(ticks, scale, length, settings, labelLook, mostRoom, overhang);
+    : layoutAcross(ticks, scale, length, settings, labelLook, mostRoom, gap);
   const text = axis.label?.style.visible === false ? '' : plainText(axis.label);
   const title = text === '' ? [] : wrap(text, wholeLength, titleLook);
   const labels = axis.ticks?.style.visible === false ? 0 : layout.depth + gapToLabels;
@@ -144,16 +144,7 @@ export function drawTicks(
     group.append(
       upright
         ? uprightLabel(lines, from, where, outward, layout.angle, labelLook, maker)
-        : acrossLabel(
-            lines,
-            where + (layout.shifts?.[index] ?? 0),
-            from,
-            outward,
-            layout,
-            index,
-            labelLook,
-            maker,
-          ),
+        : acrossLabel(lines, where, from, outward, layout, index, labelLook, maker),
     );
   });
   return group;

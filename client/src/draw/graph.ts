@@ -148,7 +148,7 @@ function axesOf(
   if (compiled.orientation.polar) return [];
   const { transposed } = compiled.orientation;
   const several = countsOf(compiled.grid).columns > 1;
-  const overhang = several && gapX > 2 ? Math.max(0, gapX / 2 - 2) : Infinity;
+  const gap = several && gapX > 2 ? gapX : Infinity;
   return (['x', 'y'] as const).flatMap((name) =>
     (compiled[name].dimension?.axes ?? []).map((axis): DrawnAxis => {
       const place = placeOfAxis(axis, name, transposed);
@@ -157,7 +157,7 @@ function axesOf(
       const scale = axis.derived ? derivedScale(compiled, scales[name]) : scales[name];
       const ticks = axis.ticks ? ticksFor(compiled, axis, scale, length, upright) : [];
       const across = upright ? whole.height : whole.width;
-      const drawn = layoutAxis(axis, scale, place, ticks, length, across, whole.width * 0.3, overhang);
+      const drawn = layoutAxis(axis, scale, place, ticks, length, across, whole.width * 0.3, gap);
       return !upright && several && gapX <= 2 ? { ...drawn, hidden: touchesNext } : drawn;
     }),
   );

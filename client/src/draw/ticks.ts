@@ -179,8 +179,6 @@ export interface TickLayout {
   angle: number;
   /** Every second label stands a line lower. */
   stagger: boolean;
-  /** How far each label stands beside its tick, in pixels. */
-  shifts?: number[];
   /** The room across the axis that the labels take, in pixels. */
   depth: number;
 }
@@ -223,29 +221,33 @@ function everyFor(ticks: Tick[], scale: DrawnScale, length: number, need: (text:
   return every;
 }
 
-/** Labels that would reach into the next panel are left out, as long as two stay; else they move inwards. */
+/**
+ * Leaves out the labels that reach farthest, until those of neighbouring panels have room beside each other. They
+ * never leave their ticks.
+ */
 function withinPanel(
   layout: TickLayout,
   scale: DrawnScale,
   length: number,
   look: TextLook,
-  overhang: number,
+  gap: number,
 ): TickLayout {
-  if (!Number.isFinite(overhang) || layout.angle !== 0) return layout;
+  if (!Number.isFinite(gap) || layout.angle !== 0) return layout;
   const reaches = layout.lines.map((each, at) => {
     const place = scale.unit(layout.ticks[at]!.value) * length;
     const half = widest(each, look) / 2;
-    return { left: Math.max(0, half - place), right: Math.max(0, place + half - length) };
+    return { at, left: half - place, right: place + half - length };
   });
-  const most = (side: 'left' | 'right') => Math.max(0, ...reaches.map((reach) => reach[side]));
-  // The last label of a panel may take all of the gap where the first one of the next takes nothing of it.
-  if (most('left') + most('right') <= 2 * overhang) return layout;
-  const beyond = reaches.map(
-    ({ left, right }) => Math.max(0, left - overhang) - Math.max(0, right - overhang),
-  );
-  const lines = layout.lines.map((each, at) => (beyond[at] === 0 ? each : []));
-  if (lines.filter((each) => each.length > 0).length >= 2) return { ...layout, lines };
-  return { ...layout, shifts: beyond };
+  let shown = reaches.filter(({ at }) => layout.lines[at]!.length > 0);
+  while (shown.length > 1) {
+    const left = shown.reduce((most, each) => (each.left > most.left ? each : most));
+    const right = shown.reduce((most, each) => (each.right > most.right ? each : most));
+    if (left.left + right.right + gapBetweenLabels <= gap) break;
+    const out = left.left > right.right ? left : right;
+    shown = shown.filter((each) => each !== out);
+  }
+  const kept = new Set(shown.map(({ at }) => at));
+  return { ...layout, lines: layout.lines.map((each, at) => (kept.has(at) ? each : [])) };
 }
 
 /** Whether all labels have room side by side. */
@@ -294,7 +296,7 @@ export function layoutAcross(
   settings: Ticks | null,
   look: TextLook,
   mostWidth: number,
-  overhang = Infinity,
+  gap = Infinity,
 ): TickLayout {
   const frequency = Math.max(1, Math.round(settings?.frequency ?? 1));
   const single = thinned(
@@ -306,7 +308,7 @@ export function layoutAcross(
     const shortened = angle !== 0 && scale.direction.kind === 'category';
     const lines = shortened ? texts.map((each) => each.map((text) => shorten(text, mostWidth, look))) : texts;
     const layout = { ticks, lines, angle, stagger, depth: depthOf(lines, angle, look, stagger) };
-    return withinPanel(layout, scale, length, look, overhang);
+    return withinPanel(layout, scale, length, look, gap);
   };
   const stagger = settings?.stagger ?? false;
   const height = lineHeight(look);

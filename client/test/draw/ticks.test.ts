@@ -103,3 +103,23 @@ describe('labels of categories', () => {
     expect(marks(40).marks).toBe(40);
   });
 });
+
+test('labels of neighbouring panels stand at their ticks, 8 pixels apart', () => {
+  const drawn = picture(
+    { a: [0, 60, 0, 60, 0, 60, 0, 60], b: [1, 2, 3, 4, 5, 6, 7, 8], k: [1, 1, 2, 2, 3, 3, 4, 4] },
+    '<point><x variable="a"/><y variable="b"/></point><faceting><cross><variableReference ref="k"/></cross></faceting><facetLayout><facetLevel level="1" gap="4px"/></facetLayout>',
+    {
+      categorical: { k: ['one', 'two', 'three', 'four'] },
+      coordinates:
+        '<dimension domain="d"><axis><majorTicks delta="60"><format suffix=" miles"/></majorTicks></axis></dimension><dimension/>',
+      rest: '<intervalDomain id="d"><range min="0" max="60" exact="true"/></intervalDomain>',
+    },
+  );
+  const group = drawn.svg.querySelector('g[aria-label="x axis"]')!;
+  const texts = Array.from(group.querySelectorAll('text'));
+  const marks = group.querySelector('path[d*=" v"]')!.getAttribute('d')!;
+  const places = marks.match(/M([\d.]+)/g)!.map((each) => Number(each.slice(1)));
+  expect(texts).toHaveLength(1);
+  const x = Number(texts[0]!.getAttribute('x'));
+  expect(Math.min(...places.map((place) => Math.abs(place - x)))).toBeLessThan(0.1);
+});
