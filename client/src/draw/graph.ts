@@ -15,7 +15,14 @@ import { none, readableShade, safeColor } from './colors.js';
 import { compile, type Scope } from './compile.js';
 import { directionOf, type Direction } from './directions.js';
 import { guidesOf, type DrawnGuide } from './guides.js';
-import { drawColumnHeaders, drawRowHeaders, headersOf, type Headers } from './headers.js';
+import {
+  drawColumnHeaders,
+  drawRowHeaders,
+  fitHeaders,
+  headerNotes,
+  headersOf,
+  type Headers,
+} from './headers.js';
 import type { Layer } from './layers.js';
 import { ownTexts } from './looks.js';
 import { isReflected, orientationOf, type Orientation } from './orientation.js';
@@ -231,7 +238,7 @@ function roomsOf(
 
 function layoutOf(compiled: CompiledGraph, whole: Rectangle, named: number): Layout {
   const { grid, graph } = compiled;
-  const headers: Layout['headers'] = {
+  let headers: Layout['headers'] = {
     top: headersOf(grid, 'columns', graph, false),
     bottom: headersOf(grid, 'columns', graph, true),
     left: headersOf(grid, 'rows', graph, true),
@@ -245,8 +252,13 @@ function layoutOf(compiled: CompiledGraph, whole: Rectangle, named: number): Lay
     const size = panelSize(compiled, whole, rooms);
     scales = sameRatio(compiled, size.width, size.height);
     axes = axesOf(compiled, scales, size, whole);
+    const across = (each: Headers) => fitHeaders(each, size.width, size.gapX, whole.height * 0.25);
+    const upright = (each: Headers) => fitHeaders(each, size.height, size.gapY, whole.width * 0.2);
+    const { top, bottom, left, right } = headers;
+    headers = { top: across(top), bottom: across(bottom), left: upright(left), right: upright(right) };
     rooms = roomsOf(axes, headers, named, size.width);
   }
+  compiled.notes.push(...headerNotes(Object.values(headers)));
   const { width, height, gapX, gapY } = panelSize(compiled, whole, rooms);
   const counts = countsOf(compiled.grid);
   const taken = (size: number, gap: number, count: number) => size * count + gap * (count - 1);

@@ -4,14 +4,18 @@ import type { Graph, PanelLevel } from '../chart/model.js';
 import { ownTexts } from './looks.js';
 import type { PanelGrid, PanelSide } from './panels.js';
 import type { Maker } from './svg.js';
-import { lineHeight, shorten, textLook, type TextLook } from './text.js';
+import { lineHeight, shorten, textLook, textWidth, widest, wrap, type TextLook } from './text.js';
 
 interface HeaderLine {
   look: TextLook;
   /** A title has a rule below it, over all that it is the title of. */
   ruled: boolean;
   /** Texts over so many neighbouring strips each. */
-  spans: { from: number; to: number; text: string }[];
+  spans: { from: number; to: number; text: string; lines?: string[] }[];
+  /** Its texts run across the panels' side, where they have no room along it. */
+  turned?: boolean;
+  /** What its texts take, in pixels; by default a line of text. */
+  depth?: number;
 }
 
 export interface Headers {
@@ -23,7 +27,8 @@ export interface Headers {
 const gapToPanels = 5;
 const ruleRoom = 5;
 
-const heightOf = (line: HeaderLine) => lineHeight(line.look) + (line.ruled ? ruleRoom : 0);
+const depthOf = (line: HeaderLine) => line.depth ?? lineHeight(line.look);
+const heightOf = (line: HeaderLine) => depthOf(line) + (line.ruled ? ruleRoom : 0);
 
 function titleLine(level: PanelLevel | undefined, count: number): HeaderLine[] {
   const text = plainText(level?.axis?.label ?? null);
@@ -95,6 +100,47 @@ export function headersOf(grid: PanelGrid, name: 'columns' | 'rows', graph: Grap
   return { lines, room: lines.length > 0 ? room + gapToPanels : 0 };
 }
 
+const mostLines = 3;
+const gapBetweenTexts = 8;
+
+function fitLine(line: HeaderLine, length: number, gap: number, mostAcross: number): HeaderLine {
+  const { look, spans } = line;
+  const spare = spans.length > 1 ? Math.max(0, gapBetweenTexts - gap) : 0;
+  const rooms = spans.map(({ from, to }) => (to - from) * (length + gap) - gap - spare);
+  const wrapped = spans.map(({ text }, at) => wrap(text, Math.max(1, rooms[at]!), look));
+  const whole = spans.every(({ text }, at) =>
+    text.split(/\s+/).every((word) => textWidth(word, look) <= rooms[at]!),
+  );
+  const fits = whole && wrapped.every((lines) => lines.length <= mostLines);
+  const turned = !fits && spans.length > 1 && rooms.every((room) => room >= look.size);
+  const lines = spans.map(({ text }, at) =>
+    fits ? wrapped[at]! : [shorten(text, turned ? mostAcross : Math.max(1, rooms[at]!), look)],
+  );
+  const most = Math.max(1, ...lines.map((each) => each.length));
+  return {
+    ...line,
+    turned,
+    depth: turned ? widest(lines.flat(), look) : most * lineHeight(look),
+    spans: spans.map((span, at) => ({ ...span, lines: lines[at]! })),
+  };
+}
+
+/** Texts of panels that long, with gaps between them, wrapped or turned; shortened only where that is not enough. */
+export function fitHeaders(headers: Headers, length: number, gap: number, mostAcross: number): Headers {
+  const lines = headers.lines.map((line) => fitLine(line, length, gap, mostAcross));
+  const room = lines.reduce((sum, line) => sum + heightOf(line), 0);
+  return { lines, room: lines.length > 0 ? room + gapToPanels : 0 };
+}
+
+/** Says that texts are shortened, if they are. */
+export function headerNotes(headers: Headers[]): string[] {
+  const spans = headers.flatMap(({ lines }) => lines.flatMap((line) => line.spans));
+  const shortened = spans.some(
+    ({ text, lines }) => lines?.length === 1 && lines[0] !== text && lines[0]!.endsWith('\u2026'),
+  );
+  return shortened ? ['Labels of panels that have no room are shortened.'] : [];
+}
+
 /** Over the columns, whose places are given, or `below` them; `edge` is where their room is next to the panels. */
 export function drawColumnHeaders(
   headers: Headers,
@@ -109,11 +155,17 @@ export function drawColumnHeaders(
   for (const line of below ? [...headers.lines].reverse() : headers.lines) {
     const { look, spans, ruled } = line;
     const first = y + look.size * 0.95 + (below && ruled ? ruleRoom : 0);
-    const rule = below ? y + 1 : y + lineHeight(look) + 1;
-    for (const { from, to, text } of spans) {
+    const rule = below ? y + 1 : y + depthOf(line) + 1;
+    for (const { from, to, text, lines = [text] } of spans) {
       const left = starts[from]!;
       const right = starts[to - 1]! + width;
-      group.append(maker.text([shorten(text, right - left, look)], (left + right) / 2, first, look));
+      const middle = (left + right) / 2;
+      const up = `translate(${Math.round(middle + look.size * 0.35)},${Math.round(y + depthOf(line) / 2)}) rotate(-90)`;
+      group.append(
+        line.turned
+          ? maker.text(lines, 0, 0, look, { transform: up })
+          : maker.text(lines, middle, first, look),
+      );
       if (!ruled) continue;
       const d = `M${left.toFixed(2)},${rule} H${right.toFixed(2)}`;
       group.append(
@@ -146,11 +198,16 @@ export function drawRowHeaders(
   // The category stands next to its panels, the title outside.
   for (const line of [...headers.lines].reverse()) {
     const { look, spans } = line;
-    for (const { from, to, text } of spans) {
-      const top = starts[from]!;
-      const bottom = starts[to - 1]! + height;
-      const transform = `translate(${Math.round(across + outward * look.size * 0.3)},${Math.round((top + bottom) / 2)}) rotate(${outward * 90})`;
-      group.append(maker.text([shorten(text, bottom - top, look)], 0, 0, look, { transform }));
+    for (const { from, to, text, lines = [text] } of spans) {
+      const middle = (starts[from]! + starts[to - 1]! + height) / 2;
+      if (line.turned) {
+        const align = left ? ('end' as const) : ('start' as const);
+        group.append(maker.text(lines, across, middle + look.size * 0.35, { ...look, align }));
+        continue;
+      }
+      const first = look.size * 0.3 + (lines.length - 1) * lineHeight(look);
+      const transform = `translate(${Math.round(across + outward * first)},${Math.round(middle)}) rotate(${outward * 90})`;
+      group.append(maker.text(lines, 0, 0, look, { transform }));
     }
     across += outward * heightOf(line);
   }

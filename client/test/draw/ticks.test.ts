@@ -123,3 +123,29 @@ test('labels of neighbouring panels stand at their ticks, 8 pixels apart', () =>
   const x = Number(texts[0]!.getAttribute('x'));
   expect(Math.min(...places.map((place) => Math.abs(place - x)))).toBeLessThan(0.1);
 });
+
+describe('labels of panels', () => {
+  const panels = (texts: string[]) =>
+    picture(
+      { a: texts.map(() => 1), b: texts.map(() => 1), k: texts.map((_, at) => at + 1) },
+      '<point><x variable="a"/><y variable="b"/></point><faceting><cross><variableReference ref="k"/></cross></faceting>',
+      { categorical: { k: texts } },
+    );
+  const group = (drawn: Picture) => drawn.svg.querySelector('g[aria-label="Columns of panels"]')!;
+
+  test('are wrapped, or turned, before they are shortened', () => {
+    const names = Array.from({ length: 8 }, (_, at) => `Group number ${at + 1}`);
+    const wrapped = group(panels(names));
+    expect(wrapped.querySelectorAll('tspan').length).toBeGreaterThan(8);
+    expect(wrapped.textContent).not.toContain('\u2026');
+    const turned = panels(names.map((name) => name.replace(/ /g, '_')));
+    expect(turned.textsOf('Columns of panels')[0]).toBe('Group_number_1');
+    expect(group(turned).querySelector('text')!.getAttribute('transform')).toContain('rotate(-90)');
+    expect(turned.notes).toEqual([]);
+  });
+
+  test('are noted where they are shortened', () => {
+    const drawn = panels(Array.from({ length: 8 }, (_, at) => `${at}_${'long'.repeat(30)}`));
+    expect(drawn.notes.join()).toContain('shortened');
+  });
+});
