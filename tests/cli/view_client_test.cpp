@@ -60,11 +60,12 @@ TEST_F(View, NamesThePageAfterTheFileWithoutTrustingTheName) {
   EXPECT_THAT(read("chart.html"), HasSubstr("<title>&lt;b>&amp;amp.kcap</title>"));
 }
 
-TEST_F(View, TakesACutCaptureForThePageShowsWhatIsWrong) {
+TEST_F(View, WritesThePageOfACutCaptureAndSaysWhatIsWrong) {
   makeCapture();
   write("cut.kcap", read("out/capture.kcap").substr(0, 100));
   Outcome const outcome = kestrel({"view", "cut.kcap", "-o", "chart.html"});
-  EXPECT_EQ(outcome.exit, 0) << outcome.err;
+  EXPECT_EQ(outcome.exit, 2);
+  EXPECT_THAT(outcome.err, HasSubstr("kestrel: cut.kcap: at byte "));
   EXPECT_TRUE(exists("chart.html"));
 }
 

@@ -415,7 +415,8 @@ int run(int count, char const* const* arguments) {
   } catch (CLI::ParseError const& end) {
     return finish(program, end);
   }
-  if (side.run() || client.run()) return code(Exit::Success);
+  if (side.run()) return code(Exit::Success);
+  if (auto const end = client.run()) return code(*end);
   if (program.got_subcommand("gallery")) {
     runGallery(galleryRequest);
     return code(Exit::Success);

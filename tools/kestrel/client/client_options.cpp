@@ -100,17 +100,18 @@ void ClientCommands::addTo(CLI::App& program) {
   mRequests->serveCommand = addServe(program, mRequests->serve);
 }
 
-bool ClientCommands::run() const {
+std::optional<Exit> ClientCommands::run() const {
+  bool isSound = true;
   if (mRequests->viewCommand->parsed()) {
-    runView(mRequests->view);
+    isSound = runView(mRequests->view);
   } else if (mRequests->renderCommand->parsed()) {
-    runRender(mRequests->render);
+    isSound = runRender(mRequests->render);
   } else if (mRequests->serveCommand->parsed()) {
     runServe(mRequests->serve);
   } else {
-    return false;
+    return std::nullopt;
   }
-  return true;
+  return isSound ? Exit::Success : Exit::BadCapture;
 }
 
 }  // namespace kestrel::tool

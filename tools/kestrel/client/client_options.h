@@ -1,6 +1,9 @@
 #pragma once
 
+#include "problem.h"
+
 #include <memory>
+#include <optional>
 
 namespace CLI {
 class App;
@@ -20,8 +23,8 @@ class ClientCommands {
   void addTo(CLI::App& program);
 
   /// Runs the one that the command line names.
-  /// @return false where it names none of them
-  bool run() const;
+  /// @return how it has ended, or nothing where it names none of them
+  std::optional<Exit> run() const;
 
  private:
   struct Requests;

@@ -2,6 +2,8 @@
 
 #include "child_process.h"
 #include "files.h"
+#include "inspect/inspect_command.h"
+#include "inspect/inspection.h"
 #include "problem.h"
 #include "shipped_client.h"
 #include "view_command.h"
@@ -95,11 +97,12 @@ void paintPng(fs::path const& svg, double zoom, fs::path const& png) {
 
 }  // namespace
 
-void runRender(RenderRequest const& request) {
+bool runRender(RenderRequest const& request) {
   std::string const ending = fs::path(request.output).extension().string();
   if (ending != ".svg" && ending != ".png")
     throw badInput(request.output, "has to end with .svg or .png, which says what is written");
-  readCaptureFile(request.capture);
+  std::string const capture = readCaptureFile(request.capture);
+  Inspection const inspection(capture);
   PassingFolder const folder;
   fs::path picture = folder.path() / "chart.svg";
   drawSvg(request, picture);
@@ -110,7 +113,9 @@ void runRender(RenderRequest const& request) {
   }
   std::string const bytes = readFile(picture.string());
   writeFile(request.output, bytes);
+  tellFaults(request.capture, inspection.faults());
   print(printable(request.output) + ": " + counted(bytes.size(), "byte") + "\n");
+  return inspection.faults().empty();
 }
 
 }  // namespace kestrel::tool

@@ -17,6 +17,7 @@ struct RenderRequest {
 
 /// Draws a chart of a capture. Says on standard error what the picture leaves out. Throws a Problem where the
 /// capture cannot be read, has no such chart, or the picture cannot be made.
-void runRender(RenderRequest const& request);
+/// @return false where something is wrong with the capture, which standard error has then been told
+bool runRender(RenderRequest const& request);
 
 }  // namespace kestrel::tool

@@ -3,6 +3,8 @@
 #include "base64.h"
 #include "files.h"
 #include "inspect/capture_reader.h"
+#include "inspect/inspect_command.h"
+#include "inspect/inspection.h"
 #include "listen/chart_summary.h"
 #include "problem.h"
 #include "shipped_client.h"
@@ -52,7 +54,7 @@ std::string readCaptureFile(std::string const& path) {
   return bytes;
 }
 
-void runView(ViewRequest const& request) {
+bool runView(ViewRequest const& request) {
   std::string const capture = readCaptureFile(request.capture);
   if (capture.size() > longestCapture)
     throw badInput(request.capture, "is too long for a page, which holds up to " +
@@ -63,8 +65,11 @@ void runView(ViewRequest const& request) {
   fill(page, titlePlace, asMarkup(findBadUtf8(name) == std::string::npos ? name : "Chart"));
   fill(page, capturePlace, base64(capture));
   writeFile(request.output, page);
-  print(printable(request.output) + ": " + summaryOf(Inspection(capture), capture.size()) + ", a page of " +
+  Inspection const inspection(capture);
+  tellFaults(request.capture, inspection.faults());
+  print(printable(request.output) + ": " + summaryOf(inspection, capture.size()) + ", a page of " +
         counted(page.size(), "byte") + "\n");
+  return inspection.faults().empty();
 }
 
 }  // namespace kestrel::tool
