@@ -4,11 +4,16 @@
 
 #include <gmock/gmock.h>
 #include <httplib.h>
+#include <netinet/in.h>
 #include <nlohmann/json.hpp>
+#include <sys/socket.h>
+#include <unistd.h>
 
 #include <chrono>
 #include <csignal>
+#include <cstdint>
 #include <functional>
+#include <list>
 #include <memory>
 #include <string>
 #include <thread>
@@ -34,6 +39,36 @@ std::string fullChunkOfText() {
   std::string const head("\x33\x01\0\0\0\0\0\0\xCC\x84\0\0\0\0\0\0\x01\0\0\0\xC0\x84\0\0", 24);
   return head + std::string(0x84C0 + 4, '\0');
 }
+
+/// A connection over which nothing is said but what it is told.
+class Caller {
+ public:
+  explicit Caller(int port) : mSocket(::socket(AF_INET, SOCK_STREAM, 0)) {
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_port = htons(static_cast<std::uint16_t>(port));
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    ::connect(mSocket, reinterpret_cast<sockaddr const*>(&address), sizeof address);
+    timeval const patience{10, 0};
+    ::setsockopt(mSocket, SOL_SOCKET, SO_RCVTIMEO, &patience, sizeof patience);
+  }
+  ~Caller() { ::close(mSocket); }
+  Caller(Caller const&) = delete;
+  Caller& operator=(Caller const&) = delete;
+
+  void say(std::string const& text) const { ::send(mSocket, text.data(), text.size(), MSG_NOSIGNAL); }
+
+  /// The first bytes of what comes, or as many of them as do.
+  std::string hear(std::size_t count) const {
+    std::string text(count, '\0');
+    ssize_t const got = ::recv(mSocket, text.data(), count, MSG_WAITALL);
+    text.resize(got > 0 ? static_cast<std::size_t>(got) : 0);
+    return text;
+  }
+
+ private:
+  int mSocket;
+};
 
 class Serve : public Listen {
  protected:
@@ -187,6 +222,35 @@ TEST_F(Serve, EndsCleanlyWhileAPageWaits) {
   reader.join();
   EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(10));
   EXPECT_FALSE(exists("s"));
+}
+
+TEST_F(Serve, ClosesWhatItHasAnswered) {
+  start({"unix:s"});
+  EXPECT_EQ(get("/").get_header_value("Connection"), "close");
+  EXPECT_EQ(get("/nothing").get_header_value("Connection"), "close");
+}
+
+TEST_F(Serve, AnswersWhileManyConnectionsAreOpen) {
+  start({"unix:s"});
+  std::list<Caller> idle;
+  std::list<Caller> slow;
+  std::list<Caller> readers;
+  for (int i = 0; i < 60; ++i)
+    readers.emplace_back(port).say("GET /events HTTP/1.1\r\nHost: 127.0.0.1\r\n\r\n");
+  for (int i = 0; i < 100; ++i) idle.emplace_back(port);
+  for (int i = 0; i < 50; ++i) slow.emplace_back(port).say("GET / HTTP/1.1\r\nX-Sl");
+  auto const begin = std::chrono::steady_clock::now();
+  EXPECT_EQ(get("/").status, 200);
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(5));
+  int streams = 0;
+  int refused = 0;
+  for (Caller const& reader : readers) {
+    std::string const status = reader.hear(12);
+    if (status == "HTTP/1.1 200") ++streams;
+    if (status == "HTTP/1.1 503") ++refused;
+  }
+  EXPECT_EQ(streams, 24);
+  EXPECT_EQ(refused, 36);
 }
 
 TEST_F(Serve, MakesASocketWhereNoneIsNamed) {

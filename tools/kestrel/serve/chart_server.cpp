@@ -4,6 +4,7 @@
 #include "files.h"
 #include "host_names.h"
 #include "problem.h"
+#include "workers.h"
 
 #include <httplib.h>
 #include <nlohmann/json.hpp>
@@ -21,16 +22,18 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// Each stream of events holds a thread; the others are for pages and charts.
-constexpr std::size_t threads = 32;
+/// Each connection holds a thread. Those without a stream of events are for pages and charts, and are so many
+/// that connections which ask for nothing, or slowly, leave some free.
+constexpr std::size_t mostThreads = 512;
 constexpr int mostStreams = 24;
 
 /// So often a stream shows that it is there, and notices that its reader is not.
 constexpr auto heartbeat = 5s;
 
-constexpr auto readPatience = 5s;
-constexpr auto writePatience = 30s;
-constexpr std::time_t keepAliveSeconds = 2;
+constexpr auto readPatience = 2s;
+constexpr auto writePatience = 10s;
+/// So long a connection may be open before it asks for something.
+constexpr std::time_t silenceSeconds = 1;
 constexpr std::size_t longestBody = 1024;
 
 constexpr int badRequest = 400;
@@ -100,7 +103,7 @@ class EventStream {
 class ChartServer::Service {
  public:
   Service(ChartShelf& shelf, std::string host, int port) : mShelf(&shelf), mHost(std::move(host)) {
-    mServer.new_task_queue = [] { return new httplib::ThreadPool(threads); };
+    mServer.new_task_queue = [] { return new Workers(mostThreads); };
     limit();
     guard();
     route();
@@ -128,7 +131,9 @@ class ChartServer::Service {
   void limit() {
     mServer.set_read_timeout(readPatience);
     mServer.set_write_timeout(writePatience);
-    mServer.set_keep_alive_timeout(keepAliveSeconds);
+    mServer.set_keep_alive_timeout(silenceSeconds);
+    // A connection that has been answered holds no thread.
+    mServer.set_keep_alive_max_count(1);
     mServer.set_payload_max_length(longestBody);
     // As usual but for a port that another server has: it would get half of the requests.
     mServer.set_socket_options([](auto socket) {
