@@ -151,6 +151,13 @@ TEST_F(Serve, ShowsCapturesThatAreNamed) {
   EXPECT_EQ(get("/charts/2.kcap").status, 404);
 }
 
+TEST_F(Serve, CallsAChartByOneNameOnly) {
+  capture();
+  start({"out/capture.kcap", "unix:s"});
+  for (std::string const name : {"01", "0", "+1", "1.0"})
+    EXPECT_EQ(get("/charts/" + name + ".kcap").status, 404) << name;
+}
+
 TEST_F(Serve, TellsOfChartsAsTheyCome) {
   start({"unix:s"});
   Told told;

@@ -176,7 +176,7 @@ class ChartServer::Service {
       });
     }
     mServer.Get("/events", [this](Request const&, Response& response) { streamEvents(response); });
-    mServer.Get(R"(/charts/([0-9]{1,18})\.kcap)", [this](Request const& request, Response& response) {
+    mServer.Get(R"(/charts/([1-9][0-9]{0,17})\.kcap)", [this](Request const& request, Response& response) {
       sendChart(request.matches[1].str(), response);
     });
   }
