@@ -123,4 +123,25 @@ describe('pictures', () => {
     await page.context().close();
     await other.close();
   });
+
+  test.each([
+    ['error-bars', 'g[role="graphics-object"] > *', 'all marks'],
+    ['error-bars', 'g[role="graphics-object"] > g:nth-child(3)', 'one end of the bars'],
+    ['box-plot-with-outliers', 'g[role="graphics-object"] > g:last-child', 'outliers'],
+    ['scatter-with-reference-line', 'g[aria-label^="Guide"] > *', 'reference lines'],
+    ['line-over-dates', 'g[role="graphics-object"] > *', 'lines'],
+  ])('are others without a part: %s, %s, %s', async (name, selector) => {
+    const page = await opened(join(work, `${name}.kcap`));
+    const removed = await page.evaluate((parts) => {
+      const found = document.querySelectorAll(`figure svg ${parts}`);
+      for (const part of found) part.remove();
+      return found.length;
+    }, selector);
+    expect(removed).toBeGreaterThan(0);
+    const picture = await pictureWithoutTexts(page);
+    const other = await browser.newPage();
+    expect(await differenceFromStored(other, name, picture)).toMatch(/% of .* differ from/);
+    await page.context().close();
+    await other.close();
+  });
 });

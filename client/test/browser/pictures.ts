@@ -5,8 +5,8 @@ import { folder } from './browser.js';
 
 const stored = 'test/browser/pictures';
 
-/** So much of a picture may differ; lines that fall between pixels do on other machines. */
-const tolerance = 0.01;
+/** So much of a picture may differ: a few cells of the twenty thousand, so that no layer can go unseen. */
+const tolerance = 0.0002;
 
 /**
  * What is drawn of the chart but its texts, for letters are others on each machine; the places of everything else
@@ -40,7 +40,7 @@ export async function differenceFromStored(
   if (share <= tolerance) return null;
   const seen = join(folder('differing'), `${name}.png`);
   writeFileSync(seen, picture);
-  return `${(share * 100).toFixed(1)} % of ${name} differ from ${path}: see ${seen}`;
+  return `${(share * 100).toFixed(3)} % of ${name} differ from ${path}: see ${seen}`;
 }
 
 /** Runs in the page: the share of cells of four by four pixels whose mean colours are plainly different. */
