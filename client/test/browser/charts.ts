@@ -16,6 +16,8 @@ export interface Expected {
   marks: Partial<Record<MarkKind, number>>;
   /** Texts that must be there: titles, labels of axes, categories, entries of legends. */
   texts: string[];
+  /** The labels of axes as they follow each other, by the titles of the axes. */
+  axes?: Record<string, string[]>;
   /** Words of what the picture must say it leaves out. */
   notes?: string[];
 }
@@ -26,6 +28,10 @@ export type MarkKind = 'dot' | 'rect' | 'line' | 'area' | 'link' | 'slice';
 const species = ['Adelie', 'Chinstrap', 'Gentoo'];
 const islands = ['Biscoe', 'Dream', 'Torgersen'];
 const kindsOfWeather = ['fog', 'rain', 'snow', 'sun'];
+
+/** The labels of an axis of numbers. */
+const steps = (from: number, to: number, by: number): string[] =>
+  Array.from({ length: 1 + Math.round((to - from) / by) }, (_, at) => String(from + at * by));
 
 const of = (column: string, value: string): Row[] => penguins.filter((row) => row[column] === value);
 const masses = (rows: readonly Row[]): number[] => numbers(rows, 'body_mass_g');
@@ -47,15 +53,18 @@ export const gallery: Record<string, Expected> = {
       ...species,
     ],
     notes: ['^2 rows with missing values'],
+    axes: { 'Flipper length (mm)': steps(170, 230, 10), 'Body mass (g)': steps(3000, 6000, 500) },
   },
   'scatter-with-function-line': {
     marks: { dot: complete(of('species', 'Gentoo'), 'bill_length_mm', 'bill_depth_mm') },
     texts: ['Bills of Gentoo penguins', 'Bill length (mm)', 'Bill depth (mm)', 'Best fit'],
+    axes: { 'Bill length (mm)': steps(45, 60, 5), 'Bill depth (mm)': steps(6, 24, 2) },
   },
   'dot-plot': {
     marks: { dot: complete(penguins, 'flipper_length_mm') },
     texts: ['Flipper lengths of penguins', 'Flipper length (mm)', ...species],
     notes: ['^2 rows with missing values'],
+    axes: { 'Flipper length (mm)': steps(170, 230, 10) },
   },
   'clustered-bars': {
     marks: { rect: combinations(penguins, 'island', 'species') },
@@ -66,33 +75,40 @@ export const gallery: Record<string, Expected> = {
       ...islands,
       ...species,
     ],
+    axes: { Island: ['Torgersen', 'Biscoe', 'Dream'], 'Number of penguins': steps(0, 120, 20) },
   },
   'stacked-bars': {
     marks: { rect: combinations(penguins, 'species', 'sex') },
     texts: ['As many females as males', 'Species', 'Number of penguins', ...species, 'female', 'male'],
+    axes: { Species: species, 'Number of penguins': steps(0, 140, 20) },
   },
   'sorted-bars': {
     marks: { rect: combinations(weather, 'weather') - 1 },
     texts: ['Weather in Seattle, 2012 to 2015', 'Weather', 'Number of days', ...kindsOfWeather],
+    axes: { Weather: ['sun', 'snow', 'rain', 'fog'], 'Number of days': steps(0, 600, 100) },
   },
   'histogram-with-summary': {
     marks: { rect: filledClasses(masses(penguins), 2500, 250) },
     texts: ['Body mass of penguins', 'Body mass (g)', 'Number of penguins', 'N = 342'],
     notes: ['^2 rows with missing values'],
+    axes: { 'Body mass (g)': steps(2500, 6500, 500), 'Number of penguins': steps(0, 50, 5) },
   },
   'box-plot-with-outliers': {
     marks: { rect: 3, dot: sum(groups(penguins, 'species').map((rows) => outliers(masses(rows)))) },
     texts: ['Body mass of penguins', 'Species', 'Body mass (g)', ...species],
     notes: ['^2 rows with missing values'],
+    axes: { Species: species, 'Body mass (g)': steps(3000, 6000, 500) },
   },
   'error-bars': {
     marks: { dot: 3, link: 9 },
     texts: ['Gentoo penguins are the heaviest', 'Species', 'Mean body mass (g)', ...species],
     notes: ['^2 rows with missing values'],
+    axes: { Species: species, 'Mean body mass (g)': steps(3600, 5200, 200) },
   },
   'line-over-dates': {
     marks: { line: 2 },
     texts: ['Temperatures in Seattle', '2012', 'Temperature (°C)', 'Freezing', 'Warmest', 'Coldest'],
+    axes: { 'Temperature (°C)': steps(0, 35, 5) },
   },
   'secondary-y-axis': {
     marks: { rect: combinations(weather, 'weather') },
@@ -103,10 +119,16 @@ export const gallery: Record<string, Expected> = {
       'drizzle',
       ...kindsOfWeather,
     ],
+    axes: {
+      Weather: ['drizzle', ...kindsOfWeather],
+      'Number of days': steps(0, 600, 100),
+      'Share of all days': steps(0, 45, 5).map((text) => `${text}%`),
+    },
   },
   'cross-panels': {
     marks: { dot: complete(known, 'bill_length_mm', 'bill_depth_mm') },
     texts: ['Bills of penguins', 'Bill length (mm)', 'Bill depth (mm)', ...species, 'female', 'male'],
+    axes: { 'Bill length (mm)': steps(40, 60, 10), 'Bill depth (mm)': steps(14, 20, 2) },
   },
   'nested-panels': {
     marks: {},
@@ -117,6 +139,7 @@ export const gallery: Record<string, Expected> = {
     marks: { dot: complete(penguins, 'flipper_length_mm', 'body_mass_g'), line: 1 },
     texts: ['Flippers of penguins', 'Body mass (g)', 'Flipper length (mm)', 'Mean Gentoo', ...species],
     notes: ['^2 rows with missing values'],
+    axes: { 'Body mass (g)': ['4000', '6000'], 'Flipper length (mm)': steps(170, 230, 10) },
   },
   'blended-panels': {
     marks: { line: 2 },
@@ -125,6 +148,7 @@ export const gallery: Record<string, Expected> = {
   'population-pyramid': {
     marks: {},
     texts: ['Male penguins are heavier', 'Body mass (g)', 'female', 'male'],
+    axes: { 'Body mass (g)': steps(3000, 6000, 500) },
   },
   'scatter-in-3d': {
     marks: {},

@@ -35,6 +35,45 @@ async function opened(capture: string): Promise<Page> {
   return tab;
 }
 
+interface AxisLabels {
+  name: string;
+  texts: string[];
+  /** Along the axis, in pixels. */
+  places: number[];
+}
+
+/** The labels of each axis beside each panel, as they follow each other. */
+async function axisLabels(page: Page): Promise<AxisLabels[]> {
+  return page.evaluate(() =>
+    [...document.querySelectorAll('figure svg g[aria-label$=" axis"]')].map((axis) => {
+      const labels = [...axis.querySelectorAll('text')];
+      const boxes = labels.map((label) => label.getBoundingClientRect());
+      const middles = boxes.map((box) => [box.left + box.width / 2, box.top + box.height / 2] as const);
+      const reach = (at: 0 | 1): number =>
+        Math.max(...middles.map((middle) => middle[at])) - Math.min(...middles.map((middle) => middle[at]));
+      const along = reach(0) > reach(1) ? 0 : 1;
+      return {
+        name: axis.getAttribute('aria-label') ?? '',
+        texts: labels.map((label) => label.textContent ?? ''),
+        places: middles.map((middle) => middle[along]),
+      };
+    }),
+  );
+}
+
+/** Labels are told apart, and those that are numbers stand where their values are. */
+function checkLabels({ name, texts, places }: AxisLabels): void {
+  expect(new Set(texts).size, `${name}: ${texts.join(', ')}`).toBe(texts.length);
+  const values = texts.map((text) => Number(text.replace(/[,%]/g, '').replace('\u2212', '-')));
+  if (texts.length < 3 || values.some(Number.isNaN)) return;
+  const last = texts.length - 1;
+  const perValue = (places[last]! - places[0]!) / (values[last]! - values[0]!);
+  values.forEach((value, at) => {
+    const expected = places[0]! + (value - values[0]!) * perValue;
+    expect(Math.abs(expected - places[at]!), `${name}: ${texts[at]}`).toBeLessThan(2);
+  });
+}
+
 async function check(page: Page, expected: Expected): Promise<void> {
   expect(await page.locator('section.problems li').allTextContents()).toEqual([]);
   const counted: Partial<Record<MarkKind, number>> = {};
@@ -42,8 +81,15 @@ async function check(page: Page, expected: Expected): Promise<void> {
     counted[kind] = await page.locator(`figure svg ${selectors[kind]}`).count();
   }
   expect(counted).toEqual(expected.marks);
-  const shown = (await page.locator('figure svg text').allTextContents()).join('\n');
-  expect(expected.texts.filter((text) => !shown.includes(text))).toEqual([]);
+  const packed = (text: string): string => text.replace(/\s/g, '');
+  const shown = new Set((await page.locator('figure svg :is(text, tspan)').allTextContents()).map(packed));
+  expect(expected.texts.filter((text) => !shown.has(packed(text)))).toEqual([]);
+  const axes = await axisLabels(page);
+  for (const axis of axes) checkLabels(axis);
+  const labels = axes.map(({ name, texts }) => [name, texts.join('|')]);
+  for (const [name, texts] of Object.entries(expected.axes ?? {})) {
+    expect(labels).toContainEqual([`${name} axis`, texts.join('|')]);
+  }
   const notes = (await page.locator('section.notes li').allTextContents()).join('\n');
   if (expected.notes === undefined) expect(notes).toBe('');
   for (const words of expected.notes ?? []) expect(notes).toMatch(new RegExp(words));
