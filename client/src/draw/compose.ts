@@ -48,12 +48,22 @@ function sideOf(legend: Legend, chart: Chart): Side {
 const isAbove = (role: string) => /^(title|subtitle)/.test(role);
 const isBelow = (role: string) => /^(footnote|statisticsSummary)/.test(role);
 
+/** Texts above the graphs take no more of the page, and texts below them neither. */
+const mostOfPage = 1 / 3;
+
 /** Frames with a place of their own; texts that need more than that push what is below, or above. */
 function layFrames(chart: Chart, data: Data, places: Places, page: Rectangle, notes: string[]) {
   const texts = frameTexts(chart, data, notes).filter(
     ({ text, frame }) => text !== '' || frame.locations.length > 0,
   );
-  const laid = texts.map((text) => layFrame(text, rectangle(places.edges(text.frame.id), page)));
+  const share = (role: string) => {
+    const beside = isAbove(role) ? isAbove : isBelow(role) ? isBelow : () => true;
+    return mostOfPage / Math.max(1, texts.filter((text) => text.text !== '' && beside(text.role)).length);
+  };
+  const laid = texts.map((text) => {
+    const box = rectangle(places.edges(text.frame.id), page);
+    return layFrame(text, box, page.height * share(text.role), notes);
+  });
   const unplaced = (frame: LaidFrame) => frame.frame.locations.length === 0;
   let pushedDown = 0;
   let top = 0;

@@ -11,7 +11,7 @@ import { ownTexts } from './looks.js';
 import type { Rectangle } from './page.js';
 import { panelGrid, rowsOf } from './panels.js';
 import type { Maker } from './svg.js';
-import { lineHeight, textLook, wrap, type TextLook } from './text.js';
+import { atMost, lineHeight, textLook, wrap, type TextLook } from './text.js';
 
 export interface FrameText {
   frame: LabelFrame;
@@ -147,12 +147,17 @@ export interface LaidFrame extends FrameText {
   needed: number;
 }
 
-export function layFrame(text: FrameText, box: Rectangle): LaidFrame {
+/** Of a text at most so much is shown that it takes `mostHeight` pixels. */
+export function layFrame(text: FrameText, box: Rectangle, mostHeight: number, notes: string[]): LaidFrame {
   const padding = paddingOf(text.frame.style);
-  const lines =
+  const whole =
     text.text === ''
       ? []
       : wrap(text.text, Math.max(20, box.width - padding.left - padding.right), text.look);
+  const lines = atMost(whole, mostHeight / lineHeight(text.look));
+  if (lines.length < whole.length) {
+    notes.push(`A text is too long for the page and is cut: ${text.text.slice(0, 40).trimEnd()}\u2026`);
+  }
   const needed =
     lines.length === 0 ? 0 : lines.length * lineHeight(text.look) + padding.top + Math.min(padding.bottom, 4);
   return { ...text, box, lines, needed };

@@ -91,9 +91,20 @@ export function widest(texts: string[], look: TextLook): number {
 
 export const lineHeight = (look: Pick<TextLook, 'size'>) => look.size * lineHeights;
 
-/** Breaks at blanks, and within words that are wider than a line. */
+/** No text on a page has room for more letters; measuring them would only take time. */
+const mostLetters = 4_000;
+
+/** Breaks at blanks, and within words that are wider than a line; what is too long ends in an ellipsis. */
 export function wrap(text: string, width: number, look: TextLook): string[] {
-  return text.split('\n').flatMap((line) => wrapLine(line.trim(), width, look));
+  const shown = text.length > mostLetters ? `${text.slice(0, mostLetters)}\u2026` : text;
+  return shown.split('\n').flatMap((line) => wrapLine(line.trim(), width, look));
+}
+
+/** At most so many lines, at least one; the last one of them ends in an ellipsis where there were more. */
+export function atMost(lines: string[], most: number): string[] {
+  const count = Math.max(1, Math.floor(most));
+  if (lines.length <= count) return lines;
+  return [...lines.slice(0, count - 1), `${lines[count - 1]!.replace(/.?$/u, '')}\u2026`];
 }
 
 function wrapLine(line: string, width: number, look: TextLook): string[] {
@@ -119,8 +130,10 @@ function wrapLine(line: string, width: number, look: TextLook): string[] {
 
 function fitting(text: string, width: number, look: TextLook): string {
   let part = '';
+  let taken = 0;
   for (const character of text) {
-    if (part !== '' && textWidth(part + character, look) > width) break;
+    taken += textWidth(character, look);
+    if (part !== '' && taken > width) break;
     part += character;
   }
   return part;

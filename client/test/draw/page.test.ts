@@ -326,6 +326,16 @@ describe('the page', () => {
     expect([other.drawn.width, other.drawn.height]).toEqual([300, 288]);
   });
 
+  test('cuts texts that would hide the data, and says so', () => {
+    const label = (text: string, purpose: string) =>
+      `<labelFrame id="f${purpose}"><label purpose="${purpose}"><text>${text}</text></label></labelFrame>`;
+    const long = drawn(label('A title without end '.repeat(200), '1') + label('x'.repeat(500_000), '4'));
+    const panel = long.svg.querySelector('g[role="group"] > rect')!;
+    expect(number(panel, 'height')).toBeGreaterThan(80);
+    expect(long.texts().filter((text) => text.endsWith('\u2026')).length).toBeGreaterThan(0);
+    expect(long.notes.join()).toContain('is cut: A title without end');
+  }, 2_000);
+
   test('wraps a title that is too long, and moves the data down', () => {
     const title = (text: string) =>
       drawn(
