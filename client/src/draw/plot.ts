@@ -192,6 +192,16 @@ function tagged(mark: Plot.Markish, tag: string): Plot.Markish {
   return made;
 }
 
+/** Plot names groups by the kinds of its marks, which tells a reader nothing: the names stay as data only. */
+function hideKinds(element: Element): void {
+  for (const each of [element, ...Array.from(element.querySelectorAll('[aria-label]'))]) {
+    const kind = each.getAttribute('aria-label');
+    if (kind === null) continue;
+    each.removeAttribute('aria-label');
+    each.setAttribute('data-kind', kind);
+  }
+}
+
 /** Moves what Plot has drawn into groups with names. */
 function collect(
   svg: Element,
@@ -206,6 +216,7 @@ function collect(
     if (own.length === 0) return [];
     for (const element of own) {
       element.removeAttribute('data-layer');
+      hideKinds(element);
       if (clip && clipped) element.setAttribute('clip-path', `url(#${content.clipId})`);
     }
     const group = name === '' ? maker.make('g', {}) : maker.group(name, 'graphics-object');

@@ -18,11 +18,11 @@ afterAll(async () => browser?.close());
 
 /** How the drawing marks the shapes of a kind. */
 const selectors: Record<MarkKind, string> = {
-  dot: 'g[aria-label="dot"] > *',
-  rect: 'g[aria-label="rect"] > *',
-  line: 'g[aria-label="line"] > *',
-  area: 'g[aria-label="area"] > *',
-  link: 'g[aria-label="link"] > *',
+  dot: 'g[data-kind="dot"] > *',
+  rect: 'g[data-kind="rect"] > *',
+  line: 'g[data-kind="line"] > *',
+  area: 'g[data-kind="area"] > *',
+  link: 'g[data-kind="link"] > *',
   slice: '[aria-label="slice"] path',
 };
 

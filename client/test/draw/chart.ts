@@ -63,7 +63,7 @@ export class Picture {
 
   /** The shapes of a kind of mark: dot, rect, line, area, link. */
   marks(kind: string): Element[] {
-    return Array.from(this.svg.querySelectorAll(`g[aria-label="${kind}"]`)).flatMap(
+    return Array.from(this.svg.querySelectorAll(`g[data-kind="${kind}"], g[aria-label="${kind}"]`)).flatMap(
       (group) => Array.from(group.children) as Element[],
     );
   }

@@ -154,7 +154,7 @@ describe('scales and ticks', () => {
     const grid = (ticks: string) =>
       along(
         `<dimension><axis><majorTicks delta="3">${ticks}</majorTicks></axis></dimension>`,
-      ).svg.querySelectorAll('g[aria-label="x-grid"] line').length;
+      ).svg.querySelectorAll('g[data-kind="x-grid"] line').length;
     expect(grid('<gridline/>')).toBe(3);
     expect(grid('')).toBe(0);
   });
@@ -382,6 +382,9 @@ describe('the page', () => {
     expect(made.svg.getAttribute('role')).toBe('graphics-document');
     expect(made.svg.querySelector('desc')!.textContent).toBe('Points of b by a');
     expect(made.names()).toEqual(expect.arrayContaining(['Data', '3 points', 'x axis', 'y axis']));
+    // What the drawing library calls its marks is no name for a reader.
+    expect(made.marks('dot')).toHaveLength(3);
+    expect(made.names()).not.toContain('dot');
   });
 
   test('has nothing that a strict policy forbids', () => {
