@@ -101,6 +101,21 @@ describe('a page', () => {
     expect(await table.isVisible()).toBe(false);
   });
 
+  test('shows the focus within the picture, and lets it scroll on narrow screens', async () => {
+    await page.locator('figure svg').focus();
+    await page.keyboard.press('Shift');
+    const offset = () => page.locator('figure svg').evaluate((svg) => getComputedStyle(svg).outlineOffset);
+    expect(await offset()).toBe('-3px');
+    await page.setViewportSize({ width: 360, height: 800 });
+    const widths = await page.evaluate(() => {
+      const picture = document.querySelector('.picture') as HTMLElement;
+      return [picture.scrollWidth, picture.clientWidth];
+    });
+    expect(widths[0]).toBe(480);
+    expect(widths[1]).toBeLessThan(360);
+    await page.setViewportSize({ width: 1000, height: 900 });
+  });
+
   test('shows the chart text and the messages by buttons that the keyboard reaches', async () => {
     for (const [name, text] of [
       ['Chart text', '<visualization'],
