@@ -1,4 +1,4 @@
-import { execFileSync } from 'node:child_process';
+import { execFileSync, spawnSync } from 'node:child_process';
 import { existsSync, mkdirSync } from 'node:fs';
 import { join } from 'node:path';
 import { pathToFileURL } from 'node:url';
@@ -39,6 +39,12 @@ export async function launch(): Promise<Browser> {
 
 export function run(...args: string[]): string {
   return execFileSync(kestrel, args, { encoding: 'utf8', stdio: ['ignore', 'pipe', 'pipe'] });
+}
+
+/** A command that does its work and says by exit code 2 that something is wrong with the capture. */
+export function runOnDamage(...args: string[]): void {
+  const { status } = spawnSync(kestrel, args, { stdio: 'ignore' });
+  if (status !== 2) throw new Error(`kestrel ${args.join(' ')} ends with ${status}, not 2`);
 }
 
 export function folder(...names: string[]): string {

@@ -5,7 +5,7 @@ import { afterAll, beforeAll, describe, expect, test } from 'vitest';
 import type { Browser, Page } from 'playwright-core';
 import { deflateSync } from 'node:zlib';
 import { CaptureBuilder } from '../wire/captureBuilder.js';
-import { folder, kestrel, launch, open, run } from './browser.js';
+import { folder, kestrel, launch, open, run, runOnDamage } from './browser.js';
 
 let browser: Browser;
 let work: string;
@@ -17,10 +17,10 @@ beforeAll(async () => {
 afterAll(async () => browser?.close());
 
 /** The page of a capture. */
-function view(name: string, capture: Uint8Array): string {
+function view(name: string, capture: Uint8Array, start: (...args: string[]) => void = run): string {
   const file = join(work, `${name}.kcap`);
   writeFileSync(file, capture);
-  run('view', file, '-o', join(work, `${name}.html`));
+  start('view', file, '-o', join(work, `${name}.html`));
   return join(work, `${name}.html`);
 }
 
@@ -161,7 +161,7 @@ describe('what came over the wire', () => {
 
   test('is shown with what is wrong with it', async () => {
     const whole = new CaptureBuilder().content(0, 'A chart').chartText('<visualization/>').done().bytes();
-    const page = await opened(view('cut', whole.subarray(0, whole.length - 4)));
+    const page = await opened(view('cut', whole.subarray(0, whole.length - 4), runOnDamage));
     const problems = page.locator('section.problems li');
     expect(await problems.allTextContents()).toEqual([
       `The capture is cut at byte ${whole.length - 4}: message 5 has 16 of its 20 bytes.`,

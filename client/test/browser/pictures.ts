@@ -20,18 +20,20 @@ export async function pictureWithoutTexts(page: Page): Promise<Buffer> {
   return page.locator('figure svg').first().screenshot();
 }
 
-/** Compares with the stored picture, or stores it anew where KESTREL_PICTURES_REWRITE is set. */
+/** Stores the picture anew where KESTREL_PICTURES_REWRITE is set. */
+export function storeWhereWanted(name: string, picture: Buffer): void {
+  if (!process.env['KESTREL_PICTURES_REWRITE']) return;
+  mkdirSync(stored, { recursive: true });
+  writeFileSync(join(stored, `${name}.png`), picture);
+}
+
+/** Null where the picture is the stored one. */
 export async function differenceFromStored(
   page: Page,
   name: string,
   picture: Buffer,
 ): Promise<string | null> {
   const path = join(stored, `${name}.png`);
-  if (process.env['KESTREL_PICTURES_REWRITE']) {
-    mkdirSync(stored, { recursive: true });
-    writeFileSync(path, picture);
-    return null;
-  }
   if (!existsSync(path)) return `there is no stored picture ${path}`;
   const share = await page.evaluate(differingShare, [
     readFileSync(path).toString('base64'),
