@@ -294,7 +294,7 @@ describe('boxes and error bars', () => {
     const texts = Array.from(drawn.svg.querySelectorAll('text')).filter((text) =>
       ['14', '15, 16'].includes(text.textContent ?? ''),
     );
-    const order = Array.from(drawn.svg.querySelectorAll('text, g[aria-label="link"]'));
+    const order = Array.from(drawn.svg.querySelectorAll('text, g[data-kind="link"]'));
     const firstLink = order.findIndex((element) => element.localName === 'g');
     const halos = texts.filter((text) => (drawn.look(text, 'stroke') ?? 'none') !== 'none');
     expect(halos).toHaveLength(2);
