@@ -233,8 +233,8 @@ TEST_F(Serve, EndsCleanlyWhileAPageWaits) {
 
 TEST_F(Serve, ClosesWhatItHasAnswered) {
   start({"unix:s"});
-  EXPECT_EQ(get("/").get_header_value("Connection"), "close");
-  EXPECT_EQ(get("/nothing").get_header_value("Connection"), "close");
+  for (std::string const path : {"/", "/nothing"})
+    EXPECT_EQ(get(path, {{"Connection", "keep-alive"}}).get_header_value("Connection"), "close") << path;
 }
 
 TEST_F(Serve, AnswersWhileManyConnectionsAreOpen) {
