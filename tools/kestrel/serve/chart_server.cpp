@@ -136,7 +136,8 @@ class ChartServer::Service {
     mServer.set_keep_alive_max_count(1);
     mServer.set_payload_max_length(longestBody);
     // As usual but for a port that another server has: it would get half of the requests.
-    mServer.set_socket_options([](auto socket) {
+    mServer.set_socket_options([this](auto socket) {
+      mSocket = socket;
       int const yes = 1;
       ::setsockopt(socket, SOL_SOCKET, SO_REUSEADDR, &yes, sizeof yes);
     });
@@ -214,10 +215,13 @@ class ChartServer::Service {
       throw Problem("cannot serve at " + inUrl(printable(mHost)) + ":" + std::to_string(port) +
                         "; choose another --port or --host",
                     Exit::NotWritten);
+    // The library lets five connections wait for their turn; of more, each would try again after a second.
+    ::listen(mSocket, SOMAXCONN);
   }
 
   ChartShelf* mShelf;
   std::string mHost;
+  int mSocket = -1;
   int mPort = 0;
   std::atomic<int> mStreams{0};
   httplib::Server mServer;
