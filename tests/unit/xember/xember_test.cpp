@@ -2,8 +2,10 @@
 
 #include "xember.h"
 
+#include "attachment_tests.h"
 #include "host_calls.h"
 #include "sending_test.h"
+#include "sent_alone_tests.h"
 #include "told_sends.h"
 
 #include <gmock/gmock.h>
@@ -172,83 +174,10 @@ TEST_F(EngineChart, LeavesOutWhatWasSetToNothing) {
   EXPECT_THAT(types(), ElementsAre(0u, 9u, 12u, 14u, 15u, 14u, 15u, 3u));
 }
 
-// --- Attachments
-
-TEST_F(EngineChart, AttachesAFileUnderItsName) {
-  addFile("maps/lakes.json", "{}");
-  EXPECT_TRUE(chart.addGeoJSON("maps/lakes.json"));
-  auto const fetches = recorder.entries(Operation::Fetch);
-  ASSERT_THAT(fetches, SizeIs(1));
-  EXPECT_TRUE(fetches[0].flag("first"));
-  EXPECT_TRUE(fetches[0].flag("second"));
-  chart.sendChart();
-  EXPECT_EQ(bytesOf(14), "maps/lakes.json");
-  EXPECT_EQ(inflated(bytesOf(15)), "{}");
-}
-
-TEST_F(EngineChart, AttachesNoFileThatIsNotThere) {
-  EXPECT_FALSE(chart.addGeoJSON("missing.json"));
-  EXPECT_FALSE(chart.sendChart());
-  EXPECT_THAT(types(), ElementsAre(0u, 9u, 3u));
-}
-
-TEST_F(EngineChart, AttachesNothingWithoutANameOrAContent) {
-  EXPECT_FALSE(chart.addGeoJSON("", "content"));
-  EXPECT_FALSE(chart.addGeoJSON("name", ""));
-  EXPECT_FALSE(chart.addGeoJSON("", ""));
-  chart.sendChart();
-  EXPECT_THAT(types(), ElementsAre(0u, 9u, 3u));
-}
-
-TEST_F(EngineChart, SendsAttachmentsInTheOrderInWhichTheyCame) {
-  addFile("1", "one");
-  EXPECT_TRUE(chart.addGeoJSON("3", "three"));
-  EXPECT_TRUE(chart.addGeoJSON("1"));
-  EXPECT_TRUE(chart.addGeoJSON("2", "two"));
-  EXPECT_TRUE(chart.addGeoJSON("3", "again"));
-  chart.sendChart();
-  std::vector<std::string> pairs;
-  for (auto const& content : contents()) {
-    if (content.type == 14) pairs.push_back(content.bytes + ": ");
-    if (content.type == 15) pairs.back() += inflated(content.bytes);
-  }
-  EXPECT_THAT(pairs, ElementsAre("3: three", "1: one", "2: two", "3: again"));
-}
-
-TEST_F(EngineChart, SendsLongAttachmentsWhole) {
-  std::string const content = noise(70000);
-  chart.addGeoJSON("rivers", content);
-  EXPECT_TRUE(chart.sendChart());
-  EXPECT_EQ(inflated(bytesOf(15)), content);
-  EXPECT_THAT(onlyContent(contents(), 15).chunkSizes, SizeIs(3));
-}
-
 TEST_F(EngineChart, SendsOptionsOfExactlyAChunkInOneMessage) {
   chart.setOptions(pattern(33984));
   EXPECT_TRUE(chart.sendChart());
   EXPECT_THAT(onlyContent(contents(), 19).chunkSizes, ElementsAre(33984u));
-}
-
-// --- Description and end record
-
-TEST_F(EngineChart, WithoutADescriptionHasTheTranslatedDefaultWhichItKeeps) {
-  recorder.services().texts->texts["Description not set"] = "Keine Beschreibung";
-  xEmber plain;
-  plain.sendChart();
-  EXPECT_EQ(bytesOf(0), "Keine Beschreibung");
-  EXPECT_EQ(bytesOf(9), "Keine Beschreibung");
-  EXPECT_EQ(plain.GetDescription().toUTF8(), "Keine Beschreibung");
-}
-
-TEST_F(EngineChart, HasTheEditorOfInteractiveContent) {
-  chart.sendChart();
-  EXPECT_EQ(endRecord(contents()), (EndRecord{0, 3}));
-}
-
-TEST_F(EngineChart, HasTheEditorThatWasSet) {
-  chart.setEditor(XDocument::EditorDefault);
-  chart.sendChart();
-  EXPECT_EQ(endRecord(contents()), (EndRecord{0, 1}));
 }
 
 // --- Failures
@@ -331,6 +260,17 @@ TEST_F(EngineChart, LetsThroughWhatTheHostThrows) {
                       Operation::CompressString, put(14), put(15), put(3)},
                      [this] { chart.sendChart(); });
 }
+
+/// What it has in common with other documents sent on their own side.
+struct EngineCharts {
+  using Document = xEmber;
+  static bool send(Document& document) { return document.sendChart(); }
+  static constexpr int editor = 3;
+  static constexpr bool keepsDefault = true;
+};
+
+INSTANTIATE_TYPED_TEST_SUITE_P(Ember, SentAlone, EngineCharts);
+INSTANTIATE_TYPED_TEST_SUITE_P(Ember, Attachments, EngineCharts);
 
 // --- What it inherits
 

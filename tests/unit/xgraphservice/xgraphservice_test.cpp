@@ -5,6 +5,7 @@
 #include "host_calls.h"
 #include "schema_validator.h"
 #include "sending_test.h"
+#include "sent_alone_tests.h"
 #include "told_sends.h"
 
 #include "host/data_store.h"
@@ -248,21 +249,6 @@ TEST_F(Service, KeepsItsStoreForTheNextSend) {
   EXPECT_THAT(types(), ElementsAre(0u, 9u, 20u, 21u, 5u, 8u, 3u, 0u, 9u, 20u, 21u, 5u, 8u, 3u));
 }
 
-// --- Description and end record
-
-TEST_F(Service, WithoutADescriptionHasTheTranslatedDefaultWhichItKeeps) {
-  recorder.services().texts->texts["Description not set"] = "Keine Beschreibung";
-  XGraphService plain;
-  plain.sendChartOptions();
-  EXPECT_EQ(bytesOf(0), "Keine Beschreibung");
-  EXPECT_EQ(plain.GetDescription().toUTF8(), "Keine Beschreibung");
-}
-
-TEST_F(Service, HasTheEditorOfCharts) {
-  service.sendChartOptions();
-  EXPECT_EQ(endRecord(contents()), (EndRecord{0, 1}));
-}
-
 // --- Failures
 
 class ServiceWithAFailedPut : public Service, public ::testing::WithParamInterface<FailedPut> {};
@@ -320,6 +306,16 @@ TEST_F(Service, LetsThroughWhatTheHostThrows) {
                      [this] { service.sendChartOptions(); });
   expectToLetThrough(recorder, {Operation::LanguageCode}, [this] { service.addVariable("sex", 1); });
 }
+
+/// What it has in common with other documents sent on their own side.
+struct Services {
+  using Document = XGraphService;
+  static bool send(Document& document) { return document.sendChartOptions(); }
+  static constexpr int editor = 1;
+  static constexpr bool keepsDefault = true;
+};
+
+INSTANTIATE_TYPED_TEST_SUITE_P(Service, SentAlone, Services);
 
 // --- What it inherits
 

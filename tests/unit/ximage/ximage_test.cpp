@@ -4,6 +4,7 @@
 
 #include "host_calls.h"
 #include "sending_test.h"
+#include "sent_alone_tests.h"
 #include "told_sends.h"
 
 #include <gmock/gmock.h>
@@ -174,27 +175,6 @@ TEST_F(Image, IsSentAgainAtASecondSend) {
   EXPECT_THAT(types(), ElementsAre(0u, 9u, 7u, 3u, 0u, 9u, 7u, 3u));
 }
 
-// --- Description and end record
-
-TEST_F(Image, WithoutADescriptionHasTheTranslatedDefaultWhichItKeeps) {
-  recorder.services().texts->texts["Description not set"] = "Keine Beschreibung";
-  XImage plain;
-  plain.sendImage();
-  EXPECT_EQ(bytesOf(0), "Keine Beschreibung");
-  EXPECT_EQ(plain.GetDescription().toUTF8(), "Keine Beschreibung");
-}
-
-TEST_F(Image, HasTheEditorOfCharts) {
-  image.sendImage();
-  EXPECT_EQ(endRecord(contents()), (EndRecord{0, 1}));
-}
-
-TEST_F(Image, HasTheEditorThatWasSet) {
-  image.setEditor(XDocument::EditorInteractive);
-  image.sendImage();
-  EXPECT_EQ(endRecord(contents()), (EndRecord{0, 3}));
-}
-
 // --- Failures
 
 class ImageWithAFailedPut : public Image, public ::testing::WithParamInterface<FailedPut> {};
@@ -239,6 +219,16 @@ TEST_F(Image, LetsThroughWhatTheHostThrows) {
                      [this] { image.sendImage(); });
   expectToLetThrough(recorder, {Operation::Fetch}, [this] { image.setImage(png, "plot.png"); });
 }
+
+/// What it has in common with other documents sent on their own side.
+struct Images {
+  using Document = XImage;
+  static bool send(Document& document) { return document.sendImage(); }
+  static constexpr int editor = 1;
+  static constexpr bool keepsDefault = true;
+};
+
+INSTANTIATE_TYPED_TEST_SUITE_P(Image, SentAlone, Images);
 
 // --- What it inherits
 

@@ -2,8 +2,10 @@
 
 #include "xinteractive.h"
 
+#include "attachment_tests.h"
 #include "host_calls.h"
 #include "sending_test.h"
+#include "sent_alone_tests.h"
 #include "told_sends.h"
 
 #include <gmock/gmock.h>
@@ -142,14 +144,6 @@ TEST_F(InteractivePage, HasInAShorterLastMessageTheTrailerThatTheOneBeforeLeft) 
   EXPECT_EQ(decodeMessage(got().at(3)).trailer, "\x02\x03\x04\x05");
 }
 
-TEST_F(InteractivePage, SendsLongAttachmentsWhole) {
-  std::string const content = noise(70000);
-  page.addGeoJSON("rivers", content);
-  EXPECT_TRUE(page.sendInteractive());
-  EXPECT_EQ(inflated(bytesOf(15)), content);
-  EXPECT_THAT(onlyContent(contents(), 15).chunkSizes, SizeIs(3));
-}
-
 // --- Each alone: everything else is left out, and its result is that of the send
 
 TEST_F(InteractivePage, OfNothingButItsTextIsSent) {
@@ -221,60 +215,7 @@ TEST_F(InteractivePage, LeavesOutWhatWasSetToNothing) {
   EXPECT_THAT(types(), ElementsAre(0u, 9u, 14u, 15u, 14u, 15u, 3u));
 }
 
-// --- Attachments
-
-TEST_F(InteractivePage, AttachesAFileUnderItsName) {
-  addFile("maps/lakes.json", "{}");
-  EXPECT_TRUE(page.addGeoJSON("maps/lakes.json"));
-  auto const fetches = recorder.entries(Operation::Fetch);
-  ASSERT_THAT(fetches, SizeIs(1));
-  EXPECT_TRUE(fetches[0].flag("first"));
-  EXPECT_TRUE(fetches[0].flag("second"));
-  page.sendInteractive();
-  EXPECT_EQ(bytesOf(14), "maps/lakes.json");
-  EXPECT_EQ(inflated(bytesOf(15)), "{}");
-}
-
-TEST_F(InteractivePage, AttachesNoFileThatIsNotThere) {
-  EXPECT_FALSE(page.addGeoJSON("missing.json"));
-  EXPECT_FALSE(page.sendInteractive());
-  EXPECT_THAT(types(), ElementsAre(0u, 9u, 3u));
-}
-
-TEST_F(InteractivePage, AttachesNothingWithoutANameOrAContent) {
-  EXPECT_FALSE(page.addGeoJSON("", "content"));
-  EXPECT_FALSE(page.addGeoJSON("name", ""));
-  EXPECT_FALSE(page.addGeoJSON("", ""));
-  page.sendInteractive();
-  EXPECT_THAT(types(), ElementsAre(0u, 9u, 3u));
-}
-
-TEST_F(InteractivePage, SendsAttachmentsInTheOrderInWhichTheyCame) {
-  addFile("1", "one");
-  EXPECT_TRUE(page.addGeoJSON("3", "three"));
-  EXPECT_TRUE(page.addGeoJSON("1"));
-  EXPECT_TRUE(page.addGeoJSON("2", "two"));
-  EXPECT_TRUE(page.addGeoJSON("3", "again"));
-  page.sendInteractive();
-  std::vector<std::string> pairs;
-  for (auto const& content : contents()) {
-    if (content.type == 14) pairs.push_back(content.bytes + ": ");
-    if (content.type == 15) pairs.back() += inflated(content.bytes);
-  }
-  EXPECT_THAT(pairs, ElementsAre("3: three", "1: one", "2: two", "3: again"));
-}
-
 // --- Description and end record
-
-TEST_F(InteractivePage, WithoutADescriptionHasTheTranslatedDefaultWhichTheDocumentDoesNotKeep) {
-  recorder.services().texts->texts["Description not set"] = "Größe fehlt";
-  xInteractive plain;
-  plain.sendInteractive();
-  EXPECT_EQ(bytesOf(0), "Größe fehlt");
-  EXPECT_EQ(bytesOf(9), "Grosse fehlt");
-  EXPECT_EQ(contents().at(0).identifier, 318);
-  EXPECT_EQ(plain.GetDescription().toUTF8(), "");
-}
 
 TEST_F(InteractivePage, WithADescriptionDoesNotLookTheDefaultUp) {
   page.sendInteractive();
@@ -305,17 +246,6 @@ TEST_F(InteractivePage, TracesItsDescriptionThoughItFails) {
   recorder.failAt(Operation::IpcPutC, 1);
   page.sendInteractive();
   EXPECT_THAT(recorder.trace(), ElementsAre("Größe"));
-}
-
-TEST_F(InteractivePage, HasTheEditorOfInteractiveContent) {
-  page.sendInteractive();
-  EXPECT_EQ(endRecord(contents()), (EndRecord{0, 3}));
-}
-
-TEST_F(InteractivePage, HasTheEditorThatWasSet) {
-  page.setEditor(XDocument::EditorDefault);
-  page.sendInteractive();
-  EXPECT_EQ(endRecord(contents()), (EndRecord{0, 1}));
 }
 
 // --- Failures
@@ -429,6 +359,17 @@ TEST_F(InteractivePage, LetsThroughWhatTheHostThrowsWhereItLooksUpADescription) 
        Operation::LanguageCode, put(0), put(9), Operation::PrintDebugInfo, put(3)},
       [this] { page.sendInteractive(); });
 }
+
+/// What it has in common with other documents sent on their own side.
+struct InteractivePages {
+  using Document = xInteractive;
+  static bool send(Document& document) { return document.sendInteractive(); }
+  static constexpr int editor = 3;
+  static constexpr bool keepsDefault = false;
+};
+
+INSTANTIATE_TYPED_TEST_SUITE_P(Interactive, SentAlone, InteractivePages);
+INSTANTIATE_TYPED_TEST_SUITE_P(Interactive, Attachments, InteractivePages);
 
 // --- What it inherits
 
