@@ -102,9 +102,8 @@ function planOf(element: ChartElement, scope: Scope): Plan | null {
   const kind = kindOf(element, scope);
   const lookKind: LookKind = kind === 'errors' ? 'error' : element.kind;
   const weights = data.weights(first.source);
-  if (weights && (kind === 'boxes' || kind === 'dots')) {
-    const what = kind === 'boxes' ? 'Boxes' : 'Stacked dots';
-    notes.push(`${what} show each row once: the weights of the cases do not enter them.`);
+  if (weights && kind === 'dots') {
+    notes.push('Stacked dots show each row once: the weights of the cases do not enter them.');
   }
   const ranges = rangesOf(element, chart, data);
   const ranged = ranges.map((range) => range.aesthetic);
@@ -323,8 +322,9 @@ function boxShapes(places: Places, rows: ArrayLike<number>, scope: Scope): Shape
   if (!values) return [];
   const shapes: Shape[] = [];
   for (const [x, members] of placesOf(places, rows)) {
-    const kept = members.filter((row) => !Number.isNaN(values.numbers[row]!));
-    const box = boxOf(kept.map((row) => values.numbers[row]!));
+    const kept = members.filter((row) => !Number.isNaN(values.numbers[row]!) && places.weight(row) > 0);
+    const weights = places.plan.weights ? kept.map((row) => places.weight(row)) : null;
+    const box = boxOf({ values: kept.map((row) => values.numbers[row]!), weights });
     if (!box) continue;
     const outlier = (at: number, extreme: boolean): BoxShape['outliers'][number] => ({
       value: values.numbers[kept[at]!]!,

@@ -62,19 +62,26 @@ export function meanOf(sample: Weighted): number | null {
   return weights > 0 ? sumOf(sample) / weights : null;
 }
 
-function medianOf(sample: Weighted): number | null {
-  if (sample.weights === null) return median(sample.values) ?? null;
+/**
+ * The value below which that share of the cases lies, or the middle of the two that it lies between. Null of
+ * nothing.
+ */
+export function weightedQuantile(sample: Weighted, share: number): number | null {
   const pairs: [number, number][] = [];
   each(sample, (value, weight) => pairs.push([value, weight]));
   pairs.sort((a, b) => a[0] - b[0]);
-  const half = sum(pairs, ([, weight]) => weight) / 2;
+  const reach = sum(pairs, ([, weight]) => weight) * share;
   let before = 0;
   for (let at = 0; at < pairs.length; at += 1) {
     before += pairs[at]![1];
-    if (before > half) return pairs[at]![0];
-    if (before === half) return (pairs[at]![0] + (pairs[at + 1]?.[0] ?? pairs[at]![0])) / 2;
+    if (before > reach) return pairs[at]![0];
+    if (before === reach) return (pairs[at]![0] + (pairs[at + 1]?.[0] ?? pairs[at]![0])) / 2;
   }
   return null;
+}
+
+function medianOf(sample: Weighted): number | null {
+  return sample.weights === null ? (median(sample.values) ?? null) : weightedQuantile(sample, 0.5);
 }
 
 /** Mean, standard deviation with n - 1, and number of the values that are there. */

@@ -301,6 +301,22 @@ describe('boxes and error bars', () => {
     for (const text of texts) expect(order.indexOf(text) < firstLink).toBe(halos.includes(text));
   });
 
+  test('boxes of weighted cases are drawn as those of the cases that they stand for', () => {
+    const box = '<schema><tukeyStatistic/><x variable="k"/><y variable="b"/></schema>';
+    const boxed = (b: number[], rest: string, w = b.map(() => 1)) => {
+      const drawn = picture({ k: b.map(() => 1), b, w }, box, { categorical: { k: ['all'] }, rest });
+      return { notes: drawn.drawn.notes, shapes: drawn.marks('rect').concat(drawn.marks('link')) };
+    };
+    const outlines = ({ shapes }: ReturnType<typeof boxed>) => shapes.map((shape) => shape.outerHTML);
+    const weight = '<sourceVariable id="weight" source="s" sourceName="w" weight="true"/>';
+    // The last row counts nothing, so that it is no outlier either.
+    const weighted = boxed([1, 4, 5, 9, 90], weight, [3, 1, 2, 4, 0]);
+    const repeated = boxed([1, 1, 1, 4, 5, 5, 9, 9, 9, 9], '');
+    expect(outlines(weighted)).toEqual(outlines(repeated));
+    expect(outlines(repeated)).not.toEqual(outlines(boxed([1, 4, 5, 9], '')));
+    expect(weighted.notes).toEqual([]);
+  });
+
   test('error bars reach as far as the confidence interval, and say so', () => {
     const drawn = picture(
       { k: [1, 1, 1, 1, 1], b: [1, 2, 3, 4, 5] },

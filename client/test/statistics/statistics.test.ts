@@ -102,11 +102,38 @@ suite('boxes', () => {
 
   test('tell outliers from extremes', () => {
     // Hinges 2.5 and 4: inner fences at 0.25 and 6.25, outer ones at -2 and 8.5.
-    const box = boxOf([1, 2, 3, 4, 5, 7, 2, 4, 11, 3, 3, 2, 4, 3, 3])!;
+    const box = boxOf({ values: [1, 2, 3, 4, 5, 7, 2, 4, 11, 3, 3, 2, 4, 3, 3], weights: null })!;
     expect([box.lowerHinge, box.median, box.upperHinge]).toEqual([2.5, 3, 4]);
     expect(box.outliers).toEqual([5]);
     expect(box.extremes).toEqual([8]);
     expect([box.lowest, box.highest]).toEqual([1, 5]);
+  });
+
+  const figures = (values: number[], weights: number[] | null) => {
+    const box = boxOf({ values, weights })!;
+    return [box.lowest, box.lowerHinge, box.median, box.upperHinge, box.highest];
+  };
+
+  test('of weighted cases are those of the cases that they stand for', () => {
+    for (let size = 1; size <= 40; size += 1) {
+      const values = Array.from({ length: size }, (_, at) => (at * 7919) % 31);
+      const weights = values.map((_, at) => 1 + ((at * 13) % 4));
+      const repeated = values.flatMap((value, at) => Array<number>(weights[at]!).fill(value));
+      expect(figures(values, weights)).toEqual(figures(repeated, null));
+    }
+  });
+
+  test('of weights that are no whole numbers stand at the quartiles, whatever the unit of the weights', () => {
+    const values = [4, 1, 3, 2, 5];
+    const weights = [0.5, 1.5, 2, 0.25, 1];
+    expect(figures(values, weights)).toEqual([1, 1, 3, 4, 5]);
+    const tenths = weights.map((weight) => weight / 10);
+    expect(figures(values, tenths)).toEqual(figures(values, weights));
+  });
+
+  test('name an outlier once whatever it counts', () => {
+    const box = boxOf({ values: [1, 2, 3, 4, 40], weights: [5, 5, 5, 5, 3] })!;
+    expect([box.outliers, box.extremes]).toEqual([[], [4]]);
   });
 });
 
