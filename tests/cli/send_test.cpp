@@ -140,6 +140,29 @@ TEST_F(Send, ShowsDatesThatAreCategoriesAsTheTableHasThem) {
                         "to=\"2020-01-03\"/>[ \n]*</format>"));
 }
 
+TEST_F(Send, TellsThatAVariableHoldsDates) {
+  write("birds.csv", "species,length\nAdelie,2020-01-02\nGentoo,2020-01-03\n");
+  ASSERT_EQ(send({"--data", "birds.csv"}).exit, 0);
+  EXPECT_EQ(column(0, 2, 2).front(), 1577923200);
+  EXPECT_THAT(chartText(), HasSubstr(" inputDateFormatPattern=\"yyyy-MM-dd\""));
+  write("birds.csv", "species,length\nAdelie,2020-01-02T10:00:00\nGentoo,2020-01-03\n");
+  ASSERT_EQ(send({"--data", "birds.csv"}).exit, 0);
+  EXPECT_THAT(chartText(), HasSubstr(" inputDateFormatPattern=\"yyyy-MM-dd'T'HH:mm:ss.SSS\""));
+  write("birds.csv", "species,length\nAdelie,181\nGentoo,190\n");
+  ASSERT_EQ(send({"--data", "birds.csv"}).exit, 0);
+  EXPECT_THAT(chartText(), testing::Not(HasSubstr("inputDateFormatPattern")));
+}
+
+TEST_F(Send, LeavesThePatternOfDatesThatAChartHas) {
+  std::string dated = birdsChart;
+  dated.replace(dated.find("sourceName=\"length\""), 19,
+                "sourceName=\"length\" inputDateFormatPattern=\"dd/MM/yy\"");
+  write("chart.xml", dated);
+  write("birds.csv", "species,length\nAdelie,2020-01-02\n");
+  ASSERT_EQ(send({"--data", "birds.csv"}).exit, 0);
+  EXPECT_THAT(chartText(), HasSubstr(" inputDateFormatPattern=\"dd/MM/yy\""));
+}
+
 TEST_F(Send, CountsTheRowsForACaseNumber) {
   std::string counted = birdsChart;
   counted.replace(counted.find("\"length\""), 8, "\"$CASENUM\"");

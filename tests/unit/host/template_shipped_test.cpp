@@ -110,12 +110,16 @@ TEST_F(LookTest, TheDarkLookIsLightOnDark) {
   EXPECT_THAT(styledWith("color", "#FFFFFF"), ElementsAre("label_title_1s"));
 }
 
-TEST_F(LookTest, ThePrintLookHasNoColorAndAPatternForEachGroup) {
+TEST_F(LookTest, ThePrintLookHasNoColorAndAPatternAndASymbolForEachGroup) {
   applyText(shipped("default_look"));
   applyText(shipped("print_grey"));
   std::set<std::string> patterns;
   for (std::string const& pattern : cycleOf("styleCycle_1", "pattern")) patterns.insert(pattern);
   EXPECT_EQ(patterns.size(), 6u);
+  std::set<std::string> symbols;
+  for (std::string const& symbol : cycleOf("styleCycle_1", "symbol")) symbols.insert(symbol);
+  EXPECT_EQ(symbols.size(), 6u);
+  EXPECT_EQ(symbols.count("(absent)"), 0u);
   std::regex const grey("#(..)\\1\\1|transparent");
   for (char const* const attribute : {"color", "color2"}) {
     EXPECT_THAT(valuesIn(chart->text(), attribute), Not(IsEmpty()));

@@ -12,6 +12,8 @@
 #include "model/document.h"
 #include "model/variables.h"
 
+#include <xercesc/dom/DOM.hpp>
+
 #include <algorithm>
 #include <cstdlib>
 #include <map>
@@ -160,6 +162,13 @@ void showDates(LumoSourceVariable& variable, CsvTable const& table, std::size_t 
   }
 }
 
+/// What tells a client that numbers of seconds are dates, where the chart does not say so itself.
+void tellDates(LumoSourceVariable& variable, Column const& column) {
+  if (variable.getImplementation()->hasAttribute(u"inputDateFormatPattern")) return;
+  bool const timed = column.type == ColumnType::DateTime;
+  variable.setInputDateFormatPattern(timed ? u"yyyy-MM-dd'T'HH:mm:ss.SSS" : u"yyyy-MM-dd");
+}
+
 /// The cells of a column as the chart takes them.
 std::vector<double> cellsOf(LumoSourceVariable& variable, CsvTable const& table, std::size_t index,
                             std::string const& file) {
@@ -174,6 +183,7 @@ std::vector<double> cellsOf(LumoSourceVariable& variable, CsvTable const& table,
   if (!isText && (!variable.getCategorical() || categories.empty())) {
     bool const isDate = column.type == ColumnType::Date || column.type == ColumnType::DateTime;
     if (isDate && variable.getCategorical()) showDates(variable, table, index, column);
+    if (isDate && !variable.getCategorical()) tellDates(variable, column);
     return std::move(column.values);
   }
   return categoryCells(categories, table, index, column);
