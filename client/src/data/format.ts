@@ -7,7 +7,7 @@ const minus = '\u2212';
 export function decimalsOf(value: number, most = 10): number {
   for (let decimals = 0; decimals < most; decimals += 1) {
     const factor = 10 ** decimals;
-    if (Math.abs(Math.round(value * factor) / factor - value) < Math.abs(value) * 1e-9) return decimals;
+    if (Math.abs(Math.round(value * factor) / factor - value) <= Math.abs(value) * 1e-9) return decimals;
   }
   return most;
 }
@@ -58,6 +58,38 @@ export function mostDecimals(format: Format | null): number | null {
   const pattern = format?.pattern ? numberPattern(format.pattern) : null;
   const most = format?.maximumFractionDigits ?? pattern?.most ?? null;
   return most === null ? null : most + (pattern?.percent ? 2 : 0);
+}
+
+/** How often a number is shown: a hundred times by patterns of percents. */
+export function shownFactor(format: Format | null): number {
+  return format?.pattern && numberPattern(format.pattern)?.percent ? 100 : 1;
+}
+
+const noFormat: Format = {
+  errorCharacter: null,
+  maximumFractionDigits: null,
+  minimumFractionDigits: null,
+  pattern: null,
+  prefix: '',
+  suffix: '',
+  grouping: null,
+  relabels: new Map(),
+};
+
+/** The format with exactly so many decimals, whatever it says of them. */
+export function withDecimals(format: Format | null, decimals: number): Format {
+  const digits = clampDigits(decimals);
+  return { ...(format ?? noFormat), minimumFractionDigits: digits, maximumFractionDigits: digits };
+}
+
+/** As many decimals for all numbers as they need, as far as their format and `most` let them have these. */
+export function commonDecimals(values: number[], format: Format | null, most: number): number {
+  const pattern = format?.pattern ? numberPattern(format.pattern) : null;
+  const factor = shownFactor(format);
+  const needed = values.reduce((digits, value) => Math.max(digits, decimalsOf(value * factor, most)), 0);
+  const highest = format?.maximumFractionDigits ?? pattern?.most ?? Infinity;
+  const lowest = format?.minimumFractionDigits ?? pattern?.least ?? 0;
+  return Math.min(highest, Math.max(lowest, needed));
 }
 
 /** From here on digits are too many to be read. */

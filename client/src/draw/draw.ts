@@ -7,7 +7,7 @@ import { frameTexts } from './frames.js';
 import { compileGraph, type CompiledGraph } from './graph.js';
 import { ownTexts } from './looks.js';
 import { hashOf, Maker } from './svg.js';
-import { dataTable } from './table.js';
+import { dataTable, type DataTable } from './table.js';
 import { wrap } from './text.js';
 import { chartNotes } from './unhonoured.js';
 
@@ -22,7 +22,7 @@ export interface Drawn {
   /** What of the chart could not be drawn; shown beside it. */
   notes: string[];
   /** What the chart shows as rows: labels, relabelled and formatted values; at most 10,000 rows. */
-  dataTable: { header: string[]; rows: (string | number | null)[][] };
+  dataTable: DataTable;
 }
 
 export interface DrawOptions {
@@ -79,7 +79,8 @@ function drawFailure(reason: string, received: Received, maker: Maker): Drawn {
     maker.text(wrap(title, width - 24, ownTexts.title), 12, 30, ownTexts.title),
     maker.text(wrap(reason, width - 24, ownTexts.subtitle), 12, 80, ownTexts.subtitle),
   );
-  return { svg, width, height, title, notes: [reason], dataTable: { header: [], rows: [] } };
+  const table: DataTable = { header: [], numeric: [], rows: [] };
+  return { svg, width, height, title, notes: [reason], dataTable: table };
 }
 
 /** Graphs that cannot be compiled leave the others as they are. */

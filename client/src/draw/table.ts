@@ -1,6 +1,7 @@
 /** What a chart shows as rows of a table. */
-import type { Data } from '../data/columns.js';
-import { numberText } from '../data/format.js';
+import type { Format } from '../chart/model.js';
+import type { Data, Values } from '../data/columns.js';
+import { commonDecimals, mergeFormats, numberText, shownFactor, withDecimals } from '../data/format.js';
 import { summaries } from '../statistics/summary.js';
 import type { CompiledGraph } from './graph.js';
 import type { Direction } from './directions.js';
@@ -9,20 +10,57 @@ import type { Panel } from './panels.js';
 
 export interface DataTable {
   header: string[];
-  rows: (string | number | null)[][];
+  /** The columns that have numbers. */
+  numeric: boolean[];
+  /** Texts as they are shown; null is a missing value. */
+  rows: (string | null)[][];
 }
 
 const mostRows = 10_000;
 
-type Cells = Map<string, string | number | null>;
+/** Numbers get their decimals when all of their column are known. */
+interface NumberCell {
+  numbers: number[];
+  /** What stands between several numbers. */
+  between: string;
+  format: Format | null;
+  /** A computed figure has no more digits than can be read; one of the data is shown as it is. */
+  computed: boolean;
+}
 
-function placeText(
+type Cell = string | NumberCell | null;
+type Cells = Map<string, Cell>;
+
+const computed = (...numbers: number[]): NumberCell => ({
+  numbers,
+  between: ' to ',
+  format: null,
+  computed: true,
+});
+
+const knownFormats = new WeakMap<Direction, Map<Values, Format | null>>();
+
+/** Always the same object, by which cells of one format are known. */
+function formatOf(direction: Direction, values: Values, compiled: CompiledGraph): Format | null {
+  const known = knownFormats.get(direction) ?? new Map<Values, Format | null>();
+  knownFormats.set(direction, known);
+  if (!known.has(values)) {
+    const domain = compiled.chart.domains.get(direction.dimension?.domain ?? '');
+    known.set(values, mergeFormats(domain?.format, values.variable.format));
+  }
+  return known.get(values)!;
+}
+
+function placeCell(
   direction: Direction,
   value: number,
-  values: Direction['values'][number] | undefined,
-): string {
-  if (direction.kind === 'category') return direction.texts[Math.round(value)] ?? '';
-  return values ? values.textOf(value) : numberText(value, null, '');
+  values: Values | undefined,
+  compiled: CompiledGraph,
+): Cell {
+  if (direction.kind === 'category') return direction.texts[Math.round(value)] ?? null;
+  if (values && (values.kind !== 'number' || values.variable.date)) return values.textOf(value);
+  const format = values ? formatOf(direction, values, compiled) : null;
+  return format?.relabels.get(String(value)) ?? { numbers: [value], between: '', format, computed: false };
 }
 
 /** Null of a blend, which has no values of its own. */
@@ -31,41 +69,55 @@ const single = (id: string, data: Data) => (data.terms(id).length === 1 ? data.v
 const labelOf = (direction: Direction, ids: string[], data: Data, otherwise: string) =>
   (ids[0] && single(ids[0], data)?.variable.label) || direction.values[0]?.variable.label || otherwise;
 
+const valuesOf = (direction: Direction, ids: string[], data: Data) =>
+  (ids[0] ? single(ids[0], data) : null) ?? direction.values[0];
+
+function boxCells({ box, outliers }: NonNullable<Shape['box']>, format: Format | null): Cells {
+  const cell = (...numbers: number[]): NumberCell => ({ numbers, between: ', ', format, computed: false });
+  return new Map<string, Cell>([
+    ['Lowest', cell(box.lowest)],
+    ['Lower hinge', cell(box.lowerHinge)],
+    ['Median', cell(box.median)],
+    ['Upper hinge', cell(box.upperHinge)],
+    ['Highest', cell(box.highest)],
+    ['Outliers', outliers.length > 0 ? cell(...outliers.map(({ value }) => value)) : ''],
+  ]);
+}
+
+/** What stands along y: values as they are, or a figure computed of them or of the rows. */
+function valueCells(shape: Shape, layer: Layer, compiled: CompiledGraph, data: Data): Cells {
+  const { y } = compiled;
+  const { element } = layer;
+  const summary = summaries.get(element.summary ?? (layer.binned ? 10 : -1));
+  const name = element.y.length > 0 ? labelOf(y, element.y, data, 'y') : '';
+  const column = [summary?.words, name].filter((part) => part).join(' of ') || 'Value';
+  const values = valuesOf(y, element.y, data);
+  const format = values && summary?.ofValues ? formatOf(y, values, compiled) : null;
+  const figure = (value: number): NumberCell => ({ ...computed(value), format });
+  const raw = values && !summary && !element.density;
+  const cells: Cells = new Map([[column, raw ? placeCell(y, shape.y, values, compiled) : figure(shape.y)]]);
+  if (shape.y1 !== undefined && element.y.length > 1) {
+    cells.set(`${column} to`, placeCell(y, shape.y2!, values, compiled));
+  }
+  if (shape.low !== undefined) cells.set('95% from', figure(shape.low)).set('95% to', figure(shape.high!));
+  return cells;
+}
+
 function describe(shape: Shape, layer: Layer, compiled: CompiledGraph, data: Data): Cells {
   const cells: Cells = new Map();
   const { x, y } = compiled;
   const { element } = layer;
-  const own = (ids: string[], direction: Direction) =>
-    (ids[0] ? single(ids[0], data) : null) ?? direction.values[0];
-  const number = (value: number) => numberText(value, null, '');
   if (element.x.length > 0) {
     const name = labelOf(x, element.x, data, 'x');
-    if (layer.binned) cells.set(name, `${number(shape.x1!)} to ${number(shape.x2!)}`);
-    else cells.set(name, placeText(x, shape.x, own(element.x, x)));
+    if (layer.binned) cells.set(name, computed(shape.x1!, shape.x2!));
+    else cells.set(name, placeCell(x, shape.x, valuesOf(x, element.x, data), compiled));
   }
   if (shape.box) {
-    const { box } = shape.box;
-    cells.set('Lowest', number(box.lowest)).set('Lower hinge', number(box.lowerHinge));
-    cells.set('Median', number(box.median)).set('Upper hinge', number(box.upperHinge));
-    cells
-      .set('Highest', number(box.highest))
-      .set('Outliers', shape.box.outliers.map((o) => number(o.value)).join(', '));
-    return cells;
+    const values = valuesOf(y, element.y, data);
+    return new Map([...cells, ...boxCells(shape.box, values ? formatOf(y, values, compiled) : null)]);
   }
   if (layer.kind === 'dots') return cells;
-  const words = summaries.get(element.summary ?? (layer.binned ? 10 : -1))?.words;
-  const name = element.y.length > 0 ? labelOf(y, element.y, data, 'y') : '';
-  const column = [words, name].filter((part) => part).join(' of ') || 'Value';
-  const values = own(element.y, y);
-  cells.set(
-    column,
-    element.density ? number(shape.y) : values && !words ? placeText(y, shape.y, values) : number(shape.y),
-  );
-  if (shape.y1 !== undefined && element.y.length > 1) {
-    cells.set(`${column} to`, placeText(y, shape.y2!, values));
-  }
-  if (shape.low !== undefined) cells.set('95% from', number(shape.low)).set('95% to', number(shape.high!));
-  return cells;
+  return new Map([...cells, ...valueCells(shape, layer, compiled, data)]);
 }
 
 function groupCells(layer: Layer, panel: Panel, compiled: CompiledGraph, data: Data): Cells {
@@ -82,26 +134,80 @@ function groupCells(layer: Layer, panel: Panel, compiled: CompiledGraph, data: D
   return cells;
 }
 
+const isNumbers = (cell: Cell | undefined): cell is NumberCell => typeof cell === 'object' && cell !== null;
+
+const mostDecimals = 6;
+const digitsOfFigures = 6;
+const leastDecimalsOfFigures = 2;
+
+/** Figures have six digits in their largest value, but two decimals at least; data all that they need, up to six. */
+function mostFor(cells: NumberCell[], largest: number): number {
+  if (cells.some((cell) => !cell.computed)) return mostDecimals;
+  const behind = digitsOfFigures - 1 - Math.floor(Math.log10(largest || 1));
+  return Math.min(12, Math.max(leastDecimalsOfFigures, behind));
+}
+
+/** Formats of numbers that have the decimals that all of the column have. */
+function columnFormats(cells: NumberCell[]): Map<Format | null, Format> {
+  const formats = new Map<Format | null, Format>();
+  for (const format of new Set(cells.map((cell) => cell.format))) {
+    const own = cells.filter((cell) => cell.format === format);
+    const numbers = own.flatMap((cell) => cell.numbers).filter(Number.isFinite);
+    const largest = numbers.reduce((most, value) => Math.max(most, Math.abs(value)), 0) * shownFactor(format);
+    formats.set(format, withDecimals(format, commonDecimals(numbers, format, mostFor(own, largest))));
+  }
+  return formats;
+}
+
+function shownNumber(value: number, own: Format | null, column: Format, language: string): string {
+  const fixed = column.maximumFractionDigits ?? 0;
+  // What would be rounded to nothing has an exponent instead.
+  const vanishes = value !== 0 && Math.abs(value * shownFactor(own)) < 0.5 * 10 ** -fixed;
+  const bounded = own?.maximumFractionDigits != null || !!own?.pattern;
+  return numberText(value, vanishes && !bounded ? own : column, language);
+}
+
+function columnTexts(cells: (Cell | undefined)[], language: string): (string | null)[] {
+  const formats = columnFormats(cells.filter(isNumbers));
+  return cells.map((cell) => {
+    if (!isNumbers(cell)) return cell ? cell : null;
+    const { numbers, between, format } = cell;
+    const texts = numbers.map((value) => shownNumber(value, format, formats.get(format)!, language));
+    return texts.join(between) || null;
+  });
+}
+
 /** At most 10,000 rows. */
-export function dataTable(graphs: CompiledGraph[], data: Data): DataTable {
-  const header: string[] = [];
+function rowsOf(graphs: CompiledGraph[], data: Data): Cells[] {
   const rows: Cells[] = [];
   const several = graphs.flatMap((compiled) => compiled.graph.elements).length > 1;
   for (const compiled of graphs) {
-    compiled.panels.forEach((layers, at) => {
+    for (const [at, layers] of compiled.panels.entries()) {
       for (const layer of layers) {
         const shared = groupCells(layer, compiled.grid.panels[at]!, compiled, data);
         for (const shape of layer.shapes) {
-          if (rows.length >= mostRows) return;
+          if (rows.length >= mostRows) return rows;
           const start: Cells = several
             ? new Map([['Element', layer.element.name || layer.element.kind]])
             : new Map();
-          const cells = new Map([...start, ...shared, ...describe(shape, layer, compiled, data)]);
-          for (const name of cells.keys()) if (!header.includes(name)) header.push(name);
-          rows.push(cells);
+          rows.push(new Map([...start, ...shared, ...describe(shape, layer, compiled, data)]));
         }
       }
-    });
+    }
   }
-  return { header, rows: rows.map((cells) => header.map((name) => cells.get(name) ?? null)) };
+  return rows;
+}
+
+/** The numbers of a column have equally many decimals. */
+export function dataTable(graphs: CompiledGraph[], data: Data): DataTable {
+  const rows = rowsOf(graphs, data);
+  const header = [...new Set(rows.flatMap((cells) => [...cells.keys()]))];
+  const language = graphs[0]?.chart.language ?? '';
+  const columns = header.map((name) => rows.map((cells) => cells.get(name)));
+  const texts = columns.map((cells) => columnTexts(cells, language));
+  return {
+    header,
+    numeric: columns.map((cells) => cells.some(isNumbers) && cells.every((cell) => !cell || isNumbers(cell))),
+    rows: rows.map((_, row) => texts.map((column) => column[row]!)),
+  };
 }

@@ -12,13 +12,18 @@ export function element<Name extends keyof HTMLElementTagNameMap>(
   return made;
 }
 
-/** A table with a caption, as screen readers want it: the head of each column has its scope. */
+/**
+ * A table with a caption, as screen readers want it: the head of each column has its scope. Columns of numbers, which
+ * `numeric` tells or their values, stand at the right.
+ */
 export function table(
   caption: string,
   header: readonly string[],
   rows: readonly (readonly (string | number | null)[])[],
+  numeric?: readonly boolean[],
 ): HTMLTableElement {
-  const isNumber = header.map((_, index) => rows.every((row) => looksLikeNumber(row[index] ?? null)));
+  const isNumber =
+    numeric ?? header.map((_, index) => rows.every((row) => typeof (row[index] ?? 0) === 'number'));
   const heads = header.map((text, index) => {
     const kind: Record<string, string> = rows.length > 0 && isNumber[index] ? { class: 'number' } : {};
     return element('th', { scope: 'col', ...kind }, text);
@@ -31,13 +36,15 @@ export function table(
   return element('table', {}, element('caption', {}, caption), element('thead', {}, head), body);
 }
 
-/** Formatted numbers are texts; they stand below each other all the same. */
-function looksLikeNumber(value: string | number | null): boolean {
-  return typeof value !== 'string' || /^[-\u2212]?[\d.,\u00a0\u202f]+%?$/.test(value);
-}
-
 function cell(value: string | number | null, isNumber: boolean): HTMLTableCellElement {
-  if (value === null) return element('td', { class: 'missing' }, '\u2013');
   const attributes: Record<string, string> = isNumber ? { class: 'number' } : {};
-  return element('td', attributes, String(value));
+  if (value !== null) return element('td', attributes, String(value));
+  // Few screen readers say anything of a dash.
+  const dash = element('span', { 'aria-hidden': 'true' }, '\u2013');
+  return element(
+    'td',
+    { class: isNumber ? 'missing number' : 'missing' },
+    dash,
+    element('span', { class: 'unseen' }, 'no value'),
+  );
 }

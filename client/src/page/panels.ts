@@ -49,12 +49,12 @@ function otherTexts(contents: readonly Content[]): HTMLElement {
 const mostRows = 10_000;
 
 function dataTable(drawn: Drawn): HTMLElement {
-  const { header, rows } = drawn.dataTable;
+  const { header, rows, numeric } = drawn.dataTable;
   const caption =
     rows.length < mostRows
       ? `The data of the chart, ${count(rows.length, 'row')}`
       : `The first ${count(rows.length, 'row')} of the data`;
-  return region(caption, table(caption, header, rows));
+  return region(caption, table(caption, header, rows, numeric));
 }
 
 function markup(text: string): HTMLElement {

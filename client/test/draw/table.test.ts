@@ -1,0 +1,82 @@
+import { describe, expect, test } from 'vitest';
+import { picture } from './chart.js';
+
+const points = '<point><x variable="a"/><y variable="b"/></point>';
+const columnOf = (drawn: ReturnType<typeof picture>, name: string) => {
+  const { header, rows } = drawn.drawn.dataTable;
+  return rows.map((row) => row[header.indexOf(name)]);
+};
+const formatted = (format: string) =>
+  `<sourceVariable id="f" source="s" sourceName="b" label="the f"><format ${format}/></sourceVariable>`;
+const along = (b: (number | null)[], format: string) =>
+  columnOf(
+    picture({ a: b.map((_, at) => at), b }, points.replace('"b"', '"f"'), { rest: formatted(format) }),
+    'the f',
+  );
+
+describe('numbers of a column', () => {
+  test('have as many decimals as one of them needs', () => {
+    const drawn = picture({ a: [1, 2, 3], b: [1.5, 20, -0.25] }, points);
+    expect(columnOf(drawn, 'the b')).toEqual(['1.50', '20.00', '\u22120.25']);
+    expect(columnOf(drawn, 'the a')).toEqual(['1', '2', '3']);
+    expect(drawn.drawn.dataTable.numeric).toEqual([true, true]);
+  });
+
+  test('have no more than six, and an exponent where they would vanish', () => {
+    const drawn = picture({ a: [1 / 3, 2, 3], b: [1e-9, 0.5, 0] }, points);
+    expect(columnOf(drawn, 'the a')).toEqual(['0.333333', '2.000000', '3.000000']);
+    expect(columnOf(drawn, 'the b')).toEqual(
+      ['1e-9', '0.5', '0.0'].map((text) => expect.stringContaining(text)),
+    );
+  });
+
+  test('have those that their format gives them', () => {
+    expect(along([1.25, 2, 3.123], 'maximumFractionDigits="1"')).toEqual(['1.3', '2.0', '3.1']);
+    expect(along([1, 2], 'minimumFractionDigits="2" suffix=" kg"')).toEqual(['1.00 kg', '2.00 kg']);
+    expect(along([0.125, 0.5], 'pattern="0.##%"')).toEqual(['12.5%', '50.0%']);
+    expect(along([1234, 5.5], 'pattern="$#,##0.00"')).toEqual(['$1,234.00', '$5.50']);
+  });
+
+  test('are relabelled where their format says so', () => {
+    const drawn = picture({ a: [1, 2], b: [9, 1.5] }, points.replace('"b"', '"f"'), {
+      rest: formatted('').replace('<format />', '<format><relabel from="9" to="many"/></format>'),
+    });
+    expect(columnOf(drawn, 'the f')).toEqual(['many', '1.5']);
+    expect(drawn.drawn.dataTable.numeric).toEqual([true, false]);
+  });
+
+  test('that are computed have six digits, and two decimals at least', () => {
+    const means = (b: number[]) =>
+      columnOf(
+        picture(
+          { a: [1, 1, 1, 2, 2], b },
+          '<interval><x variable="a"/><y variable="b"/><summaryStatistic method="2"/></interval>',
+        ),
+        'mean of the b',
+      );
+    expect(means([1, 1, 2, 3, 4])).toEqual(['1.33333', '3.50000']);
+    expect(means([1e6, 1e6, 1e6 + 1, 7, 8])).toEqual(['1000000.33', '7.50']);
+    expect(means([1, 2, 3, 3, 5])).toEqual(['2', '4']);
+  });
+
+  test('that are missing are null', () => {
+    const drawn = picture({ a: [1, 2, 3], b: [1, null, 3] }, points.replaceAll('point', 'line'));
+    expect(columnOf(drawn, 'the b')).toEqual(['1', null, '3']);
+  });
+
+  test('stand beside texts in columns of their own', () => {
+    const drawn = picture(
+      { k: [1, 2], b: [1.5, 2] },
+      '<interval><x variable="k"/><y variable="b"/></interval>',
+      { categorical: { k: ['one', 'two'] } },
+    );
+    expect(drawn.drawn.dataTable).toEqual({
+      header: ['the k', 'the b'],
+      numeric: [false, true],
+      rows: [
+        ['one', '1.5'],
+        ['two', '2.0'],
+      ],
+    });
+  });
+});
