@@ -49,7 +49,7 @@ function readTicks(markup: Markup | null, styleOf: StyleOf): Ticks | null {
     style: styleOf(markup.reference('style')),
     markStyle: styleOf(markup.reference('markStyle')),
     frameStyle: styleOf(markup.reference('tickFrameStyle')),
-    base: markup.length('base'),
+    base: markup.text('base'),
     delta: markup.number('delta'),
     angle: markup.number('labelAngle'),
     frequency: markup.number('labelFrequency'),

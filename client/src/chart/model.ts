@@ -183,7 +183,8 @@ export interface Ticks {
   style: Style;
   markStyle: Style;
   frameStyle: Style;
-  base: Length | null;
+  /** A value at which there is a tick: a number, a date, or a share of the axis such as 50%. */
+  base: string | null;
   delta: number | null;
   angle: number | null;
   frequency: number | null;

@@ -82,6 +82,21 @@ export function withDecimals(format: Format | null, decimals: number): Format {
   return { ...(format ?? noFormat), minimumFractionDigits: digits, maximumFractionDigits: digits };
 }
 
+/** The format without a word on decimals; only percents, which are shown a hundredfold, then have so many. */
+export function withoutDecimals(format: Format, decimals: number): Format {
+  const pattern = format.pattern ? numberPattern(format.pattern) : null;
+  if (pattern?.percent) return withDecimals(format, Math.max(0, decimals - 2));
+  return {
+    ...format,
+    maximumFractionDigits: null,
+    minimumFractionDigits: null,
+    pattern: null,
+    prefix: format.prefix + (pattern?.prefix ?? ''),
+    suffix: (pattern?.suffix ?? '') + format.suffix,
+    grouping: format.grouping ?? pattern?.grouping ?? null,
+  };
+}
+
 /** As many decimals for all numbers as they need, as far as their format and `most` let them have these. */
 export function commonDecimals(values: number[], format: Format | null, most: number): number {
   const pattern = format?.pattern ? numberPattern(format.pattern) : null;

@@ -2,7 +2,16 @@
 import { tickIncrement, ticks as roundValues, utcTicks } from 'd3';
 import { pixels } from '../chart/markup.js';
 import type { Format, Ticks } from '../chart/model.js';
-import { dateText, decimalsOf, mergeFormats, mostDecimals, numberText, readNumber } from '../data/format.js';
+import {
+  dateText,
+  decimalsOf,
+  mergeFormats,
+  mostDecimals,
+  numberText,
+  readNumber,
+  withoutDecimals,
+} from '../data/format.js';
+import { placeOf } from './directions.js';
 import type { DrawnScale } from './scales.js';
 import { lineHeight, shorten, textWidth, widest, wrap, type TextLook } from './text.js';
 
@@ -26,6 +35,13 @@ function linearTicks(low: number, high: number, wanted: number): number[] {
   if (low === high || !Number.isFinite(increment) || increment === 0)
     return low === high ? [low] : [low, high];
   return roundValues(low, high, wanted);
+}
+
+/** Round steps from a base that is no multiple of them. */
+function basedTicks(values: number[], low: number, high: number, base: number): number[] {
+  const step = values.length > 1 ? values[1]! - values[0]! : 0;
+  const off = step > 0 ? base / step - Math.round(base / step) : 0;
+  return Math.abs(off) < 1e-6 ? values : steppedTicks(low, high, step, base);
 }
 
 /** No finer than the decimals that numbers may have, as far as there is such a value at all. */
@@ -98,7 +114,11 @@ function decimalsBetween(values: number[]): number {
   const even = values.every(
     (value, at) => at === 0 || Math.abs(value - values[at - 1]! - step) < step * 1e-6,
   );
-  if (even && step > 0) return decimalsOf(step, 15);
+  if (even && step > 0) {
+    const ofStep = decimalsOf(step, 15);
+    // A base may be finer than the step; three digits tell its ticks apart from the values beside them.
+    return Math.max(ofStep, decimalsOf(values[0]!, Math.min(15, ofStep + 3)));
+  }
   return Math.max(0, ...values.map((value) => decimalsOf(value, 15)));
 }
 
@@ -128,8 +148,7 @@ function numberTicks(
   const ticks = trueTicks(values, format, language);
   const shown = ticks.map(({ value }) => value);
   if (ticks.length === values.length || !format || isScale(shown, low, high)) return ticks;
-  const free = { ...format, maximumFractionDigits: null, minimumFractionDigits: null, pattern: null };
-  return trueTicks(values, free, language);
+  return trueTicks(values, withoutDecimals(format, decimalsBetween(values)), language);
 }
 
 /** Numbers with true texts between two bounds. */
@@ -143,25 +162,37 @@ export function ticksBetween(
   return numberTicks(shownTicks(low, high, wanted, format), format, language, [low, high]);
 }
 
+/** The value at which there is a tick: one of the data, or a share of the axis. Null where the chart names none. */
+export function baseOf(
+  settings: Ticks | null,
+  { direction, domain: [low, high] }: DrawnScale,
+): number | null {
+  const text = settings?.base?.trim() ?? '';
+  const [, number = text, unit = ''] = /^(.*?)\s*(%|px|pt|mm|cm|in)$/.exec(text) ?? [];
+  const share = Number(number) / 100;
+  if (unit === '%') return Number.isNaN(share) ? null : low + share * (high - low);
+  return placeOf(direction, number);
+}
+
 /** All ticks for `wanted` labels at most; the text of a date is by the chart's pattern. */
 export function ticksOf(scale: DrawnScale, settings: Ticks | null, wanted: number, language: string): Tick[] {
   const format = tickFormat(settings, scale);
   const [low, high] = scale.domain;
   if (scale.direction.kind === 'category') return categoryTicks(scale);
-  const base = settings?.base && settings.base.unit !== '%' ? settings.base.value : 0;
+  const base = baseOf(settings, scale);
   const delta = settings?.delta;
   if (scale.direction.kind === 'date') {
     const values =
-      delta && delta > 0 ? steppedTicks(low, high, delta, base || low) : dateTicks(low, high, wanted);
+      delta && delta > 0 ? steppedTicks(low, high, delta, base ?? low) : dateTicks(low, high, wanted);
     const pattern = format?.pattern ?? datePattern(values);
     return values.map((value) => ({ value, text: dateText(value, pattern, language) }));
   }
   const stepped = delta && delta > 0 && (high - low) / delta <= mostTicks;
   const values = stepped
-    ? steppedTicks(low, high, delta, base)
+    ? steppedTicks(low, high, delta, base ?? 0)
     : scale.method === 'log'
       ? logTicks(low, high, scale.base, wanted)
-      : shownTicks(low, high, Math.max(2, wanted), format);
+      : basedTicks(shownTicks(low, high, Math.max(2, wanted), format), low, high, base ?? 0);
   return numberTicks(values, format, language, [low, high]);
 }
 

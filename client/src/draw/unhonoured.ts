@@ -17,7 +17,7 @@ import type { LayerKind } from './layers.js';
 import type { Orientation } from './orientation.js';
 import type { PanelGrid } from './panels.js';
 import type { DrawnScale } from './scales.js';
-import { mostTicks } from './ticks.js';
+import { baseOf, mostTicks } from './ticks.js';
 
 /** The type of contents that are maps. */
 const mapContent = 10;
@@ -222,8 +222,23 @@ export function flatNotes(graph: Graph): string[] {
   return spatial.map((guide) => `The ${guide.kind} guide ${guide.name || guide.id} is not drawn.`);
 }
 
+/** Ticks that cannot stand where the chart wants one; at 0 there is one anyway. */
+function baseNotes(scale: DrawnScale): string[] {
+  const { direction } = scale;
+  const based = (direction.dimension?.axes ?? []).some(({ ticks }) => {
+    const base = ticks?.base ? baseOf(ticks, scale) : 0;
+    const stepped = direction.kind === 'number' ? scale.method !== 'log' : direction.kind === 'date';
+    return (
+      base === null || (base !== 0 && !(stepped && (ticks!.delta !== null || direction.kind === 'number')))
+    );
+  });
+  return based ? [`Ticks along ${direction.name} do not stand at the base that the chart wants.`] : [];
+}
+
 /** Ticks whose distance cannot be had. */
-function tickNotes({ direction, domain: [low, high] }: DrawnScale): string[] {
+function tickNotes(scale: DrawnScale): string[] {
+  const { direction, domain } = scale;
+  const [low, high] = domain;
   const deltas = (direction.dimension?.axes ?? []).flatMap((axis) => axis.ticks?.delta ?? []);
   if (deltas.length === 0) return [];
   if (direction.kind === 'category') return [`Ticks along ${direction.name} stand at all categories.`];
@@ -233,7 +248,7 @@ function tickNotes({ direction, domain: [low, high] }: DrawnScale): string[] {
 
 /** Scales that the values do not fit. */
 export function scaleNotes(scales: { x: DrawnScale; y: DrawnScale }, orientation: Orientation): string[] {
-  const notes = [scales.x, scales.y].flatMap(tickNotes);
+  const notes = [scales.x, scales.y].flatMap((scale) => [...tickNotes(scale), ...baseNotes(scale)]);
   for (const { direction } of [scales.x, scales.y]) {
     const wanted = direction.dimension?.scale?.method ?? 'linear';
     const what = direction.kind === 'date' ? 'Dates' : 'Categories';

@@ -52,6 +52,36 @@ describe('numbers at ticks', () => {
     expect(texts).toContain('2e299');
   });
 
+  test('keep what a pattern has before and behind them where its decimals are too few', () => {
+    const ticks = (a: number[], format: string) =>
+      picture({ a, b: a }, points, {
+        rest: whole('a').replace('maximumFractionDigits="0"', format),
+      }).textsOf('x axis');
+    expect(ticks([7.1, 7.2, 7.3], 'pattern="$#,##0"')).toContain('$7.20');
+    expect(ticks([7.1, 7.2, 7.3], 'pattern="0 kg" prefix="~"')).toContain('~7.20 kg');
+    expect(ticks([0.001, 0.002, 0.003], 'pattern="0%"')).toContain('0.20%');
+    expect(ticks([1234.1, 1234.2, 1234.3], 'pattern="#,##0"')).toContain('1,234.20');
+  });
+
+  test('stand at their base', () => {
+    const based = (settings: string, a = [0, 1, 2, 3, 4], extent = '<range min="0" max="4" exact="true"/>') =>
+      picture({ a, b: a }, points.replace('whole', 'a'), {
+        coordinates: `<dimension domain="d"><axis><majorTicks ${settings}/></axis></dimension><dimension/>`,
+        rest: `<intervalDomain id="d">${extent}</intervalDomain>`,
+      });
+    const texts = (settings: string) => based(settings).textsOf('x axis');
+    expect(texts('delta="1" base="0.25"')).toEqual(['0.25', '1.25', '2.25', '3.25']);
+    expect(texts('delta="1.5" base="50%"')).toEqual(['0.5', '2.0', '3.5']);
+    expect(texts('base="0.2"')).toEqual(['0.2', '0.7', '1.2', '1.7', '2.2', '2.7', '3.2', '3.7']);
+    expect(texts('base="0"')).toEqual(based('').textsOf('x axis'));
+    const millions = based('delta="1" base="2000000"', [2e6, 2e6 + 4], '');
+    expect(millions.textsOf('x axis')).toContain('2000000');
+    expect(millions.notes).toEqual([]);
+    expect(based('base="soon"').notes).toEqual([
+      'Ticks along x do not stand at the base that the chart wants.',
+    ]);
+  });
+
   test('are never cut where they stand upright', () => {
     const rest =
       '<sourceVariable id="whole" source="s" sourceName="b"><format minimumFractionDigits="14" suffix=" of a unit with a long name"/></sourceVariable>';
