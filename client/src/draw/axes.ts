@@ -6,8 +6,9 @@ import { none, safeColor } from './colors.js';
 import { ownTexts } from './looks.js';
 import type { DrawnScale } from './scales.js';
 import type { Maker } from './svg.js';
-import { lineHeight, textLook, wrap, type TextLook } from './text.js';
-import { layoutAcross, layoutUpright, tickLength, type Tick, type TickLayout } from './ticks.js';
+import { labelsBeside, type Neighbours, type PanelLabels } from './neighbours.js';
+import { atMost, lineHeight, textLook, wrap, type TextLook } from './text.js';
+import { askedLabels, layoutAcross, layoutUpright, tickLength, type Tick, type TickLayout } from './ticks.js';
 
 export type AxisPlace = 'bottom' | 'top' | 'left' | 'right';
 
@@ -22,8 +23,10 @@ export interface DrawnAxis {
   title: string[];
   /** What the axis takes beside the panels, in pixels. */
   room: number;
-  /** Labels that those of the panel beside it stand for. */
-  hidden?: (tick: Tick, scale: DrawnScale) => boolean;
+  /** What other axes take between it and the panels, in pixels. */
+  offset: number;
+  /** The labels beside the panel of that number in its row, from the low end. */
+  labels: (index: number) => PanelLabels;
 }
 
 const gapToLabels = 4;
@@ -35,16 +38,37 @@ export function labelLookOf(axis: Axis): TextLook {
   return textLook(axis.ticks?.style ?? {}, ownTexts.tickLabel);
 }
 
-/** Finds room for an axis beside a panel that is `length` long, its title beside all panels. */
+/** What an axis is called in names and notes. */
+const axisName = ({ axis, scale }: Pick<DrawnAxis, 'axis' | 'scale'>) =>
+  plainText(axis.label) || scale.direction.name;
+
+const mostTitleLines = 3;
+
+function titleOf(axis: Axis, length: number, look: TextLook): string[] {
+  const text = axis.label?.style.visible === false ? '' : plainText(axis.label);
+  return text === '' ? [] : atMost(wrap(text, length, look), mostTitleLines);
+}
+
+const isShortened = (lines: string[], text: string) =>
+  (lines[lines.length - 1] ?? '').endsWith('\u2026') && !text.endsWith('\u2026');
+
+/** The room that an axis has, in pixels. */
+export interface AxisRoom {
+  /** Of one panel, and of all of them with what their title may have more. */
+  length: number;
+  titleLength: number;
+  /** The most that names of categories take. */
+  labels: number;
+  neighbours: Neighbours;
+}
+
+/** Finds room for an axis beside a panel, its title beside all panels. */
 export function layoutAxis(
   axis: Axis,
   scale: DrawnScale,
   place: AxisPlace,
   ticks: Tick[],
-  length: number,
-  wholeLength: number,
-  mostRoom: number,
-  gap = Infinity,
+  { length, titleLength, labels: mostRoom, neighbours }: AxisRoom,
 ): DrawnAxis {
   const labelLook = labelLookOf(axis);
   const titleLook = { ...textLook(axis.label?.style ?? {}, ownTexts.axisLabel), align: 'middle' as const };
@@ -53,9 +77,8 @@ export function layoutAxis(
   const settings = axis.ticks && axis.ticks.angle ? { ...axis.ticks, angle: -axis.ticks.angle } : axis.ticks;
   const layout = upright
     ? layoutUpright(ticks, scale, length, settings, labelLook, mostRoom)
-    : layoutAcross(ticks, scale, length, settings, labelLook, mostRoom, gap);
-  const text = axis.label?.style.visible === false ? '' : plainText(axis.label);
-  const title = text === '' ? [] : wrap(text, wholeLength, titleLook);
+    : layoutAcross(ticks, scale, length, settings, labelLook, mostRoom);
+  const title = titleOf(axis, titleLength, titleLook);
   const labels = axis.ticks?.style.visible === false ? 0 : layout.depth + gapToLabels;
   const room =
     tickLength(axis.ticks) +
@@ -71,7 +94,39 @@ export function layoutAxis(
     titleLook,
     title,
     room: axis.ticks ? room : room - labels,
+    offset: 0,
+    labels: labelsBeside(layout, scale, length, upright, labelLook, neighbours),
   };
+}
+
+/** Axes on one side stand one behind the other. */
+export function behindEachOther(axes: DrawnAxis[]): DrawnAxis[] {
+  const taken: Partial<Record<AxisPlace, number>> = {};
+  return axes.map((drawn) => {
+    const offset = taken[drawn.place] ?? 0;
+    taken[drawn.place] = offset + drawn.room;
+    return { ...drawn, offset };
+  });
+}
+
+/** Says what of titles and of names of categories is not to be read. */
+export function axisNotes(axes: DrawnAxis[]): string[] {
+  return axes.flatMap((drawn) => {
+    const { axis, layout, ticks, title, scale } = drawn;
+    const name = axisName(drawn);
+    const notes = isShortened(title, plainText(axis.label))
+      ? [`The title of the ${scale.direction.name} axis is shortened.`]
+      : [];
+    if (scale.direction.kind !== 'category' || !axis.ticks || axis.ticks.style.visible === false)
+      return notes;
+    const cut = layout.lines.filter((lines, at) => isShortened(lines, ticks[at]!.text)).length;
+    const shown = layout.lines.filter((lines) => lines.length > 0).length - drawn.labels(0).lost;
+    const out = askedLabels(ticks, axis.ticks) - shown;
+    const labels = (count: number) => `${count} ${count === 1 ? 'label' : 'labels'} of the axis ${name}`;
+    if (cut > 0) notes.push(`${labels(cut)} ${cut === 1 ? 'is' : 'are'} shortened.`);
+    if (out > 0) notes.push(`${labels(out)} ${out === 1 ? 'has' : 'have'} no room.`);
+    return notes;
+  });
 }
 
 function strokeAttributes(
@@ -91,28 +146,35 @@ export const frameColor = '#9a9a9a';
 const leastBetweenMarks = 4;
 
 /** Ticks that would merge stand only where a label is. */
-function distinctMarks({ ticks, layout, scale }: DrawnAxis, length: number): Tick[] {
+function distinctMarks({ ticks, scale }: DrawnAxis, lines: string[][], length: number): Tick[] {
   const places = ticks.map(({ value }) => scale.unit(value) * length).sort((a, b) => a - b);
   const close = places.some((place, at) => at > 0 && place - places[at - 1]! < leastBetweenMarks);
-  return close ? ticks.filter((_, at) => layout.lines[at]!.length > 0) : ticks;
+  return close ? ticks.filter((_, at) => lines[at]!.length > 0) : ticks;
 }
 
-/** Labels of one axis beside one panel whose corner is at 0, 0. */
+/** Where an axis runs beside a panel, and which way is away from it. */
+function edgeOf({ place, offset }: DrawnAxis, width: number, height: number) {
+  const outward = place === 'bottom' || place === 'right' ? 1 : -1;
+  const near = place === 'bottom' ? height : place === 'right' ? width : 0;
+  return { outward, edge: near + outward * offset };
+}
+
+/** The axis beside one panel whose corner is at 0, 0, and which is at `index` of its row from the low end. */
 export function drawTicks(
   drawn: DrawnAxis,
+  index: number,
   width: number,
   height: number,
   maker: Maker,
   framed: boolean,
 ): SVGElement {
   const { axis, place, scale, ticks, layout, labelLook } = drawn;
-  const text = plainText(axis.label);
-  const group = maker.group(`${text || scale.direction.name} axis`, 'group');
+  const group = maker.group(`${axisName(drawn)} axis`, 'group');
   const upright = isUpright(place);
   const length = upright ? height : width;
   const at = (value: number) => (upright ? (1 - scale.unit(value)) * length : scale.unit(value) * length);
-  const edge = place === 'bottom' ? height : place === 'right' ? width : 0;
-  const outward = place === 'bottom' || place === 'right' ? 1 : -1;
+  const { edge, outward } = edgeOf(drawn, width, height);
+  const labels = drawn.labels(index);
   // A frame around the panel stands for the line, unless the chart has given that a look.
   if (axis.style.visible !== false && (!framed || axis.style.color)) {
     const d = upright ? `M${edge},0 V${height}` : `M0,${edge} H${width}`;
@@ -121,7 +183,8 @@ export function drawTicks(
     );
   }
   const size = tickLength(axis.ticks);
-  const marks = axis.ticks?.markStyle.visible === false || !axis.ticks ? [] : distinctMarks(drawn, length);
+  const marks =
+    axis.ticks?.markStyle.visible === false || !axis.ticks ? [] : distinctMarks(drawn, labels.lines, length);
   if (marks.length > 0 && size > 0) {
     const d = marks.map(({ value }) => {
       const place = Math.round(at(value) * 100) / 100;
@@ -137,17 +200,20 @@ export function drawTicks(
   }
   if (!axis.ticks || axis.ticks.style.visible === false) return group;
   const from = edge + outward * (size + gapToLabels);
-  layout.lines.forEach((lines, index) => {
-    const hidden = drawn.hidden?.(ticks[index]!, scale) ?? false;
-    if (hidden || lines.length === 0 || lines.every((line) => line === '')) return;
-    const where = at(ticks[index]!.value);
-    group.append(
-      upright
-        ? uprightLabel(lines, from, where, outward, layout.angle, labelLook, maker)
-        : acrossLabel(lines, where, from, outward, layout, index, labelLook, maker),
-    );
+  labels.lines.forEach((lines, which) => {
+    if (lines.every((line) => line === '')) return;
+    const { value, text } = ticks[which]!;
+    const label = upright
+      ? uprightLabel(lines, from, at(value), outward, layout.angle, labelLook, maker)
+      : acrossLabel(lines, at(value), from, outward, layout, which, labelLook, maker);
+    group.append(isShortened(lines, text) ? withWhole(label, text, maker) : label);
   });
   return group;
+}
+
+/** A shortened text, with the whole one for who points at it or has it read out. */
+function withWhole(shown: SVGElement, text: string, maker: Maker): SVGElement {
+  return maker.make('g', {}, [maker.make('title', {}, [text]), shown]);
 }
 
 function uprightLabel(
@@ -198,8 +264,16 @@ export function drawAxisTitle(
   height: number,
   maker: Maker,
 ): SVGElement | null {
-  const { title, titleLook, place, room } = drawn;
+  const { title, axis } = drawn;
   if (title.length === 0) return null;
+  const shown = titleText(drawn, width, height, maker);
+  const text = plainText(axis.label);
+  return isShortened(title, text) ? withWhole(shown, text, maker) : shown;
+}
+
+function titleText(drawn: DrawnAxis, width: number, height: number, maker: Maker): SVGElement {
+  const { title, titleLook, place, offset } = drawn;
+  const room = drawn.room + offset;
   const block = title.length * lineHeight(titleLook);
   const ascent = titleLook.size * 0.95;
   if (place === 'bottom') return maker.text(title, width / 2, height + room - block + ascent, titleLook);

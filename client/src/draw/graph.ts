@@ -2,6 +2,8 @@
 import type { Axis, Graph } from '../chart/model.js';
 import { pixels } from '../chart/markup.js';
 import {
+  axisNotes,
+  behindEachOther,
   drawAxisTitle,
   drawTicks,
   frameColor,
@@ -25,6 +27,7 @@ import {
 } from './headers.js';
 import type { Layer } from './layers.js';
 import { ownTexts } from './looks.js';
+import type { Neighbours } from './neighbours.js';
 import { isReflected, orientationOf, type Orientation } from './orientation.js';
 import type { Rectangle } from './page.js';
 import { panelGrid, type Panel, type PanelGrid } from './panels.js';
@@ -33,7 +36,7 @@ import { drawPanel, type GridLines, type PanelFrame } from './plot.js';
 import { position } from './positions.js';
 import { baselineOf, equalUnits, scaleOf, withFunctions, type DrawnScale } from './scales.js';
 import type { Maker } from './svg.js';
-import { fitsAcross, reachBeyond, ticksOf, wantedTicks, wholeOnly, type Tick } from './ticks.js';
+import { fittingTicks, reachBeyond, wholeOnly, type Tick } from './ticks.js';
 import { flatNotes, panelNotes, scaleNotes } from './unhonoured.js';
 import type { Data } from '../data/columns.js';
 import type { Chart } from '../chart/model.js';
@@ -133,46 +136,52 @@ function ticksFor(
   length: number,
   upright: boolean,
 ): Tick[] {
-  const { language } = compiled.chart;
-  const look = labelLookOf(axis);
-  let wanted = wantedTicks(scale, axis.ticks, length, upright, look, language);
-  let ticks = ticksOf(scale, axis.ticks, wanted, language);
-  // Fewer ticks are better than ticks of which some have no label.
-  const thins = !upright && scale.direction.kind !== 'category' && !axis.ticks?.delta;
-  while (thins && wanted > 2 && !fitsAcross(ticks, scale, length, look)) {
-    wanted -= 1;
-    ticks = ticksOf(scale, axis.ticks, wanted, language);
-  }
+  const ticks = fittingTicks(scale, axis.ticks, length, upright, labelLookOf(axis), compiled.chart.language);
   return compiled.counts && scale.direction.name === 'y' && !axis.derived ? wholeOnly(ticks) : ticks;
+}
+
+/** How the panels follow each other from left to right, or from the lowest one upwards. */
+function neighboursOf(compiled: CompiledGraph, { gapX, gapY }: PanelSize, upright: boolean): Neighbours {
+  const counts = countsOf(compiled.grid);
+  const count = upright ? counts.rows : counts.columns;
+  const screen = upright ? 1 : 0;
+  const lowest = upright && (compiled.graph.layout?.topDown ?? true) ? count - 1 : 0;
+  const [first, second] = [lowest, lowest === 0 ? 1 : lowest - 1].map((place) =>
+    isReflected(compiled.orientation, screen, place),
+  );
+  const mirrored = first !== second;
+  return { count, gap: upright ? gapY : gapX, mirrored, turned: mirrored ? !first : first! };
 }
 
 function axesOf(
   compiled: CompiledGraph,
   scales: Layout['scales'],
-  { width, height, gapX }: PanelSize,
+  size: PanelSize,
   whole: Rectangle,
 ): DrawnAxis[] {
   if (compiled.orientation.polar) return [];
   const { transposed } = compiled.orientation;
-  const several = countsOf(compiled.grid).columns > 1;
-  const gap = several && gapX > 2 ? gapX : Infinity;
-  return (['x', 'y'] as const).flatMap((name) =>
+  const counts = countsOf(compiled.grid);
+  const extent = (upright: boolean) =>
+    upright
+      ? counts.rows * (size.height + size.gapY) - size.gapY
+      : counts.columns * (size.width + size.gapX) - size.gapX;
+  const axes = (['x', 'y'] as const).flatMap((name) =>
     (compiled[name].dimension?.axes ?? []).map((axis): DrawnAxis => {
       const place = placeOfAxis(axis, name, transposed);
       const upright = isUpright(place);
-      const length = upright ? height : width;
+      const length = upright ? size.height : size.width;
       const scale = axis.derived ? derivedScale(compiled, scales[name]) : scales[name];
       const ticks = axis.ticks ? ticksFor(compiled, axis, scale, length, upright) : [];
-      const across = upright ? whole.height : whole.width;
-      const drawn = layoutAxis(axis, scale, place, ticks, length, across, whole.width * 0.3, gap);
-      return !upright && several && gapX <= 2 ? { ...drawn, hidden: touchesNext } : drawn;
+      return layoutAxis(axis, scale, place, ticks, {
+        length,
+        titleLength: extent(upright) + edgeRoom,
+        labels: whole.width * 0.3,
+        neighbours: neighboursOf(compiled, size, upright),
+      });
     }),
   );
-}
-
-/** Where panels touch, what stands at their common edge is written once, by the panel before it. */
-function touchesNext(tick: Tick, scale: DrawnScale): boolean {
-  return scale.unit(tick.value) < 0.01 && !scale.inverted;
+  return behindEachOther(axes);
 }
 
 interface PanelSize {
@@ -221,12 +230,15 @@ function roomsOf(
   headers: Layout['headers'],
   named: number,
   width: number,
+  columns: number,
 ): Layout['rooms'] {
   const room = (place: AxisPlace) => axisRoom(axes, place);
   const sideways = axes.filter((axis) => !isUpright(axis.place));
-  const beyond = sideways.map((axis) =>
-    reachBeyond(axis.layout, axis.scale, width, axis.place === 'bottom', axis.labelLook),
-  );
+  const beyond = sideways.map(({ layout, labels, scale, place, labelLook }) => {
+    const reach = (index: number) =>
+      reachBeyond({ ...layout, lines: labels(index).lines }, scale, width, place === 'bottom', labelLook);
+    return { left: reach(0).left, right: reach(columns - 1).right };
+  });
   const overhang = (side: 'left' | 'right') => Math.max(edgeRoom, ...beyond.map((reach) => reach[side] + 4));
   return {
     left: Math.max(room('left') + headers.left.room, overhang('left')) + 2,
@@ -256,9 +268,9 @@ function layoutOf(compiled: CompiledGraph, whole: Rectangle, named: number): Lay
     const upright = (each: Headers) => fitHeaders(each, size.height, size.gapY, whole.width * 0.2);
     const { top, bottom, left, right } = headers;
     headers = { top: across(top), bottom: across(bottom), left: upright(left), right: upright(right) };
-    rooms = roomsOf(axes, headers, named, size.width);
+    rooms = roomsOf(axes, headers, named, size.width, countsOf(grid).columns);
   }
-  compiled.notes.push(...headerNotes(Object.values(headers)));
+  compiled.notes.push(...headerNotes(Object.values(headers)), ...axisNotes(axes));
   const { width, height, gapX, gapY } = panelSize(compiled, whole, rooms);
   const counts = countsOf(compiled.grid);
   const taken = (size: number, gap: number, count: number) => size * count + gap * (count - 1);
@@ -425,7 +437,10 @@ function drawOne(
     const upright = isUpright(axis.place);
     const screen = upright ? 1 : 0;
     const scale = reflected(axis.scale, compiled.orientation, screen, upright ? panel.row : panel.column);
-    group.append(drawTicks({ ...axis, scale }, width, height, maker, several));
+    const index = upright
+      ? layout.rowStarts.filter((start) => start > layout.rowStarts[panel.row]!).length
+      : panel.column;
+    group.append(drawTicks({ ...axis, scale }, index, width, height, maker, several));
   }
   return group;
 }

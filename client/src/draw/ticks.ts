@@ -224,8 +224,9 @@ function depthOf(lines: string[][], angle: number, look: TextLook, stagger: bool
   return across + (stagger ? height : 0);
 }
 
-/** Every n-th label, so that those that stay have room. */
-function thinned(lines: string[][], every: number): string[][] {
+/** Every n-th label, so that those that stay have room; of those alone that the chart asks for. */
+function thinned(lines: string[][], needed: number, frequency: number): string[][] {
+  const every = Math.ceil(needed / frequency) * frequency;
   return lines.map((each, at) => (at % every === 0 ? each : []));
 }
 
@@ -252,37 +253,8 @@ function everyFor(ticks: Tick[], scale: DrawnScale, length: number, need: (text:
   return every;
 }
 
-/**
- * Leaves out the labels that reach farthest, until those of neighbouring panels have room beside each other. They
- * never leave their ticks.
- */
-function withinPanel(
-  layout: TickLayout,
-  scale: DrawnScale,
-  length: number,
-  look: TextLook,
-  gap: number,
-): TickLayout {
-  if (!Number.isFinite(gap) || layout.angle !== 0) return layout;
-  const reaches = layout.lines.map((each, at) => {
-    const place = scale.unit(layout.ticks[at]!.value) * length;
-    const half = widest(each, look) / 2;
-    return { at, left: half - place, right: place + half - length };
-  });
-  let shown = reaches.filter(({ at }) => layout.lines[at]!.length > 0);
-  while (shown.length > 1) {
-    const left = shown.reduce((most, each) => (each.left > most.left ? each : most));
-    const right = shown.reduce((most, each) => (each.right > most.right ? each : most));
-    if (left.left + right.right + gapBetweenLabels <= gap) break;
-    const out = left.left > right.right ? left : right;
-    shown = shown.filter((each) => each !== out);
-  }
-  const kept = new Set(shown.map(({ at }) => at));
-  return { ...layout, lines: layout.lines.map((each, at) => (kept.has(at) ? each : [])) };
-}
-
 /** Whether all labels have room side by side. */
-export function fitsAcross(ticks: Tick[], scale: DrawnScale, length: number, look: TextLook): boolean {
+function fitsAcross(ticks: Tick[], scale: DrawnScale, length: number, look: TextLook): boolean {
   return everyFor(ticks, scale, length, (text) => textWidth(text, look)) <= 1;
 }
 
@@ -327,40 +299,40 @@ export function layoutAcross(
   settings: Ticks | null,
   look: TextLook,
   mostWidth: number,
-  gap = Infinity,
 ): TickLayout {
   const frequency = Math.max(1, Math.round(settings?.frequency ?? 1));
-  const single = thinned(
-    ticks.map((tick) => [tick.text]),
-    frequency,
-  );
+  const whole = ticks.map((tick) => [tick.text]);
+  const single = (needed: number) => thinned(whole, needed, frequency);
   const done = (texts: string[][], angle: number, stagger: boolean): TickLayout => {
     // Turned names leave most of the page to the data.
     const shortened = angle !== 0 && scale.direction.kind === 'category';
     const lines = shortened ? texts.map((each) => each.map((text) => shorten(text, mostWidth, look))) : texts;
-    const layout = { ticks, lines, angle, stagger, depth: depthOf(lines, angle, look, stagger) };
-    return withinPanel(layout, scale, length, look, gap);
+    return { ticks, lines, angle, stagger, depth: depthOf(lines, angle, look, stagger) };
   };
   const stagger = settings?.stagger ?? false;
   const height = lineHeight(look);
   const asked = settings?.angle ?? 0;
   if (asked % 180 !== 0) {
-    const every = everyFor(ticks, scale, length, () => height / Math.abs(Math.sin((asked * Math.PI) / 180)));
-    return done(thinned(single, Math.max(frequency, every)), asked, stagger);
+    const radians = (Math.abs(asked) * Math.PI) / 180;
+    const [sine, cosine] = [Math.abs(Math.sin(radians)), Math.abs(Math.cos(radians))];
+    // Lines of a text beside each other, or short texts one behind the other.
+    const every = everyFor(ticks, scale, length, (text) =>
+      Math.min(height / sine, cosine * textWidth(text, look) + sine * height),
+    );
+    return done(single(every), asked, stagger);
   }
   const needed = everyFor(ticks, scale, length * (stagger ? 2 : 1), (text) => textWidth(text, look));
-  if (needed <= frequency) return done(single, 0, stagger);
-  if (scale.direction.kind !== 'category') return done(thinned(single, needed), 0, stagger);
+  if (needed <= frequency || scale.direction.kind !== 'category') return done(single(needed), 0, stagger);
   const [first = 0, second = first + 1] = ticks.map((tick) => scale.unit(tick.value) * length);
   const room = Math.abs(second - first) - gapBetweenLabels;
   const wrapped = ticks.map((tick) => wrap(tick.text, Math.max(room, 1), look));
-  const whole = ticks.every((tick) => tick.text.split(/\s+/).every((word) => textWidth(word, look) <= room));
-  if (whole && wrapped.every((lines) => lines.length <= 3)) return done(wrapped, 0, false);
+  const fits = ticks.every((tick) => tick.text.split(/\s+/).every((word) => textWidth(word, look) <= room));
+  if (fits && wrapped.every((lines) => lines.length <= 3)) return done(wrapped, 0, false);
   const angle = room + gapBetweenLabels >= height * 1.5 ? -45 : -90;
   const every = everyFor(ticks, scale, length, () =>
     angle === -90 ? height - gapBetweenLabels : height * 1.2 - gapBetweenLabels,
   );
-  return done(thinned(single, Math.max(frequency, every)), angle, false);
+  return done(single(every), angle, false);
 }
 
 const mostLines = 3;
@@ -391,12 +363,13 @@ export function layoutUpright(
   const every = everyFor(ticks, scale, length, () => tallest - gapBetweenLabels + 2);
   const angle = settings?.angle ?? 0;
   const radians = (Math.abs(angle) * Math.PI) / 180;
-  const depth = Math.cos(radians) * widest(lines.flat(), look) + Math.sin(radians) * height;
-  return { ticks, lines: thinned(lines, Math.max(frequency, every)), angle, stagger: false, depth };
+  const depth =
+    Math.abs(Math.cos(radians)) * widest(lines.flat(), look) + Math.abs(Math.sin(radians)) * tallest;
+  return { ticks, lines: thinned(lines, every, frequency), angle, stagger: false, depth };
 }
 
 /** How many labels have room along an axis of numbers or dates. */
-export function wantedTicks(
+function wantedTicks(
   scale: DrawnScale,
   settings: Ticks | null,
   length: number,
@@ -408,6 +381,36 @@ export function wantedTicks(
   const sample = ticksOf(scale, settings, 5, language).map((tick) => tick.text);
   const least = scale.direction.kind === 'date' ? 20 : 40;
   return Math.max(2, Math.min(10, Math.floor(length / (widest(sample, look) + least))));
+}
+
+/** So many are wanted at least: fewer tell little of a scale. */
+const fewTicks = 3;
+
+/** As many ticks as have room with their labels: fewer ticks are better than ticks of which some have no label. */
+export function fittingTicks(
+  scale: DrawnScale,
+  settings: Ticks | null,
+  length: number,
+  upright: boolean,
+  look: TextLook,
+  language: string,
+): Tick[] {
+  const make = (wanted: number) => ticksOf(scale, settings, wanted, language);
+  let wanted = wantedTicks(scale, settings, length, upright, look, language);
+  let ticks = make(wanted);
+  if (scale.direction.kind === 'category' || settings?.delta) return ticks;
+  const fits = (some: Tick[]) => upright || fitsAcross(some, scale, length, look);
+  while (wanted > 2 && !fits(ticks)) ticks = make((wanted -= 1));
+  for (let more = wanted + 1; ticks.length < fewTicks && more <= wanted + fewTicks; more += 1) {
+    const finer = make(more);
+    if (finer.length > ticks.length && fits(finer)) ticks = finer;
+  }
+  return ticks;
+}
+
+/** How many labels are there by the frequency that the chart asks for, of those that it has. */
+export function askedLabels(ticks: Tick[], settings: Ticks | null): number {
+  return Math.ceil(ticks.length / Math.max(1, Math.round(settings?.frequency ?? 1)));
 }
 
 /** The length of a tick in pixels. */

@@ -179,3 +179,169 @@ describe('labels of panels', () => {
     expect(drawn.notes.join()).toContain('shortened');
   });
 });
+
+/** The room of a text along its axis, and what it says; of texts that are not turned. */
+function roomsAlong(group: Element, widthOf: (text: string) => number, startOf: number) {
+  return Array.from(group.querySelectorAll('text')).map((text) => {
+    const middle = startOf + Number(text.getAttribute('x'));
+    const half = widthOf(text.textContent ?? '') / 2;
+    return { text: text.textContent ?? '', from: middle - half, to: middle + half };
+  });
+}
+
+const shiftOf = (element: Element) =>
+  Number(/translate\(([\d.-]+)/.exec(element.getAttribute('transform') ?? '')?.[1] ?? 0);
+
+describe('labels of panels that touch', () => {
+  const texts = ['one', 'two', 'three', 'four'];
+  const panels = (ticks: string, rest: string, x = 'a', extra = '', columns = 4) =>
+    picture(
+      {
+        a: [0, 60, 0, 60, 0, 60, 0, 60],
+        b: [1, 2, 3, 4, 5, 6, 7, 8],
+        c: [1, 2, 1, 2, 1, 2, 1, 2],
+        k: [1, 1, 2, 2, 3, 3, 4, 4].map((code) => ((code - 1) % columns) + 1),
+      },
+      `<point><x variable="${x}"/><y variable="b"/></point><faceting><cross><variableReference ref="k"/></cross></faceting><facetLayout><facetLevel level="1" gap="0%"/></facetLayout>`,
+      {
+        categorical: { k: texts, c: ['a rather long name', 'another long name'] },
+        coordinates: `<dimension domain="d"><axis><majorTicks ${ticks}</majorTicks></axis></dimension><dimension/>${extra}`,
+        rest,
+      },
+    );
+  const range = '<intervalDomain id="d"><range min="0" max="60" exact="true"/></intervalDomain>';
+  const wider = range.replace('min="0" max="60"', 'min="-1" max="61"');
+  const axes = (drawn: Picture) => Array.from(drawn.svg.querySelectorAll('g[aria-label="x axis"]'));
+  const written = (drawn: Picture) =>
+    axes(drawn).map((axis) => Array.from(axis.querySelectorAll('text')).map((text) => text.textContent));
+
+  test('stand once at the edge that they share, and all of them at the outer ones', () => {
+    const drawn = panels('delta="30">', range);
+    expect(written(drawn)).toEqual([
+      ['0', '30'],
+      ['0', '30'],
+      ['0', '30'],
+      ['0', '30', '60'],
+    ]);
+  });
+
+  test('keep 8 pixels from each other', () => {
+    const wide = panels('delta="20"><format suffix=" m"/>', wider);
+    const rooms = axes(wide).flatMap((axis) =>
+      roomsAlong(axis, (text) => text.length * 6, shiftOf(axis.parentNode as Element)),
+    );
+    rooms.slice(1).forEach((room, at) => expect(room.from - rooms[at]!.to).toBeGreaterThanOrEqual(8));
+  });
+
+  test('of mirrored panels stand once where both begin', () => {
+    const mirror = '<reflectionTransform dimension="0" alternating="true"/>';
+    expect(written(panels('delta="30">', range, 'a', mirror, 2))).toEqual([
+      ['0', '30', '60'],
+      ['30', '60'],
+    ]);
+    expect(written(panels('delta="30">', range, 'a', mirror, 3))).toEqual([
+      ['0', '30', '60'],
+      ['30'],
+      ['0', '30', '60'],
+    ]);
+  });
+
+  test('that are turned keep apart, too', () => {
+    // Lines of turned texts are 12 pixels high.
+    const drawn = panels('delta="10" labelAngle="90">', wider);
+    const places = axes(drawn).flatMap((axis) =>
+      Array.from(axis.querySelectorAll('text')).map(
+        (text) => shiftOf(axis.parentNode as Element) + shiftOf(text),
+      ),
+    );
+    places.slice(1).forEach((place, at) => expect(place - places[at]!).toBeGreaterThanOrEqual(20 - 0.1));
+  });
+
+  test('are missing from every second panel where not even one has room', () => {
+    const drawn = panels('delta="30"><format suffix=" thousand miles an hour"/>', range);
+    const counts = written(drawn).map((labels) => labels.length);
+    expect(counts).toEqual([1, 0, 1, 0]);
+  });
+
+  test('of rows keep apart upwards', () => {
+    const drawn = picture(
+      { a: [1, 2, 1, 2], b: [0, 60, 0, 60], k: [1, 1, 2, 2] },
+      '<point><x variable="a"/><y variable="b"/></point><faceting><cross><unity/><variableReference ref="k"/></cross></faceting><facetLayout><facetLevel level="1" gap="0%"/></facetLayout>',
+      {
+        categorical: { k: texts },
+        coordinates: `<dimension/><dimension domain="d"><axis><majorTicks delta="30"/></axis></dimension>`,
+        rest: range,
+      },
+    );
+    const labels = Array.from(drawn.svg.querySelectorAll('g[aria-label="y axis"]')).map((axis) =>
+      Array.from(axis.querySelectorAll('text')).map((text) => text.textContent),
+    );
+    // The panel on top comes first.
+    expect(labels).toEqual([
+      ['0', '30', '60'],
+      ['0', '30'],
+    ]);
+  });
+});
+
+describe('an axis says in a note', () => {
+  const long = 'The quite remarkable length of a name that goes on and on';
+  const axis = (inner: string, place = '', rest = '') =>
+    picture({ k: [1, 2, 3], b: [1, 2, 3] }, '<interval><x variable="k"/><y variable="b"/></interval>', {
+      categorical: { k: [`${long} 1`, `${long} 2`, 'short'] },
+      coordinates: `<dimension><axis>${inner}</axis></dimension><dimension/>${place}`,
+      rest,
+    });
+
+  test('how many of its names are shortened, and has them whole in a title', () => {
+    for (const place of ['', '<transposeTransform/>']) {
+      const drawn = axis(
+        `<label><text>Kind</text></label><majorTicks ${place ? 'style="big"' : 'labelAngle="90"'}/>`,
+        place,
+        '<style id="big" font_size="40px"/>',
+      );
+      expect(drawn.notes).toEqual(['2 labels of the axis Kind are shortened.']);
+      const titles = Array.from(drawn.svg.querySelectorAll('g[aria-label="Kind axis"] title'));
+      expect(titles.map((title) => title.textContent)).toEqual([`${long} 1`, `${long} 2`]);
+    }
+    expect(axis('<majorTicks/>').notes).toEqual([]);
+  });
+
+  test('how many of its names have no room', () => {
+    const many = Array.from({ length: 100 }, (_, at) => at + 1);
+    const bars = (settings: string) =>
+      picture({ k: many }, '<interval><x variable="k"/><summaryStatistic method="10"/></interval>', {
+        categorical: { k: many.map((each) => `Name ${each}`) },
+        coordinates: `<dimension><axis><majorTicks ${settings}/></axis></dimension><dimension/>`,
+      });
+    const drawn = bars('');
+    const shown = drawn.textsOf('x axis').length;
+    expect(drawn.notes).toEqual([`${100 - shown} labels of the axis x have no room.`]);
+    expect(bars('labelFrequency="10"').notes).toEqual([]);
+    expect(bars('labelFrequency="10"').textsOf('x axis')).toHaveLength(10);
+  });
+
+  test('that its title is shortened, which has three lines at most', () => {
+    const words = Array.from({ length: 120 }, (_, at) => `word${at}`).join(' ');
+    const drawn = axis(`<label><text>${words}</text></label><majorTicks/>`);
+    expect(drawn.notes).toContain('The title of the x axis is shortened.');
+    const title = Array.from(drawn.svg.querySelectorAll('title')).find((each) => each.textContent === words)!;
+    const lines = Array.from((title.parentNode as Element).querySelectorAll('tspan'));
+    expect(lines).toHaveLength(3);
+    expect(lines[2]!.textContent).toMatch(/\u2026$/);
+    const labels = drawn.svg.querySelector('g[aria-label$=" axis"]')!.querySelectorAll('tspan, text');
+    const lowest = Math.max(...Array.from(labels).map((label) => Number(label.getAttribute('y'))));
+    expect(Number(lines[0]!.getAttribute('y'))).toBeGreaterThan(lowest + 10);
+    expect(axis('<label><text>A short title</text></label><majorTicks/>').notes).toEqual([]);
+  });
+});
+
+test('axes on one side stand one behind the other', () => {
+  const drawn = picture({ a: [1, 2], b: [1, 2] }, '<point><x variable="a"/><y variable="b"/></point>', {
+    coordinates:
+      '<dimension/><dimension><axis><label><text>One</text></label><majorTicks/></axis><axis><label><text>Two</text></label><majorTicks/></axis></dimension>',
+  });
+  const placeOf = (name: string) =>
+    Number(drawn.svg.querySelector(`g[aria-label="${name} axis"] text`)!.getAttribute('x'));
+  expect(placeOf('Two')).toBeLessThan(placeOf('One') - 30);
+});
