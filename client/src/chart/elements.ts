@@ -87,9 +87,6 @@ function readParts(markup: Markup, styleOf: StyleOf): ChartElement['parts'] {
 }
 
 export function readElement(markup: Markup, styleOf: StyleOf): ChartElement {
-  // Which of two labels goes is decided by showCollidingLabels alone.
-  markup.text('labelCollisionHandling');
-  markup.text('dot');
   const summary = markup.child('summaryStatistic');
   return {
     kind: markup.name as ElementKind,
@@ -110,5 +107,7 @@ export function readElement(markup: Markup, styleOf: StyleOf): ChartElement {
     density: markup.child('distributionStatistic') !== null,
     tukey: markup.child('tukeyStatistic') !== null,
     showCollidingLabels: markup.flag('showCollidingLabels') ?? false,
+    collisions: markup.number('labelCollisionHandling'),
+    dot: markup.flag('dot') ?? false,
   };
 }

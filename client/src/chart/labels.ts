@@ -8,16 +8,26 @@ export type StyleOf = (id: string) => Style;
 
 const parts: Part[] = ['left', 'right', 'top', 'bottom', 'width', 'height'];
 
-/** Methods of a location by their numbers; others are the client's own. */
+/** Methods of a location by their numbers. */
 const methods: Record<number, Location['method']> = { 0: 'value', 1: 'client', 3: 'target' };
 
+function readLocation(markup: Markup): Location[] {
+  const number = markup.number('part');
+  const part = parts[number ?? -1];
+  const which = markup.number('method') ?? 0;
+  const method = methods[which];
+  const location = { value: markup.length('value'), target: markup.reference('target') };
+  if (!part) {
+    markup.note(number === null ? 'A place says of no part.' : `The part ${number} of a place is not known.`);
+    return [];
+  }
+  if (!method) markup.note(`The method ${which} of a place is not known; this client finds one.`);
+  if (method === 'value' && !location.value) markup.note(`A place of the ${part} has no value.`);
+  return [{ part, method: method ?? 'client', ...location }];
+}
+
 export function readLocations(markup: Markup): Location[] {
-  return markup.children('location').flatMap((each) => {
-    const part = parts[each.number('part') ?? -1];
-    const method = methods[each.number('method') ?? 0] ?? 'client';
-    const location = { method, value: each.length('value'), target: each.reference('target') };
-    return part ? [{ part, ...location }] : [];
-  });
+  return markup.children('location').flatMap(readLocation);
 }
 
 function readPieces(markup: Markup): LabelPiece[] {

@@ -19,6 +19,8 @@ const elementNode = 1;
 
 /** What of a chart's text was read so far. */
 export class Reading {
+  /** What was read, but cannot be done; a sentence for each. */
+  readonly notes: string[] = [];
   private readonly elements = new Set<Element>();
   private readonly attributes = new Map<Element, Set<string>>();
 
@@ -113,9 +115,15 @@ export class Markup {
       .map((child) => new Markup(child, this.reading));
   }
 
-  /** The first child of this name. */
+  /** The first child of this name; further ones are not read. */
   child(name: string): Markup | null {
-    return this.children(name)[0] ?? null;
+    const found = elementsOf(this.element).find((child) => child.localName === name);
+    return found ? new Markup(found, this.reading) : null;
+  }
+
+  /** What of this element is read, but cannot be done. */
+  note(sentence: string): void {
+    this.reading.notes.push(sentence);
   }
 
   /** The text within the element. */

@@ -218,6 +218,10 @@ export interface ChartElement {
   density: boolean;
   tukey: boolean;
   showCollidingLabels: boolean;
+  /** What happens to labels that would cover each other, by a number of clients. */
+  collisions: number | null;
+  /** Whether it is to be drawn as dots. */
+  dot: boolean;
 }
 
 export type AestheticKind = 'color' | 'shape' | 'pattern' | 'dash' | 'size' | 'transparency' | 'styleBy';
@@ -235,6 +239,7 @@ export interface Aesthetic {
 }
 
 export interface Labeling {
+  /** The variable whose values are shown; without one those along the dimension at that position are. */
   variable: string;
   dimension: number;
   style: Style;

@@ -93,5 +93,5 @@ export function readChart(text: string, parseXml: (text: string) => Document): R
       target: each.reference('target'),
     })),
   };
-  return { chart, notes: [...notes, ...reading.leftovers(element)] };
+  return { chart, notes: [...notes, ...reading.notes, ...reading.leftovers(element)] };
 }

@@ -1,13 +1,13 @@
 /** Axes as they are drawn beside panels: line, ticks, labels, and title. */
 import { pixels } from '../chart/markup.js';
-import type { Axis } from '../chart/model.js';
+import type { Axis, Style } from '../chart/model.js';
 import { plainText } from '../chart/labels.js';
 import { none, safeColor } from './colors.js';
 import { ownTexts } from './looks.js';
 import type { DrawnScale } from './scales.js';
 import type { Maker } from './svg.js';
 import { labelsBeside, type Neighbours, type PanelLabels } from './neighbours.js';
-import { atMost, lineHeight, textLook, wrap, type TextLook } from './text.js';
+import { atMost, lineHeight, textLook, widest, wrap, type TextLook } from './text.js';
 import { askedLabels, layoutAcross, layoutUpright, tickLength, type Tick, type TickLayout } from './ticks.js';
 
 export type AxisPlace = 'bottom' | 'top' | 'left' | 'right';
@@ -117,6 +117,7 @@ export function axisNotes(axes: DrawnAxis[]): string[] {
     const notes = isShortened(title, plainText(axis.label))
       ? [`The title of the ${scale.direction.name} axis is shortened.`]
       : [];
+    if (axis.ticks?.stagger && !layout.stagger) notes.push(`Labels of the axis ${name} are not staggered.`);
     if (scale.direction.kind !== 'category' || !axis.ticks || axis.ticks.style.visible === false)
       return notes;
     const cut = layout.lines.filter((lines, at) => isShortened(lines, ticks[at]!.text)).length;
@@ -129,13 +130,13 @@ export function axisNotes(axes: DrawnAxis[]): string[] {
   });
 }
 
-function strokeAttributes(
-  style: { color?: string; strokeWidth?: import('../chart/markup.js').Length },
-  otherwise: string,
-) {
+function strokeAttributes(style: Style, otherwise: string) {
   return {
     stroke: safeColor(style.color) ?? otherwise,
     'stroke-width': style.strokeWidth ? pixels(style.strokeWidth, 1) : 1,
+    'stroke-dasharray': style.dashes?.length ? style.dashes.map((dash) => pixels(dash, 1)).join(' ') : null,
+    'stroke-linecap': style.lineCap ?? null,
+    'stroke-opacity': style.opacity ?? null,
     fill: none,
   };
 }
@@ -257,29 +258,50 @@ function acrossLabel(
   return maker.text(lines, x, first, { ...look, align: 'middle' });
 }
 
+/** The room around all panels, in pixels. */
+type Rooms = Record<AxisPlace, number>;
+
 /** The title of an axis beside all panels, which reach from 0, 0 to width, height. */
 export function drawAxisTitle(
   drawn: DrawnAxis,
   width: number,
   height: number,
+  rooms: Rooms,
   maker: Maker,
 ): SVGElement | null {
   const { title, axis } = drawn;
   if (title.length === 0) return null;
-  const shown = titleText(drawn, width, height, maker);
+  const shown = titleText(drawn, width, height, rooms, maker);
   const text = plainText(axis.label);
   return isShortened(title, text) ? withWhole(shown, text, maker) : shown;
 }
 
-function titleText(drawn: DrawnAxis, width: number, height: number, maker: Maker): SVGElement {
+const edge = 3;
+
+/** In the middle of the panels, or beside it where a title is longer than these and would leave the page. */
+function middleOf(
+  { title, titleLook, place }: DrawnAxis,
+  width: number,
+  height: number,
+  rooms: Rooms,
+): number {
+  const half = widest(title, titleLook) / 2;
+  const within = (at: number, low: number, high: number) => Math.max(low, Math.min(at, high));
+  return isUpright(place)
+    ? within(height / 2, half - rooms.top + edge, height + edge - half)
+    : within(width / 2, half - rooms.left + edge, width + rooms.right - edge - half);
+}
+
+function titleText(drawn: DrawnAxis, width: number, height: number, rooms: Rooms, maker: Maker): SVGElement {
   const { title, titleLook, place, offset } = drawn;
   const room = drawn.room + offset;
   const block = title.length * lineHeight(titleLook);
   const ascent = titleLook.size * 0.95;
-  if (place === 'bottom') return maker.text(title, width / 2, height + room - block + ascent, titleLook);
-  if (place === 'top') return maker.text(title, width / 2, -room + ascent, titleLook);
+  const middle = middleOf(drawn, width, height, rooms);
+  if (place === 'bottom') return maker.text(title, middle, height + room - block + ascent, titleLook);
+  if (place === 'top') return maker.text(title, middle, -room + ascent, titleLook);
   const x = place === 'left' ? -room : width + room;
   const turn = place === 'left' ? -90 : 90;
-  const transform = `translate(${Math.round(x * 100) / 100},${height / 2}) rotate(${turn})`;
+  const transform = `translate(${Math.round(x * 100) / 100},${middle}) rotate(${turn})`;
   return maker.text(title, 0, ascent, titleLook, { transform });
 }

@@ -188,7 +188,7 @@ function variedOf(plan: Plan, rows: ArrayLike<number>): Varied | null {
 
 function labelOf(plan: Plan, row: number, scope: Scope): string | undefined {
   const labeling = plan.element.labeling[0];
-  if (!labeling || labeling.style.visible === false) return undefined;
+  if (!labeling || labeling.variable === '' || labeling.style.visible === false) return undefined;
   const values = scope.data.values(labeling.variable);
   return values?.textOf(values.numbers[row] ?? NaN, labeling.format ?? values.variable.format);
 }

@@ -1,5 +1,6 @@
 /** Labels beside what is drawn: where they stand, and which of them have room. */
-import type { BoxShape, Layer } from './layers.js';
+import { mergeFormats, numberText } from '../data/format.js';
+import type { BoxShape, Layer, Shape } from './layers.js';
 import { ownTexts } from './looks.js';
 import type { Canvas } from './marks.js';
 import { lineHeight, textLook, textWidth, type TextLook } from './text.js';
@@ -27,6 +28,19 @@ function joinedLabels({ outliers }: BoxShape): { value: number; text: string }[]
   return [...texts].map(([value, labels]) => ({ value, text: labels.join(', ') }));
 }
 
+/** The value along the dimension that labels without a variable show. */
+function labelAlong(layer: Layer, shape: Shape, canvas: Canvas): string {
+  const labeling = layer.element.labeling[0];
+  if (!labeling || labeling.variable !== '' || labeling.dimension > 1) return '';
+  const { direction } = labeling.dimension === 0 ? canvas.x : canvas.y;
+  const value = labeling.dimension === 0 ? shape.x : shape.y;
+  if (Number.isNaN(value)) return '';
+  if (direction.kind === 'category') return direction.texts[Math.round(value)] ?? '';
+  const format = mergeFormats(labeling.format, direction.format);
+  const [values] = direction.values;
+  return values ? values.textOf(value, format) : numberText(value, format, '');
+}
+
 function candidatesOf(layer: Layer, canvas: Canvas): Candidate[] {
   const upright = layer.kind === 'bars' ? (canvas.transposed ? 'right' : 'above') : 'right';
   const candidates: Candidate[] = [];
@@ -41,8 +55,9 @@ function candidatesOf(layer: Layer, canvas: Canvas): Candidate[] {
       // Neighbours stand on both sides, so that those of almost one place can be read.
       const sides = canvas.transposed ? (['above', 'below'] as const) : (['right', 'left'] as const);
       joinedLabels(shape.box).forEach(({ value, text }, at) => add(shape.x, value, text, sides[at % 2]!));
-    } else if (shape.label) {
-      add(shape.x, shape.y2 ?? shape.y, shape.label, upright);
+    } else {
+      const text = shape.label ?? labelAlong(layer, shape, canvas);
+      if (text !== '') add(shape.x, shape.y2 ?? shape.y, text, upright);
     }
   }
   return candidates;
@@ -90,10 +105,14 @@ export function placeLabels(canvas: Canvas, layer: Layer, notes: string[]): Plac
   const candidates = all.slice(0, mostLabels);
   if (layer.element.showCollidingLabels) return candidates;
   const taken: Room[] = symbolRooms(layer, canvas);
-  return candidates.filter((label) => {
+  const placed = candidates.filter((label) => {
     const room = roomOf(label, look);
     if (taken.some((other) => overlap(room, other))) return false;
     taken.push(room);
     return true;
   });
+  const name = layer.element.name || layer.element.id || layer.element.kind;
+  if (placed.length < candidates.length)
+    notes.push(`Labels of ${name} that would cover others are left out.`);
+  return placed;
 }

@@ -9,7 +9,7 @@ import { ownTexts } from './looks.js';
 import { hashOf, Maker } from './svg.js';
 import { dataTable, type DataTable } from './table.js';
 import { wrap } from './text.js';
-import { chartNotes } from './unhonoured.js';
+import { chartNotes, contentNotes } from './unhonoured.js';
 
 /** A chart as a picture, and what a reader gets beside it. */
 export interface Drawn {
@@ -77,10 +77,15 @@ function drawFailure(reason: string, received: Received, maker: Maker): Drawn {
   svg.append(
     maker.make('rect', { width, height, fill: '#ffffff' }),
     maker.text(wrap(title, width - 24, ownTexts.title), 12, 30, ownTexts.title),
-    maker.text(wrap(reason, width - 24, ownTexts.subtitle), 12, 80, ownTexts.subtitle),
+    maker.text(
+      [reason, ...contentNotes(received)].flatMap((text) => wrap(text, width - 24, ownTexts.subtitle)),
+      12,
+      80,
+      ownTexts.subtitle,
+    ),
   );
   const table: DataTable = { header: [], numeric: [], rows: [] };
-  return { svg, width, height, title, notes: [reason], dataTable: table };
+  return { svg, width, height, title, notes: [reason, ...contentNotes(received)], dataTable: table };
 }
 
 /** Graphs that cannot be compiled leave the others as they are. */

@@ -157,15 +157,15 @@ function axesOf(
   compiled: CompiledGraph,
   scales: Layout['scales'],
   size: PanelSize,
+  rooms: Layout['rooms'],
   whole: Rectangle,
 ): DrawnAxis[] {
   if (compiled.orientation.polar) return [];
   const { transposed } = compiled.orientation;
-  const counts = countsOf(compiled.grid);
-  const extent = (upright: boolean) =>
-    upright
-      ? counts.rows * (size.height + size.gapY) - size.gapY
-      : counts.columns * (size.width + size.gapX) - size.gapX;
+  const { rows } = countsOf(compiled.grid);
+  // Below the panels are the labels of other axes; on top and at the sides titles may reach beyond them.
+  const titleLength = (upright: boolean) =>
+    upright ? rooms.top + rows * (size.height + size.gapY) - size.gapY : whole.width - edgeRoom;
   const axes = (['x', 'y'] as const).flatMap((name) =>
     (compiled[name].dimension?.axes ?? []).map((axis): DrawnAxis => {
       const place = placeOfAxis(axis, name, transposed);
@@ -175,7 +175,7 @@ function axesOf(
       const ticks = axis.ticks ? ticksFor(compiled, axis, scale, length, upright) : [];
       return layoutAxis(axis, scale, place, ticks, {
         length,
-        titleLength: extent(upright) + edgeRoom,
+        titleLength: titleLength(upright),
         labels: whole.width * 0.3,
         neighbours: neighboursOf(compiled, size, upright),
       });
@@ -263,7 +263,7 @@ function layoutOf(compiled: CompiledGraph, whole: Rectangle, named: number): Lay
   for (let pass = 0; pass < 3; pass += 1) {
     const size = panelSize(compiled, whole, rooms);
     scales = sameRatio(compiled, size.width, size.height);
-    axes = axesOf(compiled, scales, size, whole);
+    axes = axesOf(compiled, scales, size, rooms, whole);
     const across = (each: Headers) => fitHeaders(each, size.width, size.gapX, whole.height * 0.25);
     const upright = (each: Headers) => fitHeaders(each, size.height, size.gapY, whole.width * 0.2);
     const { top, bottom, left, right } = headers;
@@ -314,6 +314,8 @@ function gridLines(layout: Layout, across: boolean): GridLines | null {
     stroke: safeColor(style.color) ?? '#e3e3e3',
     width: style.strokeWidth ? pixels(style.strokeWidth, 1) : 0.75,
     dashes: style.dashes?.map((dash) => pixels(dash, 1)) ?? [],
+    opacity: style.opacity ?? 1,
+    cap: style.lineCap ?? 'butt',
   };
 }
 
@@ -488,7 +490,7 @@ export function drawGraph(
   group.append(...drawHeaders(layout, allWidth, allHeight, maker));
   if (scope.lineNames.length > 0) group.append(drawLineNames(layout, scope));
   for (const axis of layout.axes) {
-    const title = drawAxisTitle(axis, allWidth, allHeight, maker);
+    const title = drawAxisTitle(axis, allWidth, allHeight, layout.rooms, maker);
     if (title) group.append(title);
   }
   return group;

@@ -113,6 +113,7 @@ const stroke = (look: Look) => ({
   stroke: look.stroke,
   strokeWidth: look.strokeWidth,
   strokeOpacity: look.opacity,
+  ...(look.lineCap === 'butt' ? {} : { strokeLinecap: look.lineCap }),
   ...(look.dashes.length > 0 ? { strokeDasharray: look.dashes.join(' ') } : {}),
 });
 

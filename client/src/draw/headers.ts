@@ -102,6 +102,8 @@ export function headersOf(grid: PanelGrid, name: 'columns' | 'rows', graph: Grap
 
 const mostLines = 3;
 const gapBetweenTexts = 8;
+/** So that no letter touches a rule. */
+const roomOfTurned = 6;
 
 function fitLine(line: HeaderLine, length: number, gap: number, mostAcross: number): HeaderLine {
   const { look, spans } = line;
@@ -120,7 +122,7 @@ function fitLine(line: HeaderLine, length: number, gap: number, mostAcross: numb
   return {
     ...line,
     turned,
-    depth: turned ? widest(lines.flat(), look) : most * lineHeight(look),
+    depth: turned ? widest(lines.flat(), look) + roomOfTurned : most * lineHeight(look),
     spans: spans.map((span, at) => ({ ...span, lines: lines[at]! })),
   };
 }

@@ -86,12 +86,15 @@ export interface GridLines {
   stroke: string;
   width: number;
   dashes: number[];
+  opacity: number;
+  cap: string;
 }
 
 function gridMark(lines: GridLines, across: boolean): Plot.Markish {
   const options = {
     stroke: lines.stroke,
-    strokeOpacity: 1,
+    strokeOpacity: lines.opacity,
+    strokeLinecap: lines.cap,
     strokeWidth: lines.width,
     ...(lines.dashes.length > 0 ? { strokeDasharray: lines.dashes.join(' ') } : {}),
   };

@@ -52,6 +52,7 @@ export function fontAttributes(look: TextLook): Attributes {
     'font-weight': look.weight === 'normal' ? null : look.weight,
     'font-style': look.slant === 'normal' ? null : look.slant,
     fill: look.color,
+    'fill-opacity': look.opacity ?? null,
   };
 }
 

@@ -14,6 +14,7 @@ export interface TextLook {
   slant: string;
   color: string;
   align: 'start' | 'middle' | 'end';
+  opacity?: number;
 }
 
 export const sansSerif = 'Helvetica, Arial, "Liberation Sans", sans-serif';
@@ -163,5 +164,6 @@ export function textLook(style: Style, otherwise: TextLook): TextLook {
     slant: style.fontStyle ?? otherwise.slant,
     color: safeColor(style.color) ?? otherwise.color,
     align: alignments[style.textAlignment ?? ''] ?? otherwise.align,
+    ...(style.opacity === undefined ? {} : { opacity: Math.min(1, Math.max(0, style.opacity)) }),
   };
 }

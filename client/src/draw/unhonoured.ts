@@ -7,6 +7,7 @@ import type {
   ChartElement,
   Graph,
   Label,
+  Labeling,
   Style,
 } from '../chart/model.js';
 import type { Received } from '../received.js';
@@ -17,6 +18,7 @@ import type { LayerKind } from './layers.js';
 import type { Orientation } from './orientation.js';
 import type { PanelGrid } from './panels.js';
 import type { DrawnScale } from './scales.js';
+import { styleNotes } from './styleuse.js';
 import { baseOf, mostTicks } from './ticks.js';
 
 /** The type of contents that are maps. */
@@ -46,6 +48,25 @@ function boxNotes(chart: Chart): string[] {
   return boxed ? ['Boxes behind single texts are not drawn; those of frames and legends are.'] : [];
 }
 
+/** Numbers of ways to deal with labels that would cover each other: one of them goes. */
+const knownCollisions = new Set([null, 1, 2]);
+
+/** Labels of the first labeling that are not drawn as it says. */
+function labelNotes(element: ChartElement, name: string): string[] {
+  const notes: string[] = [];
+  const [{ variable, dimension }] = element.labeling as [Labeling];
+  const single = element.kind === 'schema' || !(element.summary || element.bins || element.density);
+  if (variable !== '' && !single)
+    notes.push(`Labels of ${name} are not drawn: each of its marks shows several rows.`);
+  if (variable === '' && element.kind === 'schema')
+    notes.push(`Labels of ${name} are not drawn: they name no variable.`);
+  if (variable === '' && dimension > 1)
+    notes.push(`Labels of ${name} along the dimension ${dimension} are not drawn.`);
+  if (!knownCollisions.has(element.collisions))
+    notes.push(`What ${element.collisions} does to labels of ${name} that would cover others is not known.`);
+  return notes;
+}
+
 function elementNotes(element: ChartElement): string[] {
   const name = element.name || element.id || element.kind;
   const notes: string[] = [];
@@ -53,6 +74,8 @@ function elementNotes(element: ChartElement): string[] {
     notes.push(`Of ${element.labeling.length} labels of ${name} the first is drawn.`);
   if (element.labeling.some((each) => each.connectingLines))
     notes.push(`Lines from labels of ${name} to what they name are not drawn.`);
+  if (element.labeling.length > 0) notes.push(...labelNotes(element, name));
+  if (element.dot && element.kind !== 'point') notes.push(`The dots that ${name} asks for are not drawn.`);
   if (element.tukey && element.kind !== 'schema')
     notes.push(`The statistic of boxes of ${name} is not drawn: only a schema has boxes.`);
   return notes;
@@ -91,11 +114,27 @@ function graphNotes(graph: Graph): string[] {
   return notes;
 }
 
+/** What came with a chart and is not shown. */
+export function contentNotes(received: Pick<Received, 'contents'>): string[] {
+  const mapped = received.contents.some((content) => content.type === mapContent);
+  return mapped ? ['A map came with the chart; it is not drawn.'] : [];
+}
+
+/** Parts that stand where a part is that is not there. */
+function placeNotes(chart: Chart): string[] {
+  const located = [...chart.frames, ...chart.graphs, ...chart.legends];
+  const known = new Set(located.map(({ id }) => id).filter((id) => id !== ''));
+  const lost = located.flatMap(({ locations }) =>
+    locations.filter(({ method, target }) => method === 'target' && !known.has(target)),
+  );
+  return lost.map(
+    ({ part, target }) => `A place of the ${part} goes by ${target || 'a part'}, which is not there.`,
+  );
+}
+
 /** What can be told from the chart and what came with it. */
 export function chartNotes(chart: Chart, received: Pick<Received, 'contents'>): string[] {
-  const notes: string[] = [];
-  if (received.contents.some((content) => content.type === mapContent))
-    notes.push('A map came with the chart; it is not drawn.');
+  const notes = contentNotes(received);
   for (const { name, target } of chart.controllers)
     notes.push(`The function ${name} that the chart asks for on ${target} is not run.`);
   for (const variable of chart.variables.values()) {
@@ -103,7 +142,14 @@ export function chartNotes(chart: Chart, received: Pick<Received, 'contents'>): 
     const label = variable.label || variable.id;
     notes.push(`Values of ${label} are middles of groups; statistics take them as they stand.`);
   }
-  return [...notes, ...boxNotes(chart), ...domainNotes(chart), ...chart.graphs.flatMap(graphNotes)];
+  return [
+    ...notes,
+    ...placeNotes(chart),
+    ...boxNotes(chart),
+    ...styleNotes(chart),
+    ...domainNotes(chart),
+    ...chart.graphs.flatMap(graphNotes),
+  ];
 }
 
 type Unseen = Partial<Record<LayerKind, AestheticKind[]>>;
