@@ -1,6 +1,7 @@
 /** Which categories are shown, and in which order. */
 import type { Chart, Domain } from '../chart/model.js';
 import type { Values } from './columns.js';
+import { mergeFormats } from './format.js';
 
 export interface Category {
   /** The values of the data that it stands for. */
@@ -45,5 +46,6 @@ export function categoriesOf(chart: Chart, values: Values, domain = ''): Categor
   if (sort?.descending) codes.reverse();
   const order = sort?.order.length ? sort.order : (only ?? []);
   codes.sort((a, b) => rank(values, a, order) - rank(values, b, order));
-  return codes.map((code) => ({ code, text: values.textOf(code) }));
+  const format = mergeFormats(...domains.map((each) => each.format), values.variable.format);
+  return codes.map((code) => ({ code, text: values.textOf(code, format) }));
 }

@@ -1,5 +1,5 @@
 /** What is measured along x and along y: numbers, dates or categories, and where each value stands. */
-import type { Chart, Dimension, Format, Graph } from '../chart/model.js';
+import type { Chart, Dimension, Domain, Format, Graph } from '../chart/model.js';
 import { categoriesOf, type Category } from '../data/categories.js';
 import type { Data, ValueKind, Values } from '../data/columns.js';
 import { mergeFormats, secondsOf } from '../data/format.js';
@@ -9,6 +9,7 @@ export interface Direction {
   name: 'x' | 'y';
   kind: ValueKind;
   dimension: Dimension | null;
+  domain: Domain | null;
   /** Of categories: the texts at 0, 1, 2 and so on. */
   texts: string[];
   /** Where a value stands: itself, or the number of its category from 0. NaN where it is not shown. */
@@ -61,6 +62,12 @@ function clusterOf(dimension: Dimension | null, chart: Chart, data: Data): Direc
   return values && { values, categories: categoriesOf(chart, values), gap: dimension.clusterGap };
 }
 
+/** The domain of a dimension, or of the variable along one that names none. */
+function domainOf(chart: Chart, dimension: Dimension | null, all: Values[]): Domain | null {
+  const ids = [dimension?.domain ?? '', all[0]?.variable.domain ?? ''].filter((id) => id !== '');
+  return (ids[0] && chart.domains.get(ids[0])) || null;
+}
+
 export function directionOf(
   name: 'x' | 'y',
   graph: Graph,
@@ -69,8 +76,8 @@ export function directionOf(
   notes: string[],
 ): Direction {
   const dimension = graph.coordinates[0]?.dimensions[name === 'x' ? 0 : 1] ?? null;
-  const domain = chart.domains.get(dimension?.domain ?? '');
   const all = variablesAlong(graph, data, name, notes);
+  const domain = domainOf(chart, dimension, all);
   const categorical =
     all.some((values) => values.kind === 'category') || (all.length > 0 && domain?.categorical);
   const dated = all.some((values) => values.kind === 'date') || (all.length > 0 && domain?.date);
@@ -82,6 +89,7 @@ export function directionOf(
     name,
     kind,
     dimension,
+    domain,
     texts,
     place: categorical ? (values, value) => places.get(values)?.get(value) ?? NaN : (_, value) => value,
     format: mergeFormats(domain?.format, all[0]?.variable.format),

@@ -80,8 +80,8 @@ export function compileGraph(graph: Graph, chart: Chart, data: Data, notes: stri
   const guides = guidesOf(graph.guides, x, y, notes);
   const places = (name: 'x' | 'y') => guides.flatMap(({ at }) => (at?.direction === name ? [at.place] : []));
   const scales = {
-    x: scaleOf(x, panels, places('x'), chart, notes),
-    y: dotted(panels, y) ?? scaleOf(y, panels, places('y'), chart, notes),
+    x: scaleOf(x, panels, places('x'), notes),
+    y: dotted(panels, y) ?? scaleOf(y, panels, places('y'), notes),
   };
   notes.push(...scaleNotes(scales, orientation));
   const isCount = (each: Graph['elements'][number]) =>

@@ -1,6 +1,6 @@
 /** Scales: from the values that are shown to the bounds and the form of a dimension. */
 import { scaleLinear, scaleLog, scalePow, scaleSymlog, tickIncrement } from 'd3';
-import type { Chart, Domain, Scale } from '../chart/model.js';
+import type { Domain, Scale } from '../chart/model.js';
 import { pixels, type Length } from '../chart/markup.js';
 import { placeOf, type Direction } from './directions.js';
 import type { Layer, Shape } from './layers.js';
@@ -118,16 +118,12 @@ function nice([low, high]: [number, number], atLow: boolean, atHigh: boolean): [
   return [atLow ? floor : low, atHigh ? ceiling : high];
 }
 
-function bound(
-  domain: Domain | undefined,
-  direction: Direction,
-  which: 'minimum' | 'maximum',
-): number | null {
+function bound(domain: Domain | null, direction: Direction, which: 'minimum' | 'maximum'): number | null {
   const text = domain?.[which];
   return text ? placeOf(direction, text) : null;
 }
 
-function linearDomain(direction: Direction, reach: Reach, domain: Domain | undefined): [number, number] {
+function linearDomain(direction: Direction, reach: Reach, domain: Domain | null): [number, number] {
   const minimum = bound(domain, direction, 'minimum');
   const maximum = bound(domain, direction, 'maximum');
   let low = minimum ?? reach.low;
@@ -155,7 +151,7 @@ function linearDomain(direction: Direction, reach: Reach, domain: Domain | undef
 function logDomain(
   direction: Direction,
   reach: Reach,
-  domain: Domain | undefined,
+  domain: Domain | null,
   foot: number,
 ): [number, number] {
   const minimum = bound(domain, direction, 'minimum');
@@ -213,11 +209,10 @@ export function scaleOf(
   direction: Direction,
   panels: Layer[][],
   guides: number[],
-  chart: Chart,
   notes: string[],
 ): DrawnScale {
   const settings = direction.dimension?.scale;
-  const domain = chart.domains.get(direction.dimension?.domain ?? '');
+  const { domain } = direction;
   const reach = reachOf(panels, direction, guides);
   let method = direction.kind === 'number' ? (settings?.method ?? 'linear') : 'linear';
   if (method === 'log' && reach.low <= 0 && !Number.isFinite(reach.lowestPositive)) method = 'linear';

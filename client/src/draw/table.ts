@@ -41,25 +41,19 @@ const computed = (...numbers: number[]): NumberCell => ({
 const knownFormats = new WeakMap<Direction, Map<Values, Format | null>>();
 
 /** Always the same object, by which cells of one format are known. */
-function formatOf(direction: Direction, values: Values, compiled: CompiledGraph): Format | null {
+function formatOf(direction: Direction, values: Values): Format | null {
   const known = knownFormats.get(direction) ?? new Map<Values, Format | null>();
   knownFormats.set(direction, known);
   if (!known.has(values)) {
-    const domain = compiled.chart.domains.get(direction.dimension?.domain ?? '');
-    known.set(values, mergeFormats(domain?.format, values.variable.format));
+    known.set(values, mergeFormats(direction.domain?.format, values.variable.format));
   }
   return known.get(values)!;
 }
 
-function placeCell(
-  direction: Direction,
-  value: number,
-  values: Values | undefined,
-  compiled: CompiledGraph,
-): Cell {
+function placeCell(direction: Direction, value: number, values: Values | undefined): Cell {
   if (direction.kind === 'category') return direction.texts[Math.round(value)] ?? null;
   if (values && (values.kind !== 'number' || values.variable.date)) return values.textOf(value);
-  const format = values ? formatOf(direction, values, compiled) : null;
+  const format = values ? formatOf(direction, values) : null;
   return format?.relabels.get(String(value)) ?? { numbers: [value], between: '', format, computed: false };
 }
 
@@ -92,12 +86,12 @@ function valueCells(shape: Shape, layer: Layer, compiled: CompiledGraph, data: D
   const name = element.y.length > 0 ? labelOf(y, element.y, data, 'y') : '';
   const column = [summary?.words, name].filter((part) => part).join(' of ') || 'Value';
   const values = valuesOf(y, element.y, data);
-  const format = values && summary?.ofValues ? formatOf(y, values, compiled) : null;
+  const format = values && summary?.ofValues ? formatOf(y, values) : null;
   const figure = (value: number): NumberCell => ({ ...computed(value), format });
   const raw = values && !summary && !element.density;
-  const cells: Cells = new Map([[column, raw ? placeCell(y, shape.y, values, compiled) : figure(shape.y)]]);
+  const cells: Cells = new Map([[column, raw ? placeCell(y, shape.y, values) : figure(shape.y)]]);
   if (shape.y1 !== undefined && element.y.length > 1) {
-    cells.set(`${column} to`, placeCell(y, shape.y2!, values, compiled));
+    cells.set(`${column} to`, placeCell(y, shape.y2!, values));
   }
   if (shape.low !== undefined) cells.set('95% from', figure(shape.low)).set('95% to', figure(shape.high!));
   return cells;
@@ -110,11 +104,11 @@ function describe(shape: Shape, layer: Layer, compiled: CompiledGraph, data: Dat
   if (element.x.length > 0) {
     const name = labelOf(x, element.x, data, 'x');
     if (layer.binned) cells.set(name, computed(shape.x1!, shape.x2!));
-    else cells.set(name, placeCell(x, shape.x, valuesOf(x, element.x, data), compiled));
+    else cells.set(name, placeCell(x, shape.x, valuesOf(x, element.x, data)));
   }
   if (shape.box) {
     const values = valuesOf(y, element.y, data);
-    return new Map([...cells, ...boxCells(shape.box, values ? formatOf(y, values, compiled) : null)]);
+    return new Map([...cells, ...boxCells(shape.box, values ? formatOf(y, values) : null)]);
   }
   if (layer.kind === 'dots') return cells;
   return new Map([...cells, ...valueCells(shape, layer, compiled, data)]);

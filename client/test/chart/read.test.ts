@@ -56,6 +56,28 @@ describe('a chart text', () => {
     ]);
   });
 
+  test('names all but the first of elements that count once', () => {
+    const { notes } = read(
+      '<graph><coordinates><dimension><scale/><scale/><axis><majorTicks/><majorTicks/></axis></dimension></coordinates></graph>',
+    );
+    expect(notes).toEqual([
+      'Not drawn: the element scale of dimension.',
+      'Not drawn: the element majorTicks of axis.',
+    ]);
+  });
+
+  test('names places that cannot be had', () => {
+    const place = (attributes: string) => read(`<location ${attributes}/>`).notes;
+    expect(place('part="4" value="300px"')).toEqual([]);
+    expect(place('part="0" method="1"')).toEqual([]);
+    expect(place('part="9" value="3px"')).toEqual(['The part 9 of a place is not known.']);
+    expect(place('value="3px"')).toEqual(['A place says of no part.']);
+    expect(place('part="0" method="7"')).toEqual([
+      'The method 7 of a place is not known; this client finds one.',
+    ]);
+    expect(place('part="0"')).toEqual(['A place of the left has no value.']);
+  });
+
   test('names a scale, a transform of an axis and a layout that are not known', () => {
     const { notes } = read(
       '<graph><coordinates><dimension><scale method="9"/><axis transform="7"/></dimension></coordinates><facetLayout method="4"/></graph>',

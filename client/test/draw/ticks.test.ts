@@ -345,3 +345,16 @@ test('axes on one side stand one behind the other', () => {
     Number(drawn.svg.querySelector(`g[aria-label="${name} axis"] text`)!.getAttribute('x'));
   expect(placeOf('Two')).toBeLessThan(placeOf('One') - 30);
 });
+
+test('the domain of a variable counts along a dimension that names none', () => {
+  const texts = (dimension: string) =>
+    picture({ a: [1, 2], b: [1, 2] }, points.replace('whole', 'own'), {
+      coordinates: `<dimension ${dimension}><axis><majorTicks delta="10"/></axis></dimension><dimension/>`,
+      rest:
+        '<sourceVariable id="own" source="s" sourceName="a" domain="wide"/>' +
+        '<intervalDomain id="wide"><format suffix=" m"/><range min="0" max="20"/></intervalDomain>' +
+        '<intervalDomain id="other"><range min="0" max="10"/></intervalDomain>',
+    }).textsOf('x axis');
+  expect(texts('')).toEqual(['0 m', '10 m', '20 m']);
+  expect(texts('domain="other"')).toEqual(['0', '10']);
+});

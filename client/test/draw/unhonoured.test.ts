@@ -163,6 +163,100 @@ describe('a note names', () => {
     expect(notes(6).notes).toEqual([]);
   });
 
+  test('a map that came without a chart text', () => {
+    const received = receivedOf(null);
+    const content = { type: 10, subtype: 0, name: '', sentBytes: 0, bytes: new Uint8Array(), text: null };
+    received.contents.push({ ...content, whole: true });
+    const drawn = draw(received, { document: makeDocument(), parseXml });
+    expect(drawn.notes).toEqual([
+      'There is no chart text to draw.',
+      'A map came with the chart; it is not drawn.',
+    ]);
+    expect(drawn.svg.textContent).toContain('A map came with the chart');
+  });
+
+  test('parts that go by others that are not there', () => {
+    const frame = (target: string) =>
+      plain('', `<labelFrame id="f"><location part="2" method="3" target="${target}"/></labelFrame>`).notes;
+    expect(frame('f')).toEqual([]);
+    expect(frame('q')).toEqual(['A place of the top goes by q, which is not there.']);
+  });
+
+  test('what labels of marks show that is not there', () => {
+    const labelled = (kind: string, labeling: string, inner = '', attributes = '') =>
+      plain(
+        '',
+        '',
+        `<${kind} id="p" ${attributes}><x variable="k"/><y variable="b"/>${inner}<labeling ${labeling}/></${kind}>`,
+      );
+    const mean = '<summaryStatistic method="2"/>';
+    expect(labelled('interval', 'variable="a"', mean).notes).toEqual([
+      'Labels of p are not drawn: each of its marks shows several rows.',
+    ]);
+    const figures = labelled('interval', 'dimension="1"', mean);
+    expect(figures.notes).toEqual([]);
+    expect(figures.textsOf('Labels of data')).toEqual(['1.5', '3.5']);
+    expect(labelled('interval', 'dimension="0"', mean).textsOf('Labels of data')).toEqual(['one', 'two']);
+    expect(labelled('point', 'dimension="2"').notes.join()).toContain('along the dimension 2');
+    expect(labelled('schema', 'dimension="1"').notes.join()).toContain('they name no variable');
+    expect(labelled('point', 'variable="a"', '', 'labelCollisionHandling="2"').notes).toEqual([]);
+    expect(labelled('point', 'variable="a"', '', 'labelCollisionHandling="5"').notes).toEqual([
+      'What 5 does to labels of p that would cover others is not known.',
+    ]);
+  });
+
+  test('labels that are left out since they would cover others', () => {
+    const rows = { a: [1, 1.001, 3], b: [1, 1, 3] };
+    const labelled = (attributes: string) =>
+      picture(
+        rows,
+        `<point id="p" ${attributes}><x variable="a"/><y variable="b"/><labeling variable="a"/></point>`,
+      ).notes;
+    expect(labelled('')).toEqual(['Labels of p that would cover others are left out.']);
+    expect(labelled('showCollidingLabels="true"')).toEqual([]);
+  });
+
+  test('dots of what is no point', () => {
+    const dots = (kind: string) =>
+      plain('', '', `<${kind} id="p" dot="true"><x variable="a"/><y variable="b"/></${kind}>`).notes;
+    expect(dots('line')).toEqual(['The dots that p asks for are not drawn.']);
+    expect(dots('point')).toEqual([]);
+  });
+
+  test('labels of axes that are not staggered', () => {
+    const axis = '<axis><majorTicks stagger="true"/></axis>';
+    const notes = (x: string, y: string) =>
+      plain('', '', points, `<dimension>${x}</dimension><dimension>${y}</dimension>`).notes;
+    expect(notes(axis, '')).toEqual([]);
+    expect(notes('', axis)).toEqual(['Labels of the axis y are not staggered.']);
+  });
+
+  test('properties of styles that show nothing where they stand', () => {
+    const styled = (style: string, element: string) => plain('', `<style id="s" ${style}/>`, element).notes;
+    const bars = '<interval id="p" style="s"><x variable="k"/><y variable="b"/></interval>';
+    const line = '<line id="p" style="s"><x variable="a"/><y variable="b"/></line>';
+    expect(styled('color="#FF0000" width="40%" pattern="4"', bars)).toEqual([]);
+    expect(styled('symbol="star" stroke_linecap="round"', bars)).toEqual([
+      'The symbol of p is not honoured.',
+      'The stroke_linecap of p is not honoured.',
+    ]);
+    expect(styled('color2="#FF0000" pattern="1" visible="true"', line)).toEqual([
+      'The color2 of p is not honoured.',
+    ]);
+    const axis = (attribute: string) =>
+      plain(
+        '',
+        '<style id="s" padding="3px" textAlignment="left"/><style id="c" textAlignment="center"/>',
+        points,
+        `<dimension><axis><label style="${attribute}"><text>A</text></label></axis></dimension><dimension/>`,
+      ).notes;
+    expect(axis('c')).toEqual([]);
+    expect(axis('s')).toEqual([
+      'The textAlignment of titles of axes is not honoured.',
+      'The padding of titles of axes is not honoured.',
+    ]);
+  });
+
   test('functions of clients', () => {
     expect(plain('', '<swingController function="zoom" target="p"/>').notes).toEqual([
       'The function zoom that the chart asks for on p is not run.',
