@@ -385,6 +385,8 @@ function wantedTicks(
 
 /** So many are wanted at least: fewer tell little of a scale. */
 const fewTicks = 3;
+/** More are no easier to read. */
+const manyTicks = 12;
 
 /** As many ticks as have room with their labels: fewer ticks are better than ticks of which some have no label. */
 export function fittingTicks(
@@ -400,7 +402,7 @@ export function fittingTicks(
   let ticks = make(wanted);
   if (scale.direction.kind === 'category' || settings?.delta) return ticks;
   const fits = (some: Tick[]) => upright || fitsAcross(some, scale, length, look);
-  while (wanted > 2 && !fits(ticks)) ticks = make((wanted -= 1));
+  while (wanted > 2 && (ticks.length > manyTicks || !fits(ticks))) ticks = make((wanted -= 1));
   for (let more = wanted + 1; ticks.length < fewTicks && more <= wanted + fewTicks; more += 1) {
     const finer = make(more);
     if (finer.length > ticks.length && fits(finer)) ticks = finer;

@@ -16,8 +16,11 @@ export interface Expected {
   marks: Partial<Record<MarkKind, number>>;
   /** Texts that must be there: titles, labels of axes, categories, entries of legends. */
   texts: string[];
-  /** The labels of axes as they follow each other, by the titles of the axes. */
-  axes?: Record<string, string[]>;
+  /** The labels of axes as they follow each other, by the titles of the axes; of each panel where they differ. */
+  axes?: Record<string, string[] | string[][]>;
+  /** The texts over columns and beside rows of panels as they follow each other. */
+  columns?: string[];
+  rows?: string[];
   /** Words of what the picture must say it leaves out. */
   notes?: string[];
 }
@@ -37,6 +40,12 @@ const of = (column: string, value: string): Row[] => penguins.filter((row) => ro
 const masses = (rows: readonly Row[]): number[] => numbers(rows, 'body_mass_g');
 const known = penguins.filter((row) => !['', 'NA'].includes(row['sex'] ?? ''));
 const sum = (values: readonly number[]): number => values.reduce((total, value) => total + value, 0);
+
+/** The islands in the order of the data, and the species on each. */
+const byIsland = groups(penguins, 'island').map((rows): [string, string[]] => [
+  rows[0]?.['island'] ?? '',
+  species.filter((each) => rows.some((row) => row['species'] === each)),
+]);
 
 /** By the name of the chart in the gallery. */
 export const gallery: Record<string, Expected> = {
@@ -108,7 +117,10 @@ export const gallery: Record<string, Expected> = {
   'line-over-dates': {
     marks: { line: 2 },
     texts: ['Temperatures in Seattle', '2012', 'Temperature (°C)', 'Freezing', 'Warmest', 'Coldest'],
-    axes: { 'Temperature (°C)': steps(0, 35, 5) },
+    axes: {
+      '2012': ['2012-01-01', '2012-04-01', '2012-07-01', '2012-10-01', '2013-01-01'],
+      'Temperature (°C)': steps(0, 35, 5),
+    },
   },
   'secondary-y-axis': {
     marks: { rect: combinations(weather, 'weather') },
@@ -129,31 +141,49 @@ export const gallery: Record<string, Expected> = {
     marks: { dot: complete(known, 'bill_length_mm', 'bill_depth_mm') },
     texts: ['Bills of penguins', 'Bill length (mm)', 'Bill depth (mm)', ...species, 'female', 'male'],
     axes: { 'Bill length (mm)': steps(40, 60, 10), 'Bill depth (mm)': steps(14, 20, 2) },
+    columns: ['Species', ...species],
+    rows: ['male', 'female', 'Sex'],
   },
   'nested-panels': {
     marks: {},
     texts: ['Body mass of penguins by island', 'Body mass (g)', 'Number of penguins', ...islands, ...species],
     notes: ['^2 rows with missing values'],
+    axes: { 'Body mass (g)': ['4000', '6000'], 'Number of penguins': steps(0, 40, 5) },
+    columns: [
+      'Island',
+      ...byIsland.map(([island]) => island),
+      'Species',
+      ...byIsland.flatMap(([, own]) => own),
+    ],
   },
   'panel-highlight': {
     marks: { dot: complete(penguins, 'flipper_length_mm', 'body_mass_g'), line: 1 },
     texts: ['Flippers of penguins', 'Body mass (g)', 'Flipper length (mm)', 'Mean Gentoo', ...species],
     notes: ['^2 rows with missing values'],
-    axes: { 'Body mass (g)': ['4000', '6000'], 'Flipper length (mm)': steps(170, 230, 10) },
+    axes: { 'Body mass (g)': steps(3000, 6000, 1000), 'Flipper length (mm)': steps(170, 230, 10) },
+    columns: ['Species', ...species],
   },
   'blended-panels': {
     marks: { line: 2 },
     texts: ['Temperatures in Seattle, 2012 to 2015', 'Date', 'Temperature (°C)', 'Warmest', 'Coldest'],
+    axes: { Date: ['2012-01-01', '2014-01-01'], 'Temperature (°C)': ['\u22125', ...steps(0, 35, 5)] },
+    columns: ['Warmest', 'Coldest'],
   },
   'population-pyramid': {
     marks: {},
     texts: ['Male penguins are heavier', 'Body mass (g)', 'female', 'male'],
-    axes: { 'Body mass (g)': steps(3000, 6000, 500) },
+    axes: {
+      'Body mass (g)': steps(3000, 6000, 500),
+      // Where both panels begin there is one label.
+      'Number of penguins': [steps(0, 40, 10), steps(10, 40, 10)],
+    },
+    columns: ['Sex', 'female', 'male'],
   },
   'scatter-in-3d': {
     marks: {},
     texts: ['Bills and body mass of penguins'],
     notes: ['three dimensions|third dimension|3-D|space', '2 rows with missing values'],
+    axes: { 'Bill length (mm)': steps(35, 60, 5), 'Bill depth (mm)': steps(13, 21, 1) },
   },
 };
 
@@ -171,6 +201,7 @@ export const templates: TemplateChart[] = [
     slots: ['x=species', 'Title=Penguins by species'],
     marks: { rect: combinations(penguins, 'species') },
     texts: ['Penguins by species', ...species],
+    axes: { species, Count: steps(0, 140, 20) },
   },
   {
     template: 'box_plot',
@@ -178,6 +209,7 @@ export const templates: TemplateChart[] = [
     slots: ['x=species', 'y=body_mass_g', 'Title=Body mass by species'],
     marks: { rect: 3, dot: sum(groups(penguins, 'species').map((rows) => outliers(masses(rows)))) },
     texts: ['Body mass by species', 'body_mass_g', ...species],
+    axes: { species, body_mass_g: steps(3000, 6000, 500) },
     notes: ['^2 rows with missing values'],
   },
   {
@@ -186,6 +218,7 @@ export const templates: TemplateChart[] = [
     slots: ['x=island', 'cluster=species', 'Title=Penguins by island'],
     marks: { rect: combinations(penguins, 'island', 'species') },
     texts: ['Penguins by island', ...islands, ...species],
+    axes: { island: byIsland.map(([island]) => island), Count: steps(0, 120, 20) },
   },
   {
     template: 'grouped_scatter',
@@ -193,6 +226,7 @@ export const templates: TemplateChart[] = [
     slots: ['x=bill_length_mm', 'y=bill_depth_mm', 'group=species', 'Title=Bills'],
     marks: { dot: complete(penguins, 'bill_length_mm', 'bill_depth_mm') },
     texts: ['Bills', 'bill_length_mm', 'bill_depth_mm', ...species],
+    axes: { bill_length_mm: steps(35, 60, 5), bill_depth_mm: steps(13, 21, 1) },
     notes: ['^2 rows with missing values'],
   },
   {
@@ -201,6 +235,7 @@ export const templates: TemplateChart[] = [
     slots: ['x=flipper_length_mm', 'bins=12', 'Title=Flippers'],
     marks: {},
     texts: ['Flippers', 'flipper_length_mm'],
+    axes: { flipper_length_mm: steps(170, 230, 10), Frequency: steps(0, 60, 10) },
     notes: ['^2 rows with missing values'],
   },
   {
@@ -209,6 +244,7 @@ export const templates: TemplateChart[] = [
     slots: ['time=date', 'y=temp_max', 'y=temp_min', 'Title=Temperatures'],
     marks: { line: 2 },
     texts: ['Temperatures'],
+    axes: { date: steps(2012, 2016, 1), 'temp_max, temp_min': ['\u22125', ...steps(0, 35, 5)] },
   },
   {
     template: 'panelled_scatter',
@@ -216,6 +252,8 @@ export const templates: TemplateChart[] = [
     slots: ['x=flipper_length_mm', 'y=body_mass_g', 'columns=species', 'Title=Flippers and mass'],
     marks: { dot: complete(penguins, 'flipper_length_mm', 'body_mass_g') },
     texts: ['Flippers and mass', 'flipper_length_mm', 'body_mass_g', ...species],
+    axes: { flipper_length_mm: steps(180, 220, 20), body_mass_g: steps(3000, 6000, 500) },
+    columns: ['species', ...species],
     notes: ['^2 rows with missing values'],
   },
   {
