@@ -76,6 +76,12 @@ const noFormat: Format = {
   relabels: new Map(),
 };
 
+/** The format with groups of three digits, unless it says how numbers are grouped. */
+export function withGroups(format: Format | null): Format {
+  const own = format ?? noFormat;
+  return own.grouping !== null || own.pattern ? own : { ...own, grouping: true };
+}
+
 /** The format with exactly so many decimals, whatever it says of them. */
 export function withDecimals(format: Format | null, decimals: number): Format {
   const digits = clampDigits(decimals);

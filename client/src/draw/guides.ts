@@ -7,7 +7,7 @@ import { none, readable } from './colors.js';
 import { holds } from './conditions.js';
 import { placeOf, type Direction } from './directions.js';
 import { ownLook, ownTexts, styled, type Look } from './looks.js';
-import type { Layer } from './layers.js';
+import type { Layer, Shape } from './layers.js';
 import type { Canvas } from './marks.js';
 import type { Panel } from './panels.js';
 import { textWidth } from './text.js';
@@ -66,28 +66,50 @@ interface NamePlace {
   above: boolean;
 }
 
-/** How many shapes a name there would cover. */
-function covered(place: NamePlace, name: string, canvas: Canvas, layers: Layer[]): number {
+/** The place of a shape in pixels, from the left and from below. */
+function pixelsOf(shape: Shape, canvas: Canvas): [number, number] {
+  const [x, y] = [canvas.x.unit(shape.x), canvas.y.unit(shape.y)];
+  return canvas.transposed ? [y * canvas.width, x * canvas.height] : [x * canvas.width, y * canvas.height];
+}
+
+/** Pieces of a line that are looked at by themselves are that long, in pixels. */
+const pieceOfLine = 6;
+
+/** Places between two corners of a line, where it runs on. */
+function between([x1, y1]: [number, number], [x2, y2]: [number, number]): [number, number][] {
+  const pieces = Math.ceil(Math.hypot(x2 - x1, y2 - y1) / pieceOfLine);
+  if (!Number.isFinite(pieces) || pieces > 1_000) return [];
+  return Array.from({ length: Math.max(0, pieces - 1) }, (_, at) => {
+    const share = (at + 1) / pieces;
+    return [x1 + share * (x2 - x1), y1 + share * (y2 - y1)];
+  });
+}
+
+/** All places that marks cover, as far as names have to keep away from them. */
+function coveredPlaces(canvas: Canvas, layers: Layer[]): [number, number][] {
+  return layers.flatMap((layer) => {
+    const places = layer.shapes.map((shape) => pixelsOf(shape, canvas));
+    if (layer.kind !== 'line') return places;
+    return places.flatMap((place, at) => (at === 0 ? [place] : [...between(places[at - 1]!, place), place]));
+  });
+}
+
+/** How many marks a name there would cover. */
+function covered(place: NamePlace, name: string, canvas: Canvas, marks: [number, number][]): number {
   const width = textWidth(name, ownTexts.guideLabel) + 8;
   const height = ownTexts.guideLabel.size + 6;
   const left = place.across * canvas.width - (place.anchor === 'end' ? width : 0);
   const bottom = place.up * canvas.height - (place.above ? 0 : height);
-  let count = 0;
-  for (const layer of layers) {
-    for (const shape of layer.shapes) {
-      const [x, y] = [canvas.x.unit(shape.x), canvas.y.unit(shape.y)];
-      const [across, up] = canvas.transposed
-        ? [y * canvas.width, x * canvas.height]
-        : [x * canvas.width, y * canvas.height];
-      if (across >= left && across <= left + width && up >= bottom && up <= bottom + height) count += 1;
-    }
-  }
-  return count;
+  if (left < -1 || left + width > canvas.width + 1) return Infinity;
+  const hides = ([across, up]: [number, number]) =>
+    across >= left && across <= left + width && up >= bottom && up <= bottom + height;
+  return marks.filter(hides).length;
 }
 
 /** The first of the places where a name covers the fewest shapes. */
 function freest(places: NamePlace[], name: string, canvas: Canvas, layers: Layer[]): NamePlace {
-  return places[leastIndex(places, (place) => covered(place, name, canvas, layers)) ?? 0]!;
+  const marks = coveredPlaces(canvas, layers);
+  return places[leastIndex(places, (place) => covered(place, name, canvas, marks)) ?? 0]!;
 }
 
 function nameMark(name: string, place: NamePlace, canvas: Canvas, line: Look): Plot.Markish {
@@ -133,11 +155,16 @@ function lineMarks(drawn: DrawnGuide, canvas: Canvas, layers: Layer[]): GuideMar
     { across: at, up, anchor: at > 0.75 ? 'end' : 'start', above: up === 0 },
     { across: at, up, anchor: at > 0.75 ? 'start' : 'end', above: up === 0 },
   ];
-  const along = (above: boolean): NamePlace[] => [
+  // At an end of the line, above or below it, before places that are not at an end.
+  const sides = [true, false];
+  const ends = sides.flatMap((above): NamePlace[] => [
     { across: 1, up: at, anchor: 'end', above },
     { across: 0, up: at, anchor: 'start', above },
-  ];
-  const places = upright ? [...beside(1), ...beside(0)] : [...along(true), ...along(false)];
+  ]);
+  const inner = [0.9, 0.8, 0.7, 0.6, 0.5, 0.4, 0.3].flatMap((across) =>
+    sides.map((above): NamePlace => ({ across, up: at, anchor: 'end', above })),
+  );
+  const places = upright ? [...beside(1), ...beside(0)] : [...ends, ...inner];
   return { line, name: nameMark(name, freest(places, name, canvas, layers), canvas, drawn.look) };
 }
 

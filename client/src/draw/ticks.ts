@@ -9,6 +9,7 @@ import {
   mostDecimals,
   numberText,
   readNumber,
+  withGroups,
   withoutDecimals,
 } from '../data/format.js';
 import { placeOf } from './directions.js';
@@ -138,13 +139,17 @@ function trueTicks(values: number[], format: Format | null, language: string): T
   });
 }
 
+/** From here on digits stand in groups: four of them are read as they are. */
+const leastGrouped = 10_000;
+
 /** A format whose decimals are too few for any of the values gives way. */
 function numberTicks(
   values: number[],
-  format: Format | null,
+  own: Format | null,
   language: string,
   [low, high]: [number, number],
 ): Tick[] {
+  const format = values.some((value) => Math.abs(value) >= leastGrouped) ? withGroups(own) : own;
   const ticks = trueTicks(values, format, language);
   const shown = ticks.map(({ value }) => value);
   if (ticks.length === values.length || !format || isScale(shown, low, high)) return ticks;

@@ -465,3 +465,18 @@ describe('range bars', () => {
     expect(heights[1]! / heights[0]!).toBeCloseTo(3, 2);
   });
 });
+
+test('names of lines across stand where no line runs', () => {
+  const rows = Array.from({ length: 21 }, (_, at) => at);
+  // Up and down around the guide, but not in the middle.
+  const b = rows.map((at) => (at > 8 && at < 12 ? 10 : at % 2 === 0 ? 3 : -3));
+  const drawn = picture(
+    { a: rows, b },
+    '<line><x variable="a"/><y variable="b"/></line><lineGuide y="0" name="Here"/>',
+    { coordinates: '<dimension/><dimension/>' },
+  );
+  const name = Array.from(drawn.svg.querySelectorAll('text')).find((text) => text.textContent === 'Here')!;
+  const across = Number(/translate\(([\d.]+)/.exec(name.getAttribute('transform')!)![1]);
+  expect(across).toBeGreaterThan(0.4 * 600);
+  expect(across).toBeLessThan(0.7 * 600);
+});

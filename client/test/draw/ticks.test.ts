@@ -63,6 +63,18 @@ describe('numbers at ticks', () => {
     expect(ticks([1234.1, 1234.2, 1234.3], 'pattern="#,##0"')).toContain('1,234.20');
   });
 
+  test('from ten thousand on stand in groups of digits, unless their format says otherwise', () => {
+    const ticks = (a: number[], format = '') =>
+      picture({ a, b: a }, points, {
+        rest: whole('a').replace('maximumFractionDigits="0"', format),
+      }).textsOf('x axis');
+    expect(ticks([0, 20_000])).toContain('2,000');
+    expect(ticks([-20_000, 0])).toContain('\u221220,000');
+    expect(ticks([0, 9_000])).toContain('8000');
+    expect(ticks([0, 20_000], 'useGrouping="false"')).toContain('2000');
+    expect(ticks([0, 20_000], 'pattern="0"')).toContain('2000');
+  });
+
   test('stand at their base', () => {
     const based = (settings: string, a = [0, 1, 2, 3, 4], extent = '<range min="0" max="4" exact="true"/>') =>
       picture({ a, b: a }, points.replace('whole', 'a'), {
@@ -75,7 +87,7 @@ describe('numbers at ticks', () => {
     expect(texts('base="0.2"')).toEqual(['0.2', '0.7', '1.2', '1.7', '2.2', '2.7', '3.2', '3.7']);
     expect(texts('base="0"')).toEqual(based('').textsOf('x axis'));
     const millions = based('delta="1" base="2000000"', [2e6, 2e6 + 4], '');
-    expect(millions.textsOf('x axis')).toContain('2000000');
+    expect(millions.textsOf('x axis')).toContain('2,000,000');
     expect(millions.notes).toEqual([]);
     expect(based('base="soon"').notes).toEqual([
       'Ticks along x do not stand at the base that the chart wants.',
