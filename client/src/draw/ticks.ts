@@ -236,19 +236,21 @@ function thinned(lines: string[][], needed: number, frequency: number): string[]
 }
 
 /** The least n for which every n-th label has room beside the next. */
-function everyFor(ticks: Tick[], scale: DrawnScale, length: number, need: (text: string) => number): number {
+function everyFor(
+  ticks: Tick[],
+  scale: DrawnScale,
+  length: number,
+  need: (text: string, at: number) => number,
+): number {
   const places = ticks.map((tick) => scale.unit(tick.value) * length);
   const fits = (every: number) => {
     let previous = -Infinity;
     for (let at = 0; at < ticks.length; at += every) {
-      const half = need(ticks[at]!.text) / 2;
+      const half = need(ticks[at]!.text, at) / 2;
+      const before = Math.max(0, at - every);
       const distance = Math.abs(places[at]! - previous);
-      if (
-        Number.isFinite(previous) &&
-        distance < half + need(ticks[Math.max(0, at - every)]!.text) / 2 + gapBetweenLabels
-      ) {
-        return false;
-      }
+      const wanted = half + need(ticks[before]!.text, before) / 2 + gapBetweenLabels;
+      if (Number.isFinite(previous) && distance < wanted) return false;
       previous = places[at]!;
     }
     return true;
@@ -343,11 +345,11 @@ export function layoutAcross(
 const mostLines = 3;
 
 /** Names may be shortened, numbers never. */
-function inLines(text: string, width: number, look: TextLook): string[] {
+function inLines(text: string, most: number, width: number, look: TextLook): string[] {
   const lines = wrap(text, width, look);
-  if (lines.length <= mostLines) return lines;
-  const rest = lines.slice(mostLines - 1).join(' ');
-  return [...lines.slice(0, mostLines - 1), shorten(rest, width, look)];
+  if (lines.length <= most) return lines;
+  const rest = lines.slice(most - 1).join(' ');
+  return [...lines.slice(0, most - 1), shorten(rest, width, look)];
 }
 
 /** Labels beside an upright axis. */
@@ -361,11 +363,17 @@ export function layoutUpright(
 ): TickLayout {
   const frequency = Math.max(1, Math.round(settings?.frequency ?? 1));
   const height = lineHeight(look);
-  const lines = ticks.map((tick) =>
-    scale.direction.kind === 'category' ? inLines(tick.text, mostWidth, look) : [tick.text],
-  );
+  const named = scale.direction.kind === 'category';
+  const arranged = (most: number) => {
+    const lines = ticks.map(({ text }) => (named ? inLines(text, most, mostWidth, look) : [text]));
+    const need = (_: string, at: number) => lines[at]!.length * height - gapBetweenLabels + 2;
+    return { lines, every: everyFor(ticks, scale, length, need) };
+  };
+  let most = named ? mostLines : 1;
+  let { lines, every } = arranged(most);
+  // A shortened name tells more than one that is not there.
+  while (every > frequency && most > 1) ({ lines, every } = arranged((most -= 1)));
   const tallest = Math.max(1, ...lines.map((each) => each.length)) * height;
-  const every = everyFor(ticks, scale, length, () => tallest - gapBetweenLabels + 2);
   const angle = settings?.angle ?? 0;
   const radians = (Math.abs(angle) * Math.PI) / 180;
   const depth =

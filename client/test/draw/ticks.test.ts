@@ -319,6 +319,20 @@ describe('an axis says in a note', () => {
     expect(axis('<majorTicks/>').notes).toEqual([]);
   });
 
+  test('that names are shortened rather than left out', () => {
+    const names = Array.from({ length: 18 }, (_, at) => `${at} ${long}`);
+    const drawn = picture(
+      { k: names.map((_, at) => at + 1) },
+      '<interval><x variable="k"/><summaryStatistic method="10"/></interval>',
+      {
+        categorical: { k: names },
+        coordinates: '<dimension><axis><majorTicks/></axis></dimension><dimension/><transposeTransform/>',
+      },
+    );
+    expect(drawn.notes).toEqual(['18 labels of the axis x are shortened.']);
+    expect(drawn.textsOf('x axis')).toHaveLength(18);
+  });
+
   test('how many of its names have no room', () => {
     const many = Array.from({ length: 100 }, (_, at) => at + 1);
     const bars = (settings: string) =>
