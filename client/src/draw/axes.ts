@@ -31,6 +31,7 @@ export interface DrawnAxis {
 
 const gapToLabels = 4;
 const gapToTitle = 7;
+const gapBetweenAxes = 8;
 
 export const isUpright = (place: AxisPlace) => place === 'left' || place === 'right';
 
@@ -103,7 +104,8 @@ export function layoutAxis(
 export function behindEachOther(axes: DrawnAxis[]): DrawnAxis[] {
   const taken: Partial<Record<AxisPlace, number>> = {};
   return axes.map((drawn) => {
-    const offset = taken[drawn.place] ?? 0;
+    const before = taken[drawn.place];
+    const offset = before === undefined ? 0 : before + gapBetweenAxes;
     taken[drawn.place] = offset + drawn.room;
     return { ...drawn, offset };
   });

@@ -222,7 +222,7 @@ function panelSize(compiled: CompiledGraph, whole: Rectangle, rooms: Layout['roo
 }
 
 function axisRoom(axes: DrawnAxis[], place: AxisPlace): number {
-  return axes.filter((axis) => axis.place === place).reduce((sum, axis) => sum + axis.room, 0);
+  return Math.max(0, ...axes.filter((axis) => axis.place === place).map((axis) => axis.offset + axis.room));
 }
 
 function roomsOf(
@@ -240,9 +240,11 @@ function roomsOf(
     return { left: reach(0).left, right: reach(columns - 1).right };
   });
   const overhang = (side: 'left' | 'right') => Math.max(edgeRoom, ...beyond.map((reach) => reach[side] + 4));
+  // Turned texts do not touch the edge of the page.
+  const beside = (taken: number) => (taken > 0 ? taken + 4 : 0);
   return {
     left: Math.max(room('left') + headers.left.room, overhang('left')) + 2,
-    right: Math.max(room('right') + headers.right.room, overhang('right'), named),
+    right: Math.max(room('right') + beside(headers.right.room), overhang('right'), named),
     top: Math.max(room('top') + headers.top.room, edgeRoom),
     bottom: Math.max(room('bottom') + headers.bottom.room, edgeRoom),
   };

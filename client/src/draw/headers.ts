@@ -1,15 +1,23 @@
 /** The texts over columns and beside rows of panels. */
 import { plainText } from '../chart/labels.js';
+import { pixels } from '../chart/markup.js';
 import type { Graph, PanelLevel } from '../chart/model.js';
+import { none, safeColor } from './colors.js';
 import { ownTexts } from './looks.js';
 import type { PanelGrid, PanelSide } from './panels.js';
 import type { Maker } from './svg.js';
 import { lineHeight, shorten, textLook, textWidth, widest, wrap, type TextLook } from './text.js';
 
+/** A line between texts and what they name. */
+interface Rule {
+  stroke: string;
+  width: number;
+}
+
 interface HeaderLine {
   look: TextLook;
-  /** A title has a rule below it, over all that it is the title of. */
-  ruled: boolean;
+  /** A title has a rule over all that it is the title of. */
+  rule: Rule | null;
   /** Texts over so many neighbouring strips each. */
   spans: { from: number; to: number; text: string; lines?: string[] }[];
   /** Its texts run across the panels' side, where they have no room along it. */
@@ -27,8 +35,18 @@ export interface Headers {
 const gapToPanels = 5;
 const ruleRoom = 5;
 
+const ownRule: Rule = { stroke: '#b3b3b3', width: 0.75 };
+
+/** The line of a level where the chart gives it a colour; else `otherwise`. */
+function ruleOf(level: PanelLevel | undefined, otherwise: Rule | null): Rule | null {
+  const style = level?.axis?.style ?? {};
+  const stroke = style.visible === false ? undefined : safeColor(style.color);
+  if (!stroke || stroke === none) return otherwise;
+  return { stroke, width: style.strokeWidth ? pixels(style.strokeWidth, 1) : 1 };
+}
+
 const depthOf = (line: HeaderLine) => line.depth ?? lineHeight(line.look);
-const heightOf = (line: HeaderLine) => depthOf(line) + (line.ruled ? ruleRoom : 0);
+const heightOf = (line: HeaderLine) => depthOf(line) + (line.rule ? ruleRoom : 0);
 
 function titleLine(level: PanelLevel | undefined, count: number): HeaderLine[] {
   const text = plainText(level?.axis?.label ?? null);
@@ -37,7 +55,7 @@ function titleLine(level: PanelLevel | undefined, count: number): HeaderLine[] {
     ...textLook(level?.axis?.label?.style ?? {}, ownTexts.panelTitle),
     align: 'middle' as const,
   };
-  return [{ look, ruled: true, spans: [{ from: 0, to: count, text }] }];
+  return [{ look, rule: ownRule, spans: [{ from: 0, to: count, text }] }];
 }
 
 function labelLook(level: PanelLevel | undefined): TextLook {
@@ -81,10 +99,10 @@ export function headersOf(grid: PanelGrid, name: 'columns' | 'rows', graph: Grap
   const lines: HeaderLine[] = side.variables.flatMap((variable, at) => {
     const level = levels.find((each) => each.level === variable.level);
     if (isNear(level) !== near) return [];
-    const ruled = at < side.variables.length - 1;
+    const rule = ruleOf(level, at < side.variables.length - 1 ? ownRule : null);
     return [
       ...titleLine(level, side.strips.length),
-      ...visibleLine(level, { look: labelLook(level), ruled, spans: spansOf(side, at) }),
+      ...visibleLine(level, { look: labelLook(level), rule, spans: spansOf(side, at) }),
     ];
   });
   const level = blendLevel(grid, name, graph);
@@ -94,7 +112,10 @@ export function headersOf(grid: PanelGrid, name: 'columns' | 'rows', graph: Grap
       ...textLook(level?.axis?.ticks?.style ?? {}, ownTexts.panelTitle),
       align: 'middle' as const,
     };
-    lines.push(...titleLine(level, blended.length), ...visibleLine(level, { look, ruled: false, spans }));
+    lines.push(
+      ...titleLine(level, blended.length),
+      ...visibleLine(level, { look, rule: ruleOf(level, null), spans }),
+    );
   }
   const room = lines.reduce((sum, line) => sum + heightOf(line), 0);
   return { lines, room: lines.length > 0 ? room + gapToPanels : 0 };
@@ -143,6 +164,10 @@ export function headerNotes(headers: Headers[]): string[] {
   return shortened ? ['Labels of panels that have no room are shortened.'] : [];
 }
 
+function drawRule({ stroke, width }: Rule, d: string, maker: Maker): SVGElement {
+  return maker.make('path', { d, stroke, 'stroke-width': width, fill: none, 'aria-hidden': 'true' });
+}
+
 /** Over the columns, whose places are given, or `below` them; `edge` is where their room is next to the panels. */
 export function drawColumnHeaders(
   headers: Headers,
@@ -155,30 +180,21 @@ export function drawColumnHeaders(
   const group = maker.group('Columns of panels', 'group');
   let y = below ? edge + gapToPanels : edge - headers.room;
   for (const line of below ? [...headers.lines].reverse() : headers.lines) {
-    const { look, spans, ruled } = line;
-    const first = y + look.size * 0.95 + (below && ruled ? ruleRoom : 0);
-    const rule = below ? y + 1 : y + depthOf(line) + 1;
+    const { look, spans, rule } = line;
+    const shift = below && rule ? ruleRoom : 0;
+    const first = y + look.size * 0.95 + shift;
+    const at = below ? y + 1 : y + depthOf(line) + 1;
     for (const { from, to, text, lines = [text] } of spans) {
       const left = starts[from]!;
       const right = starts[to - 1]! + width;
       const middle = (left + right) / 2;
-      const up = `translate(${Math.round(middle + look.size * 0.35)},${Math.round(y + depthOf(line) / 2)}) rotate(-90)`;
+      const up = `translate(${Math.round(middle + look.size * 0.35)},${Math.round(y + shift + depthOf(line) / 2)}) rotate(-90)`;
       group.append(
         line.turned
           ? maker.text(lines, 0, 0, look, { transform: up })
           : maker.text(lines, middle, first, look),
       );
-      if (!ruled) continue;
-      const d = `M${left.toFixed(2)},${rule} H${right.toFixed(2)}`;
-      group.append(
-        maker.make('path', {
-          d,
-          stroke: '#b3b3b3',
-          'stroke-width': 0.75,
-          fill: 'none',
-          'aria-hidden': 'true',
-        }),
-      );
+      if (rule) group.append(drawRule(rule, `M${left.toFixed(2)},${at} H${right.toFixed(2)}`, maker));
     }
     y += heightOf(line);
   }
@@ -199,9 +215,16 @@ export function drawRowHeaders(
   let across = edge + outward * gapToPanels;
   // The category stands next to its panels, the title outside.
   for (const line of [...headers.lines].reverse()) {
-    const { look, spans } = line;
+    const { look, spans, rule } = line;
+    const at = across + outward;
+    if (rule) across += outward * ruleRoom;
     for (const { from, to, text, lines = [text] } of spans) {
       const middle = (starts[from]! + starts[to - 1]! + height) / 2;
+      const [top, bottom] = [
+        Math.min(starts[from]!, starts[to - 1]!),
+        Math.max(starts[from]!, starts[to - 1]!),
+      ];
+      if (rule) group.append(drawRule(rule, `M${at.toFixed(2)},${top} V${bottom + height}`, maker));
       if (line.turned) {
         const align = left ? ('end' as const) : ('start' as const);
         group.append(maker.text(lines, across, middle + look.size * 0.35, { ...look, align }));
@@ -211,7 +234,7 @@ export function drawRowHeaders(
       const transform = `translate(${Math.round(across + outward * first)},${Math.round(middle)}) rotate(${outward * 90})`;
       group.append(maker.text(lines, 0, 0, look, { transform }));
     }
-    across += outward * heightOf(line);
+    across += outward * depthOf(line);
   }
   return group;
 }

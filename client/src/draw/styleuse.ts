@@ -62,7 +62,12 @@ function axisUses(axes: Axis[], what: string, lines: boolean): Use[] {
       anyway: middle,
     },
   ];
-  if (!lines) return all;
+  const ruled: Use = {
+    what: `lines of ${what}`,
+    styles: axes.map(({ style }) => style),
+    honoured: ['color', 'visible', 'strokeWidth'],
+  };
+  if (!lines) return [...all, ruled];
   return [
     ...all,
     { what: `lines of ${what}`, styles: axes.map(({ style }) => style), honoured: strokes },

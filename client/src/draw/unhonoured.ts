@@ -226,7 +226,6 @@ function levelNotes(graph: Graph, grid: PanelGrid): string[] {
         notes.push(`The angle of the labels of panels at level ${level} is not honoured.`);
       if (axis?.ticks?.format)
         notes.push(`The format of the labels of panels at level ${level} is not honoured.`);
-      if (axis && isShown(axis.style.color)) notes.push(`The line of panels at level ${level} is not drawn.`);
     }
   }
   return notes;

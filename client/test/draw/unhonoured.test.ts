@@ -85,8 +85,22 @@ describe('headers of panels', () => {
     expect(notes).toEqual([
       'The angle of the labels of panels at level 1 is not honoured.',
       'The format of the labels of panels at level 1 is not honoured.',
-      'The line of panels at level 1 is not drawn.',
     ]);
+  });
+
+  test('have the line of their level where it has a colour', () => {
+    const lines = (style: string, name: string) => {
+      const level = (at: number) =>
+        `<facetLevel level="${at}"><axis style="s"><majorTicks/></axis></facetLevel>`;
+      const drawn = panelled(level(1) + level(2), { rest: `<style id="s" ${style}/>` });
+      expect(drawn.notes).toEqual([]);
+      const group = drawn.svg.querySelector(`g[aria-label="${name} of panels"]`)!;
+      return Array.from(group.querySelectorAll('path')).map((path) => path.getAttribute('stroke'));
+    };
+    expect(lines('color="#FF0000" stroke_width="2px"', 'Columns')).toEqual(['#ff0000', '#ff0000']);
+    expect(lines('color="#FF0000"', 'Rows')).toEqual(['#ff0000', '#ff0000']);
+    expect(lines('color="#FF0000" visible="false"', 'Rows')).toEqual([]);
+    expect(lines('color="transparent"', 'Columns')).toEqual([]);
   });
 
   test('say that gaps of inner levels are not honoured', () => {
