@@ -6,9 +6,12 @@
 #include <httplib.h>
 #include <netinet/in.h>
 #include <nlohmann/json.hpp>
+#include <sys/resource.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <cerrno>
 #include <chrono>
 #include <csignal>
 #include <cstdint>
@@ -58,6 +61,12 @@ class Caller {
 
   void say(std::string const& text) const { ::send(mSocket, text.data(), text.size(), MSG_NOSIGNAL); }
 
+  /// Whether nothing has come, and the other end has not closed.
+  bool isOpen() const {
+    char byte = 0;
+    return ::recv(mSocket, &byte, 1, MSG_PEEK | MSG_DONTWAIT) < 0 && errno == EAGAIN;
+  }
+
   /// The first bytes of what comes, or as many of them as do.
   std::string hear(std::size_t count) const {
     std::string text(count, '\0');
@@ -69,6 +78,14 @@ class Caller {
  private:
   int mSocket;
 };
+
+/// For this process, and those that it starts.
+void allowOpenFiles(rlim_t count) {
+  rlimit limit{};
+  ::getrlimit(RLIMIT_NOFILE, &limit);
+  limit.rlim_cur = std::min(std::max(limit.rlim_cur, count), limit.rlim_max);
+  ::setrlimit(RLIMIT_NOFILE, &limit);
+}
 
 class Serve : public Listen {
  protected:
@@ -104,6 +121,14 @@ class Serve : public Listen {
       return told.charts.size() < charts;
     });
     return told;
+  }
+
+  bool answersAgain() const {
+    for (int i = 0; i < 100; ++i) {
+      if (get("/").status == 200) return true;
+      std::this_thread::sleep_for(std::chrono::milliseconds(50));
+    }
+    return false;
   }
 
   static Told readEvents(std::string const& text) {
@@ -258,6 +283,41 @@ TEST_F(Serve, AnswersWhileManyConnectionsAreOpen) {
   }
   EXPECT_EQ(streams, 24);
   EXPECT_EQ(refused, 36);
+}
+
+TEST_F(Serve, ClosesARequestThatComesByteByByte) {
+  start({"unix:s"});
+  Caller const caller(port);
+  auto const begin = std::chrono::steady_clock::now();
+  std::string const request = "GET / HTTP/1.1\r\nX-Slow: ";
+  for (std::size_t at = 0; at < 40 && caller.isOpen(); ++at) {
+    caller.say(at < request.size() ? request.substr(at, 1) : "x");
+    std::this_thread::sleep_for(std::chrono::milliseconds(500));
+  }
+  EXPECT_FALSE(caller.isOpen());
+  EXPECT_GT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(8));
+}
+
+TEST_F(Serve, RefusesAtOnceWhatItHasNoThreadFor) {
+  allowOpenFiles(1200);
+  start({"unix:s"});
+  std::list<Caller> slow;
+  for (int i = 0; i < 512; ++i) slow.emplace_back(port).say("GET / HTTP/1.1\r\nX-Sl");
+  Caller const next(port);
+  auto const begin = std::chrono::steady_clock::now();
+  std::string const answer = next.hear(4096);
+  EXPECT_THAT(answer, AllOf(StartsWith("HTTP/1.1 503 "), HasSubstr("Too many connections are open already")));
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(5));
+  slow.clear();
+  EXPECT_TRUE(answersAgain());
+}
+
+TEST_F(Serve, SendsAnswersWholeWhateverPartsAreAskedFor) {
+  std::string const bytes = capture();
+  start({"out/capture.kcap", "unix:s"});
+  httplib::Response const chart = get("/charts/1.kcap", {{"Range", "bytes=0-9,0-9,0-9"}});
+  EXPECT_EQ(chart.status, 200);
+  EXPECT_EQ(chart.body, bytes);
 }
 
 TEST_F(Serve, MakesASocketWhereNoneIsNamed) {

@@ -1,18 +1,21 @@
 #include "chart_server.h"
 
 #include "client/shipped_client.h"
+#include "event_stream.h"
 #include "files.h"
 #include "host_names.h"
 #include "problem.h"
-#include "workers.h"
+#include "timed_server.h"
 
 #include <httplib.h>
-#include <nlohmann/json.hpp>
 
 #include <atomic>
 #include <charconv>
 #include <chrono>
-#include <cstdint>
+#include <memory>
+#include <optional>
+#include <random>
+#include <string>
 #include <thread>
 #include <utility>
 
@@ -22,19 +25,23 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// Each connection holds a thread. Those without a stream of events are for pages and charts, and are so many
-/// that connections which ask for nothing, or slowly, leave some free.
-constexpr std::size_t mostThreads = 512;
+/// Each connection holds a thread. Those without a stream of events are for pages and charts.
+constexpr std::size_t mostConnections = 512;
 constexpr int mostStreams = 24;
 
 /// So often a stream shows that it is there, and notices that its reader is not.
 constexpr auto heartbeat = 5s;
 
-constexpr auto readPatience = 2s;
-constexpr auto writePatience = 10s;
-/// So long a connection may be open before it asks for something.
-constexpr std::time_t silenceSeconds = 1;
+/// So long others may keep a thread waiting, however they divide it.
+constexpr Patience patience{.firstByte = 1s,
+                            .request = 10s,
+                            .answer = 30s,
+                            .bytesPerSecond = std::size_t{64} << 10,
+                            .longestRequest = std::size_t{64} << 10};
 constexpr std::size_t longestBody = 1024;
+
+/// So long a page waits for events before it has to ask again, so that others get their turn.
+constexpr auto longestStream = 1h;
 
 constexpr int badRequest = 400;
 constexpr int forbidden = 403;
@@ -63,47 +70,17 @@ void refuse(httplib::Response& response, int status, char const* why) {
   response.set_content(std::string(why) + "\n", "text/plain; charset=utf-8");
 }
 
-std::string eventOf(ChartShelf::Kept const& kept) {
-  nlohmann::json const data = {{"id", kept.id}, {"from", kept.from}, {"received", kept.received}};
-  // The name of a file may be anything.
-  return "event: chart\ndata: " + data.dump(-1, ' ', true, nlohmann::json::error_handler_t::replace) + "\n\n";
+/// Tells this run of the server from others.
+std::string randomName() {
+  std::random_device source;
+  return std::to_string(source()) + std::to_string(source());
 }
-
-/// How far one reader has been told.
-class EventStream {
- public:
-  explicit EventStream(ChartShelf& shelf) : mShelf(&shelf) {}
-
-  /// Waits for news and writes them. False where there will be none.
-  bool writeTo(httplib::DataSink& sink) {
-    ChartShelf::News const news = mShelf->news(mLast, mFirst, mIsNew ? 0s : heartbeat);
-    if (news.isClosed || !sink.is_writable()) return false;
-    std::string text = mIsNew ? "retry: 2000\n\n" : "";
-    for (; mFirst < news.first; ++mFirst) {
-      if (mFirst <= mLast) text += "event: gone\ndata: " + std::to_string(mFirst) + "\n\n";
-    }
-    for (ChartShelf::Kept const& kept : news.charts) {
-      text += eventOf(kept);
-      mLast = kept.id;
-    }
-    if (text.empty()) text = ":\n\n";
-    mIsNew = false;
-    return sink.write(text.data(), text.size());
-  }
-
- private:
-  ChartShelf* mShelf;
-  std::size_t mLast = 0;
-  std::size_t mFirst = 1;
-  bool mIsNew = true;
-};
 
 }  // namespace
 
 class ChartServer::Service {
  public:
   Service(ChartShelf& shelf, std::string host, int port) : mShelf(&shelf), mHost(std::move(host)) {
-    mServer.new_task_queue = [] { return new Workers(mostThreads); };
     limit();
     guard();
     route();
@@ -129,11 +106,6 @@ class ChartServer::Service {
   using Handled = httplib::Server::HandlerResponse;
 
   void limit() {
-    mServer.set_read_timeout(readPatience);
-    mServer.set_write_timeout(writePatience);
-    mServer.set_keep_alive_timeout(silenceSeconds);
-    // A connection that has been answered holds no thread.
-    mServer.set_keep_alive_max_count(1);
     mServer.set_payload_max_length(longestBody);
     // As usual but for a port that another server has: it would get half of the requests.
     mServer.set_socket_options([this](auto socket) {
@@ -202,9 +174,13 @@ class ChartServer::Service {
       refuse(response, unavailable, "Too many pages are open already.");
       return;
     }
-    auto const stream = std::make_shared<EventStream>(*mShelf);
+    auto const stream = std::make_shared<EventStream>(*mShelf, mName, longestStream);
     response.set_chunked_content_provider(
-        "text/event-stream", [stream](std::size_t, httplib::DataSink& sink) { return stream->writeTo(sink); },
+        "text/event-stream",
+        [stream](std::size_t, httplib::DataSink& sink) {
+          std::optional<std::string> const text = stream->next(heartbeat);
+          return text && sink.is_writable() && sink.write(text->data(), text->size());
+        },
         [this](bool) { --mStreams; });
   }
 
@@ -223,8 +199,9 @@ class ChartServer::Service {
   std::string mHost;
   int mSocket = -1;
   int mPort = 0;
+  std::string const mName = randomName();
   std::atomic<int> mStreams{0};
-  httplib::Server mServer;
+  TimedServer mServer{mostConnections, patience};
   std::thread mThread;
 };
 

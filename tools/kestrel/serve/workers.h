@@ -1,40 +1,40 @@
 #pragma once
 
-#include <httplib.h>
+#include "worker_threads.h"
 
-#include <condition_variable>
 #include <cstddef>
-#include <deque>
 #include <functional>
-#include <mutex>
-#include <thread>
-#include <vector>
+#include <utility>
 
 namespace kestrel::tool {
 
-/// The threads that answer connections: as many as are needed, up to a bound. Beyond it, connections wait in
-/// the system's own queue, which refuses what is too much.
-class Workers : public httplib::TaskQueue {
- public:
-  explicit Workers(std::size_t most) : mMost(most) {}
+/// Whether the job that runs on this thread is one that no thread was free for: it has to end at once.
+inline thread_local bool isRefusedJob = false;
 
-  /// Waits while all threads are busy and there are as many connections behind them as may wait.
-  void enqueue(std::function<void()> job) override;
-  /// Ends the threads when all connections have been answered.
-  void shutdown() override;
+/// The threads that answer connections, as the HTTP library wants them: `Queue` is its interface. There,
+/// enqueue() tells in some versions whether the job was taken, in others nothing. A job that is not taken has
+/// to be run all the same, for it owns its connection: it runs as a refused one on the thread that waits for
+/// connections.
+template <typename Queue>
+class Workers : public Queue {
+ public:
+  using Taken = decltype(std::declval<Queue&>().enqueue(std::function<void()>()));
+
+  explicit Workers(std::size_t most) : mThreads(most) {}
+
+  Taken enqueue(std::function<void()> job) override { return static_cast<Taken>(takeOrRefuse(job)); }
+  void shutdown() override { mThreads.shutdown(); }
 
  private:
-  void work();
-  void addThread();
+  bool takeOrRefuse(std::function<void()> const& job) {
+    if (mThreads.take(job)) return true;
+    isRefusedJob = true;
+    job();
+    isRefusedJob = false;
+    return true;
+  }
 
-  std::size_t mMost;
-  std::mutex mMutex;
-  std::condition_variable mCame;
-  std::condition_variable mTaken;
-  std::deque<std::function<void()>> mJobs;
-  std::vector<std::thread> mThreads;
-  std::size_t mIdle = 0;
-  bool mIsOver = false;
+  WorkerThreads mThreads;
 };
 
 }  // namespace kestrel::tool

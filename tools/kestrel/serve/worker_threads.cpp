@@ -1,57 +1,54 @@
-#include "workers.h"
+#include "worker_threads.h"
 
 #include <system_error>
 #include <utility>
 
 namespace kestrel::tool {
 
-namespace {
-
-constexpr std::size_t mostWaiting = 64;
-
-}  // namespace
-
-void Workers::enqueue(std::function<void()> job) {
-  std::unique_lock lock(mMutex);
-  mTaken.wait(lock, [this] { return mJobs.size() < mostWaiting; });
-  mJobs.push_back(std::move(job));
-  if (mIdle < mJobs.size() && mThreads.size() < mMost) addThread();
+bool WorkerThreads::take(std::function<void()> const& job) {
+  std::lock_guard const lock(mMutex);
+  if (mJobs.size() >= mIdle && !addThread()) return false;
+  mJobs.push_back(job);
   mCame.notify_one();
+  return true;
 }
 
-void Workers::addThread() {
+bool WorkerThreads::addThread() {
+  if (mThreads.size() >= mMost) return false;
   try {
     mThreads.emplace_back([this] { work(); });
   } catch (std::system_error const&) {
     // The threads that are there do the work where the system has no more.
-    if (mThreads.empty()) throw;
-    mMost = mThreads.size();
+    return false;
   }
+  // It is counted before it starts, or the next job would find it missing.
+  ++mIdle;
+  return true;
 }
 
-void Workers::work() {
+void WorkerThreads::work() {
   std::unique_lock lock(mMutex);
   for (;;) {
-    ++mIdle;
     mCame.wait(lock, [this] { return mIsOver || !mJobs.empty(); });
-    --mIdle;
     if (mJobs.empty()) return;
+    --mIdle;
     std::function<void()> const job = std::move(mJobs.front());
     mJobs.pop_front();
-    mTaken.notify_one();
     lock.unlock();
     job();
     lock.lock();
+    ++mIdle;
   }
 }
 
-void Workers::shutdown() {
+void WorkerThreads::shutdown() {
   {
     std::lock_guard const lock(mMutex);
     mIsOver = true;
   }
   mCame.notify_all();
   for (std::thread& thread : mThreads) thread.join();
+  mThreads.clear();
 }
 
 }  // namespace kestrel::tool

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "timed_socket.h"
+
+#include <httplib.h>
+
+namespace kestrel::tool {
+
+/// An HTTP server that answers one request of each connection, in the time that it allows for it, and sends
+/// every answer whole: of requests for parts one could ask for the same part a thousand times.
+class TimedServer : public httplib::Server {
+ public:
+  /// At most so many connections at a time; more are refused at once.
+  TimedServer(std::size_t mostConnections, Patience const& patience);
+
+ private:
+  bool process_and_close_socket(socket_t socket) override;
+
+  Patience mPatience;
+};
+
+}  // namespace kestrel::tool
