@@ -73,7 +73,9 @@ TEST_F(View, RefusesWhatIsNoCapture) {
   write("t.csv", "a,b\n1,2\n");
   Outcome const outcome = kestrel({"view", "t.csv", "-o", "chart.html"});
   EXPECT_EQ(outcome.exit, 1);
-  EXPECT_EQ(outcome.err, "kestrel: t.csv: is no capture, which starts with KCAP0001\n");
+  EXPECT_EQ(outcome.err,
+            "kestrel: t.csv: is no capture, which starts with KCAP0001; give a capture, such as kestrel "
+            "chart writes\n");
   EXPECT_FALSE(exists("chart.html"));
 }
 
@@ -86,4 +88,19 @@ TEST_F(View, RefusesWhatNoBrowserCouldHold) {
       outcome.err,
       "kestrel: out/capture.kcap: is too long for a page, which holds up to 268,435,456 bytes; kestrel serve "
       "shows it\n");
+}
+
+TEST_F(View, RefusesAnEmptyFile) {
+  write("empty.kcap", "");
+  Outcome const outcome = kestrel({"view", "empty.kcap", "-o", "chart.html"});
+  EXPECT_EQ(outcome.exit, 1);
+  EXPECT_EQ(outcome.err, "kestrel: empty.kcap: is empty; give a capture, such as kestrel chart writes\n");
+}
+
+TEST_F(View, ReplacesNoFolder) {
+  makeCapture();
+  Outcome const outcome = kestrel({"view", "out/capture.kcap", "-o", "out"});
+  EXPECT_EQ(outcome.exit, 3);
+  EXPECT_EQ(outcome.err,
+            "kestrel: out: is there already, and is no file that could be replaced; choose another place\n");
 }

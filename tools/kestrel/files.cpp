@@ -66,6 +66,8 @@ void makeFolder(fs::path const& folder) {
 void writeFile(fs::path const& path, std::string_view bytes) {
   removeOldFile(path);
   File file(std::fopen(path.c_str(), "wbxe"));
+  if (!file && errno == EEXIST)
+    throw notWritten(path, "is there already, and is no file that could be replaced");
   if (!file) throw notWritten(path, "cannot be made: " + reason(errno));
   bool const written = std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size();
   int const error = errno;

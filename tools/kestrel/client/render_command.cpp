@@ -66,10 +66,11 @@ ChildOutcome runNode(std::vector<std::string> command) {
       Exit::NotWritten);
 }
 
-void drawSvg(RenderRequest const& request, fs::path const& svg) {
+/// What is wrong with the capture has been told where it is faulty; the client would tell it again.
+void drawSvg(RenderRequest const& request, bool isFaulty, fs::path const& svg) {
   ChildOutcome const outcome =
       runNode({"", clientFile("render.mjs").string(), fs::absolute(request.capture).string(), svg.string(),
-               std::to_string(request.chart)});
+               std::to_string(request.chart), isFaulty ? "told" : ""});
   std::vector<std::string> lines = linesOf(outcome.errors);
   std::string reason = "Node.js has ended with " + std::to_string(outcome.exit);
   if (outcome.exit != 0 && !lines.empty()) {
@@ -77,7 +78,9 @@ void drawSvg(RenderRequest const& request, fs::path const& svg) {
     lines.pop_back();
   }
   for (std::string const& line : lines) tell(request.capture + ": " + line);
-  if (outcome.exit != 0) throw badInput(request.capture, "cannot be drawn: " + reason);
+  if (outcome.exit != 0)
+    throw Problem(request.capture + ": cannot be drawn: " + reason,
+                  isFaulty ? Exit::BadCapture : Exit::BadInput);
 }
 
 void paintPng(fs::path const& svg, double zoom, fs::path const& png) {
@@ -103,9 +106,11 @@ bool runRender(RenderRequest const& request) {
     throw badInput(request.output, "has to end with .svg or .png, which says what is written");
   std::string const capture = readCaptureFile(request.capture);
   Inspection const inspection(capture);
+  tellFaults(request.capture, inspection.faults());
+  bool const isFaulty = !inspection.faults().empty();
   PassingFolder const folder;
   fs::path picture = folder.path() / "chart.svg";
-  drawSvg(request, picture);
+  drawSvg(request, isFaulty, picture);
   if (ending == ".png") {
     fs::path const svg = picture;
     picture.replace_extension(".png");
@@ -113,9 +118,8 @@ bool runRender(RenderRequest const& request) {
   }
   std::string const bytes = readFile(picture.string());
   writeFile(request.output, bytes);
-  tellFaults(request.capture, inspection.faults());
   print(printable(request.output) + ": " + counted(bytes.size(), "byte") + "\n");
-  return inspection.faults().empty();
+  return !isFaulty;
 }
 
 }  // namespace kestrel::tool

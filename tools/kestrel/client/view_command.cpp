@@ -49,8 +49,11 @@ void fill(std::string& page, std::string_view place, std::string_view text) {
 
 std::string readCaptureFile(std::string const& path) {
   std::string bytes = readFile(path);
+  std::string const whatToGive = "; give a capture, such as kestrel chart writes";
   if (!bytes.starts_with(captureSignature))
-    throw badInput(path, "is no capture, which starts with " + std::string(captureSignature));
+    throw badInput(path, bytes.empty() ? "is empty" + whatToGive
+                                       : "is no capture, which starts with " + std::string(captureSignature) +
+                                             whatToGive);
   return bytes;
 }
 
