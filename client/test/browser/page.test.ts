@@ -1,11 +1,10 @@
-import { spawn } from 'node:child_process';
 import { readFileSync, writeFileSync } from 'node:fs';
 import { join } from 'node:path';
 import { afterAll, beforeAll, describe, expect, test } from 'vitest';
 import type { Browser, Page } from 'playwright-core';
 import { deflateSync } from 'node:zlib';
 import { CaptureBuilder } from '../wire/captureBuilder.js';
-import { folder, kestrel, launch, open, run, runOnDamage } from './browser.js';
+import { folder, launch, open, run, runOnDamage } from './browser.js';
 
 let browser: Browser;
 let work: string;
@@ -223,42 +222,5 @@ describe('what came over the wire', () => {
     const page = await opened(view('several', capture));
     expect(await page.getByRole('article').count()).toBe(2);
     await page.context().close();
-  });
-});
-
-describe('live charts', () => {
-  test('come without loading anew, the newest first', async () => {
-    run('gallery', 'clustered-bars', 'sorted-bars', '-o', work);
-    const socket = join(work, 's');
-    const server = spawn(kestrel, ['serve', '--port', '0', `unix:${socket}`], {
-      stdio: ['ignore', 'pipe', 'inherit'],
-    });
-    try {
-      const address = await new Promise<string>((resolve) => {
-        let said = '';
-        server.stdout.on('data', (bytes: Buffer) => {
-          said += bytes.toString();
-          const [found] = /http:\/\/\S+/.exec(said) ?? [];
-          if (found !== undefined) resolve(found);
-        });
-      });
-      const { page, complaints } = await open(browser, address);
-      const state = page.getByRole('status');
-      await expect.poll(() => state.textContent()).toBe('No chart has come yet.');
-      for (const [number, x] of ['a', 'b'].entries()) {
-        writeFileSync(join(work, 'live.csv'), 'a,b\n1,2\n3,4\n');
-        const other = x === 'a' ? 'b' : 'a';
-        const options = ['--element', 'point', '--x', x, '--y', other, '--description', `Chart ${x}`];
-        run('chart', join(work, 'live.csv'), ...options, '--send', `unix:${socket}`);
-        await expect.poll(() => page.locator('figure svg').count()).toBe(number + 1);
-      }
-      expect(await page.locator('figcaption').allTextContents()).toEqual(['Chart b', 'Chart a']);
-      expect(await state.textContent()).toBe('2 charts, newest first.');
-      expect(complaints).toEqual([]);
-      await page.context().close();
-    } finally {
-      server.kill('SIGTERM');
-      await new Promise((resolve) => server.on('exit', resolve));
-    }
   });
 });
