@@ -21,6 +21,8 @@ export interface RawSend {
   contents: RawContent[];
   messages: MessageNote[];
   problems: string[];
+  /** Whether the capture ends within it. */
+  cut: boolean;
 }
 
 /** Sorts the messages of a capture into sends, and their chunks into contents. There is always one send. */
@@ -84,6 +86,7 @@ class Sorter {
       // What is cut belongs to the send that was under way, or to the last one.
       const target = this.send ?? this.sends.at(-1) ?? this.current();
       target.problems.push(problem);
+      target.cut = true;
     }
     if (this.sends.length === 0) this.current();
     return this.sends;
@@ -96,7 +99,7 @@ class Sorter {
 
   private current(): RawSend {
     if (this.send === null) {
-      this.send = { contents: [], messages: [], problems: [] };
+      this.send = { contents: [], messages: [], problems: [], cut: false };
       this.sends.push(this.send);
     }
     return this.send;

@@ -271,12 +271,11 @@ describe('damage', () => {
     expect(received.messages).toEqual([]);
   });
 
-  test('a cut within a message', () => {
+  test('a cut within a message, and only once', () => {
     const capture = usualChart(sentData).bytes();
     const received = receiveOne(capture.subarray(0, capture.length - 3));
     expect(received.problems).toEqual([
       `The capture is cut at byte ${capture.length - 3}: message 8 has 17 of its 20 bytes.`,
-      missingEnd,
     ]);
     expect(received.tables.size).toBe(1);
   });
@@ -284,7 +283,7 @@ describe('damage', () => {
   test('a cut before a message', () => {
     const capture = new CaptureBuilder().content(0, 'abc').done().bytes();
     const received = receiveOne(capture.subarray(0, 8 + 16 + 15 + 7));
-    expect(received.problems[0]).toBe('The capture is cut at byte 46, before message 2.');
+    expect(received.problems).toEqual(['The capture is cut at byte 46, before message 2.']);
   });
 
   test('a length out of bounds', () => {
