@@ -19,6 +19,7 @@
 #include <list>
 #include <memory>
 #include <string>
+#include <system_error>
 #include <thread>
 #include <vector>
 
@@ -89,14 +90,14 @@ void allowOpenFiles(rlim_t count) {
 
 class Serve : public Listen {
  protected:
-  void start(std::vector<std::string> const& more) {
-    std::vector<std::string> arguments = {"serve", "--port", "0"};
+  void start(std::vector<std::string> const& more, std::string const& host = "127.0.0.1") {
+    std::vector<std::string> arguments = {"serve", "--port", "0", "--host", host};
     arguments.insert(arguments.end(), more.begin(), more.end());
     server = std::make_unique<BackgroundCommand>(folder, arguments);
-    ASSERT_TRUE(server->says("charts are at http://127.0.0.1:")) << server->err();
+    std::string const mark = "charts are at http://";
+    ASSERT_TRUE(server->says(mark)) << server->err();
     std::string const said = server->out();
-    std::string const mark = "http://127.0.0.1:";
-    port = std::stoi(said.substr(said.find(mark) + mark.size()));
+    port = std::stoi(said.substr(said.find(':', said.find(mark) + mark.size()) + 1));
   }
 
   httplib::Client client() const { return httplib::Client("127.0.0.1", port); }
@@ -330,6 +331,40 @@ TEST_F(Serve, SharesNoPort) {
   start({"unix:s"});
   Outcome const outcome = kestrel({"serve", "--port", std::to_string(port), "unix:other"});
   EXPECT_EQ(outcome.exit, 3);
-  EXPECT_EQ(outcome.err, "kestrel: cannot serve at 127.0.0.1:" + std::to_string(port) +
-                             "; choose another --port or --host\n");
+  EXPECT_EQ(outcome.err, "kestrel: cannot serve at 127.0.0.1:" + std::to_string(port) + ": " +
+                             std::generic_category().message(EADDRINUSE) +
+                             "; choose another --host or --port, of which 0 is any that is free\n");
+}
+
+TEST_F(Serve, SaysWhyItCannotBeAtAnAddress) {
+  Outcome const outcome = kestrel({"serve", "--host", "no.host.invalid", "unix:s"});
+  EXPECT_EQ(outcome.exit, 3);
+  EXPECT_THAT(outcome.err,
+              HasSubstr("no.host.invalid:8411: no address has that name; choose another --host"));
+}
+
+TEST_F(Serve, WarnsWhereOthersCanSeeTheCharts) {
+  start({"unix:s"}, "0.0.0.0");
+  EXPECT_EQ(
+      server->err(),
+      "kestrel: --host 0.0.0.0: whoever can reach any address of this machine sees all charts, without a "
+      "password and unencrypted; leave --host out to show them on this machine alone\n");
+}
+
+TEST_F(Serve, WarnsOfNothingOnThisMachineAlone) {
+  start({"unix:s"});
+  EXPECT_EQ(server->err(), "");
+}
+
+TEST_F(Serve, TellsWhatIsWrongWithACaptureThatIsNamed) {
+  write("cut.kcap", capture().substr(0, 300));
+  start({"cut.kcap", "unix:s"});
+  EXPECT_THAT(server->err(), StartsWith("kestrel: cut.kcap: at byte "));
+  EXPECT_THAT(events(1).charts, testing::ElementsAre(1));
+}
+
+TEST_F(Serve, RefusesASocketWithoutAPath) {
+  Outcome const outcome = kestrel({"serve", "--port", "0", "unix:"});
+  EXPECT_EQ(outcome.exit, 1);
+  EXPECT_THAT(outcome.err, StartsWith("kestrel: unix:: the path of a socket has 1 to "));
 }

@@ -25,8 +25,8 @@ sockaddr_un addressOf(std::string const& path) {
   sockaddr_un address{};
   address.sun_family = AF_UNIX;
   if (path.empty() || path.size() >= sizeof address.sun_path) {
-    throw Problem(path + ": the path of a socket has 1 to " + std::to_string(sizeof address.sun_path - 1) +
-                      " bytes; choose another",
+    throw Problem((path.empty() ? "unix:" : path) + ": the path of a socket has 1 to " +
+                      std::to_string(sizeof address.sun_path - 1) + " bytes; choose another",
                   Exit::BadInput);
   }
   std::memcpy(address.sun_path, path.data(), path.size());

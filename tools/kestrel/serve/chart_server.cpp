@@ -1,5 +1,6 @@
 #include "chart_server.h"
 
+#include "addresses.h"
 #include "client/shipped_client.h"
 #include "event_stream.h"
 #include "files.h"
@@ -98,7 +99,11 @@ class ChartServer::Service {
   Service(Service const&) = delete;
   Service& operator=(Service const&) = delete;
 
-  std::string url() const { return "http://" + inUrl(mHost) + ":" + std::to_string(mPort) + "/"; }
+  std::string url() const {
+    // Where all addresses are meant, a browser of this machine takes this one.
+    std::string const host = reachOf(mHost) == Reach::AllAddresses ? "localhost" : inUrl(mHost);
+    return "http://" + host + ":" + std::to_string(mPort) + "/";
+  }
 
  private:
   using Request = httplib::Request;
@@ -188,8 +193,9 @@ class ChartServer::Service {
     bool const isBound =
         port == 0 ? (mPort = mServer.bind_to_any_port(mHost)) > 0 : mServer.bind_to_port(mHost, mPort = port);
     if (!isBound)
-      throw Problem("cannot serve at " + inUrl(printable(mHost)) + ":" + std::to_string(port) +
-                        "; choose another --port or --host",
+      throw Problem("cannot serve at " + inUrl(printable(mHost)) + ":" + std::to_string(port) + ": " +
+                        whyNotServed(mHost, port) +
+                        "; choose another --host or --port, of which 0 is any that is free",
                     Exit::NotWritten);
     // The library lets five connections wait for their turn; of more, each would try again after a second.
     ::listen(mSocket, SOMAXCONN);
