@@ -16,6 +16,7 @@ export function article(received: Received, id: string): HTMLElement {
     // The picture has its own titles; the heading is for those who go from heading to heading.
     element('h2', { id: `${id}-title`, class: drawn === null ? 'title' : 'hidden-title' }, title),
   );
+  const language = languageOf(received.chartText);
   const panels = panelsOf(received, drawn);
   if (drawn !== null) made.append(figure(drawn, received, id, panels));
   else if (received.description !== '') made.append(element('p', {}, received.description));
@@ -23,7 +24,21 @@ export function article(received: Received, id: string): HTMLElement {
   made.append(...list('notes', 'What this picture leaves out', drawn?.notes ?? []));
   made.append(...list('problems', 'What was wrong with what was received', problems));
   addPanels(made, panels, id);
+  if (language !== '') {
+    for (const part of made.querySelectorAll('h2, figure svg, .description'))
+      part.setAttribute('lang', language);
+  }
   return made;
+}
+
+/** What a chart's texts are spoken in; empty where it does not say, or cannot be read. */
+function languageOf(chartText: string | null): string {
+  try {
+    const language = chartText === null ? null : parseXml(chartText).documentElement.getAttribute('lang');
+    return /^[A-Za-z]{2,8}([-_][A-Za-z0-9]{1,8})*$/.test(language ?? '') ? language!.replace(/_/g, '-') : '';
+  } catch {
+    return '';
+  }
 }
 
 function drawnOr(problems: string[], received: Received): Drawn | null {
@@ -38,6 +53,7 @@ function drawnOr(problems: string[], received: Received): Drawn | null {
 function figure(drawn: Drawn, received: Received, id: string, panels: readonly Panel[]): HTMLElement {
   const { svg } = drawn;
   liftStyles(svg);
+  hideRepeated(svg, drawn.notes);
   if (!svg.hasAttribute('role')) svg.setAttribute('role', 'graphics-document');
   svg.setAttribute('aria-roledescription', 'chart');
   svg.setAttribute('aria-label', received.description || drawn.title);
@@ -52,6 +68,16 @@ function figure(drawn: Drawn, received: Received, id: string, panels: readonly P
     element('figcaption', {}, element('p', { class: 'description' }, received.description)),
     element('p', { id: `${id}-keys`, class: 'keys' }, `${keys.join(', ')}.`),
   );
+}
+
+/** What stands in the list below the chart is not read twice. */
+function hideRepeated(svg: SVGSVGElement, notes: readonly string[]): void {
+  const packed = (text: string): string => text.replace(/\s+/g, '');
+  for (const group of svg.querySelectorAll('[role="note"]')) {
+    let rest = packed(group.textContent);
+    for (const note of notes) rest = rest.replace(packed(note), '');
+    if (/^(And\d+morenotes\.)?$/.test(rest)) group.setAttribute('aria-hidden', 'true');
+  }
 }
 
 /**
@@ -90,32 +116,57 @@ function list(kind: string, heading: string, lines: readonly string[]): HTMLElem
 function addPanels(made: HTMLElement, panels: readonly Panel[], id: string): void {
   const buttons = element('div', { class: 'buttons', role: 'group', 'aria-label': 'More of this chart' });
   made.append(buttons);
-  const toggles = new Map<string, () => void>();
-  for (const panel of panels) {
-    const place = element('div', { id: `${id}-${panel.id}`, class: 'panel' });
-    place.hidden = true;
-    const button = element(
-      'button',
-      { type: 'button', 'aria-expanded': 'false', 'aria-controls': place.id, class: `show-${panel.id}` },
-      panel.name,
-    );
-    const toggle = (): void => {
-      if (place.childElementCount === 0) place.append(panel.make());
-      place.hidden = !place.hidden;
-      button.setAttribute('aria-expanded', String(!place.hidden));
-      if (!place.hidden) place.scrollIntoView({ block: 'nearest' });
-    };
-    button.addEventListener('click', toggle);
-    toggles.set(panel.key, toggle);
-    buttons.append(button);
-    made.append(place);
-  }
-  // Only while the chart itself has the focus, so that no key is taken from anything else.
-  made.querySelector('figure svg')?.addEventListener('keydown', (event) => {
-    const { key, ctrlKey, metaKey, altKey } = event as KeyboardEvent;
-    const toggle = ctrlKey || metaKey || altKey ? undefined : toggles.get(key.toLowerCase());
-    if (toggle === undefined) return;
-    event.preventDefault();
+  const drawers = panels.map((panel) => drawer(panel, `${id}-${panel.id}`));
+  for (const { button } of drawers) buttons.append(button);
+  for (const { place } of drawers) made.append(place);
+  const picture = made.querySelector<SVGSVGElement>('figure svg');
+  if (picture !== null) drawers.forEach((each) => listenToKeys(picture, each));
+}
+
+/** What a button opens and closes, and a key. */
+interface Drawer {
+  key: string;
+  button: HTMLElement;
+  place: HTMLElement;
+  toggle: () => void;
+}
+
+function drawer(panel: Panel, id: string): Drawer {
+  const place = element('div', { id, class: 'panel' });
+  place.hidden = true;
+  const button = element(
+    'button',
+    { type: 'button', 'aria-expanded': 'false', 'aria-controls': id, class: `show-${panel.id}` },
+    panel.name,
+  );
+  const toggle = (): void => {
+    if (place.childElementCount === 0) place.append(panel.make());
+    place.hidden = !place.hidden;
+    button.setAttribute('aria-expanded', String(!place.hidden));
+    if (!place.hidden) place.scrollIntoView({ block: 'nearest' });
+  };
+  button.addEventListener('click', toggle);
+  return { key: panel.key, button, place, toggle };
+}
+
+/**
+ * Only while the chart itself has the focus, or what was opened, so that no key is taken from anything else. The focus
+ * goes where the reader wants to be: without it, who does not see the page would not know what has opened.
+ */
+function listenToKeys(picture: SVGSVGElement, { key, place, toggle }: Drawer): void {
+  const on = (target: Element, keys: readonly string[], run: () => void): void =>
+    target.addEventListener('keydown', (event) => {
+      const { key: pressed, ctrlKey, metaKey, altKey } = event as KeyboardEvent;
+      if (ctrlKey || metaKey || altKey || !keys.includes(pressed.toLowerCase())) return;
+      event.preventDefault();
+      run();
+    });
+  on(picture, [key], () => {
     toggle();
+    if (!place.hidden) place.querySelector<HTMLElement>('[tabindex="0"]')?.focus();
+  });
+  on(place, [key, 'escape'], () => {
+    toggle();
+    picture.focus();
   });
 }

@@ -54,6 +54,47 @@ async function accessibleNames(page: Page): Promise<unknown[]> {
     .map((node) => node.name?.value);
 }
 
+/** The texts of all that a screen reader meets, in the order in which it does. */
+async function accessibleTexts(page: Page): Promise<string[]> {
+  const session = await page.context().newCDPSession(page);
+  const { nodes } = await session.send('Accessibility.getFullAXTree');
+  return nodes
+    .filter((node) => !node.ignored && node.role?.value === 'StaticText')
+    .map((node) => String(node.name?.value));
+}
+
+test('The texts of a chart are spoken in its language', async () => {
+  const capture = (lang: string) =>
+    new CaptureBuilder().content(0, 'Balken').chartText(`<visualization ${lang}/>`).done().bytes();
+  for (const [lang, spoken] of [
+    ['lang="de_DE"', 'de-DE'],
+    ['lang="de&quot; x"', null],
+    ['', null],
+  ] as const) {
+    const page = await opened(view('language', capture(lang)));
+    for (const part of ['h2', 'figure svg', '.description'])
+      expect(await page.locator(part).getAttribute('lang')).toBe(spoken);
+    await page.context().close();
+  }
+});
+
+describe('what a picture leaves out', () => {
+  const note = '2 rows with missing values are not drawn (Flipper length (mm), Body mass (g)).';
+
+  test('is told once to those who do not see it', async () => {
+    const page = await opened(galleryChart('scatter-with-reference-line'));
+    expect(await page.locator('section.notes li').allTextContents()).toEqual([note]);
+    expect((await accessibleTexts(page)).filter((text) => text.includes('missing values'))).toEqual([note]);
+    await page.context().close();
+  });
+
+  test('does not hide what else stands below the picture', async () => {
+    const page = await opened(galleryChart('error-bars'));
+    expect((await accessibleTexts(page)).join(' ')).toContain('95% confidence interval of the mean');
+    await page.context().close();
+  });
+});
+
 describe('a page', () => {
   let page: Page;
   beforeAll(async () => {
@@ -96,8 +137,15 @@ describe('a page', () => {
     await page.keyboard.press('t');
     expect(await table.isVisible()).toBe(true);
     expect(await page.getByRole('button', { name: 'Data table' }).getAttribute('aria-expanded')).toBe('true');
+    const focused = () => page.evaluate(() => document.activeElement?.getAttribute('aria-label'));
+    expect(await focused()).toMatch(/^The data of the chart, /);
     await page.keyboard.press('t');
     expect(await table.isVisible()).toBe(false);
+    expect(await page.evaluate(() => document.activeElement?.localName)).toBe('svg');
+    await page.keyboard.press('t');
+    await page.keyboard.press('Escape');
+    expect(await table.isVisible()).toBe(false);
+    expect(await page.evaluate(() => document.activeElement?.localName)).toBe('svg');
   });
 
   test('shows the focus within the picture, and lets it scroll on narrow screens', async () => {
