@@ -321,6 +321,14 @@ TEST_F(Serve, SendsAnswersWholeWhateverPartsAreAskedFor) {
   EXPECT_EQ(chart.body, bytes);
 }
 
+TEST_F(Serve, SpendsNoTimeOnCompression) {
+  start({"unix:s"});
+  Caller const caller(port);
+  caller.say("GET /live.js HTTP/1.1\r\nHost: 127.0.0.1\r\nAccept-Encoding: br, gzip\r\n\r\n");
+  std::string const answer = caller.hear(2048);
+  EXPECT_THAT(answer, AllOf(StartsWith("HTTP/1.1 200 "), Not(HasSubstr("Content-Encoding"))));
+}
+
 TEST_F(Serve, MakesASocketWhereNoneIsNamed) {
   start({});
   EXPECT_TRUE(exists("kestrel.sock"));

@@ -32,19 +32,20 @@ void refuse(int socket) {
   ::recv(socket, request.data(), request.size(), MSG_DONTWAIT);
 }
 
-/// The operation takes the addresses too since version 0.15 of the library.
+/// Newer versions of the library take the addresses too.
 template <typename Process>
 void answer(TimedStream<httplib::Stream>& stream, Process const& process) {
-  std::function<void(httplib::Request&)> const wantAll = [](httplib::Request& request) {
+  std::function<void(httplib::Request&)> const asItIs = [](httplib::Request& request) {
     request.ranges.clear();
+    request.headers.erase("Accept-Encoding");
   };
   bool isClosed = false;
-  if constexpr (requires { process(stream, true, isClosed, wantAll); }) {
-    process(stream, true, isClosed, wantAll);
+  if constexpr (requires { process(stream, true, isClosed, asItIs); }) {
+    process(stream, true, isClosed, asItIs);
   } else {
     Endpoint const remote = remoteEnd(stream.socket());
     Endpoint const local = localEnd(stream.socket());
-    process(stream, remote.address, remote.port, local.address, local.port, true, isClosed, wantAll);
+    process(stream, remote.address, remote.port, local.address, local.port, true, isClosed, asItIs);
   }
 }
 

@@ -6,8 +6,9 @@
 
 namespace kestrel::tool {
 
-/// An HTTP server that answers one request of each connection, in the time that it allows for it, and sends
-/// every answer whole: of requests for parts one could ask for the same part a thousand times.
+/// An HTTP server that answers one request of each connection, in the time that it allows for it. Every
+/// answer is sent whole and as it is: of requests for parts one could ask for the same part a thousand times,
+/// and to compress an answer may take seconds.
 class TimedServer : public httplib::Server {
  public:
   /// At most so many connections at a time; more are refused at once.
