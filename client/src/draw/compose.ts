@@ -4,7 +4,16 @@ import type { Data } from '../data/columns.js';
 import { none, readable, safeColor } from './colors.js';
 import { drawBox, drawFrame, frameTexts, layFrame, type LaidFrame } from './frames.js';
 import { drawGraph, type CompiledGraph } from './graph.js';
-import { drawLegend, layLegend, type LaidLegend } from './legends.js';
+import {
+  drawLegend,
+  layLegend,
+  legendNotes,
+  openLegend,
+  type LaidLegend,
+  type LegendScope,
+  type OpenLegend,
+} from './legends.js';
+import { shares } from './legendlayout.js';
 import { ownTexts } from './looks.js';
 import { pageSize, Places, rectangle, type Rectangle } from './page.js';
 import { Patterns } from './patterns.js';
@@ -88,6 +97,43 @@ function layFrames(chart: Chart, data: Data, places: Places, page: Rectangle, no
   return { laid, top, bottom };
 }
 
+/** Of the room for a graph and its legends, legends beside it take at most this part, and those above or below it. */
+const mostBeside = 0.5;
+const mostAcross = 1 / 3;
+const gapBetweenLegends = 8;
+
+const isAcross = (side: Side) => side === 'top' || side === 'bottom';
+
+/** Lays out the legends of one side, which share its height. */
+function layOneSide(legends: OpenLegend[], side: Side, graph: Rectangle, places: Places): LaidLegend[] {
+  if (side === 'free') {
+    return legends.map((legend) => {
+      const { left, top } = rectangle(places.edges(legend.legend.id), graph);
+      const [right, bottom] = [graph.left + graph.width, graph.top + graph.height];
+      return layLegend(legend, { width: right - left, height: bottom - top }, false);
+    });
+  }
+  const across = isAcross(side);
+  const width = across ? graph.width : graph.width * mostBeside;
+  const height = across ? graph.height * mostAcross : graph.height;
+  const wanted = legends.map((legend) => layLegend(legend, { width, height: Infinity }, across).height);
+  const heights = shares(wanted, height - gapBetweenLegends * (legends.length - 1));
+  return legends.map((legend, at) => layLegend(legend, { width, height: heights[at]! }, across));
+}
+
+function layLegends(chart: Chart, scope: LegendScope, graph: Rectangle, places: Places) {
+  const open = chart.legends.flatMap((legend) => {
+    const made = openLegend(legend, scope);
+    return made ? [{ made, side: sideOf(legend, chart) }] : [];
+  });
+  return (['right', 'left', 'top', 'bottom', 'free'] as const).flatMap((side) => {
+    const own = open.filter((each) => each.side === side).map(({ made }) => made);
+    const laid = layOneSide(own, side, graph, places);
+    scope.notes.push(...laid.flatMap(legendNotes));
+    return laid.map((each) => ({ laid: each, side }));
+  });
+}
+
 function placeLegends(
   legends: { laid: LaidLegend; side: Side }[],
   graph: Rectangle,
@@ -105,7 +151,7 @@ function placeLegends(
       bottom: { left: middle, top: graph.top + graph.height - height - used, width, height },
       free: { ...rectangle(places.edges(laid.legend.id), graph), width, height },
     };
-    next[side] = used + height + 8;
+    next[side] = used + height + gapBetweenLegends;
     return { laid, side, box: box[side] };
   });
 }
@@ -115,7 +161,7 @@ function without(graph: Rectangle, legends: PlacedLegend[]): Rectangle {
   const reach = (side: Side, extent: 'width' | 'height') => {
     const own = legends.filter((legend) => legend.side === side);
     if (own.length === 0) return 0;
-    const stacked = side === 'top' || side === 'bottom';
+    const stacked = isAcross(side);
     const sizes = own.map((legend) => legend.box[extent]);
     return (
       (stacked ? sizes.reduce((sum, size) => sum + size + 4, 0) : Math.max(...sizes)) +
@@ -163,14 +209,9 @@ function layPage(chart: Chart, data: Data, graphs: CompiledGraph[], notes: strin
   free.height = Math.max(80, bottom - free.top - (bottom < height ? 2 : pageMargin));
   const rooms = graphRooms(chart, places, free);
   const scope = { chart, data, cluster: graphs[0]?.x.cluster ?? null, notes };
-  const laidLegends = chart.legends.flatMap((legend) => {
-    const side = sideOf(legend, chart);
-    const laid = layLegend(legend, scope, side === 'top' || side === 'bottom');
-    return laid ? [{ laid, side }] : [];
-  });
   const [first] = rooms;
   const margins = first && { ...first, left: first.left + pageMargin, width: first.width - 2 * pageMargin };
-  const legends = margins ? placeLegends(laidLegends, margins, places) : [];
+  const legends = margins ? placeLegends(layLegends(chart, scope, margins, places), margins, places) : [];
   if (first) rooms[0] = without(first, legends);
   return { width, height, frames, legends, graphs: rooms };
 }

@@ -1,30 +1,38 @@
 /** Legends: what groups, ranges and named elements look like. */
-import { path, ticks as roundValues } from 'd3';
+import { ticks as roundValues } from 'd3';
 import { plainText } from '../chart/labels.js';
 import type { Aesthetic, Chart, ChartElement, Legend } from '../chart/model.js';
 import type { Data } from '../data/columns.js';
-import { none } from './colors.js';
 import type { Direction } from './directions.js';
 import { drawBox, paddingOf } from './frames.js';
 import { groupingOf, isGrouping, lookOf } from './grouping.js';
-import { ownLook, ownTexts, styled, type Look, type LookKind } from './looks.js';
+import {
+  gapOfBlocks,
+  gapToText,
+  layEntries,
+  widestText,
+  type Block,
+  type Entry,
+  type PlacedEntry,
+  type Room,
+} from './legendlayout.js';
+import { ownLook, ownTexts, styled, type LookKind } from './looks.js';
 import type { Patterns } from './patterns.js';
 import { rangesOf, type Range } from './ranges.js';
 import type { Maker } from './svg.js';
-import { isStroked, symbolPath } from './symbols.js';
+import { drawRamp, drawSwatch, rampSize, type Ramp } from './swatches.js';
 import { lineHeight, textLook, widest, wrap, type TextLook } from './text.js';
 import { ticksBetween, type Tick } from './ticks.js';
 
-interface Entry {
-  look: Look;
-  kind: LookKind;
-  lines: string[];
-}
-
-/** Entries one below the other, or a range of colours with the texts at its ticks. */
+/** Entries, or a range of colours with the texts at its ticks. */
 interface Section {
   entries: Entry[];
-  ramp: { range: Range; ticks: { share: number; text: string }[] } | null;
+  ramp: Ramp | null;
+}
+
+/** A section with its size and the places of its entries. */
+interface LaidSection extends Block {
+  ramp: Ramp | null;
 }
 
 export interface LaidLegend {
@@ -32,21 +40,14 @@ export interface LaidLegend {
   title: string[];
   titleLook: TextLook;
   look: TextLook;
-  sections: Section[];
+  sections: LaidSection[];
   width: number;
   height: number;
   across: boolean;
 }
 
 const neutral = '#737373';
-const swatchWidth = 22;
-const swatchHeight = 13;
-const gapToText = 7;
-const gapOfEntries = 5;
-const gapOfColumns = 18;
-const rampLength = 120;
-const rampWidth = 14;
-const widestText = 170;
+const gapBelowTitle = 4;
 
 export interface LegendScope {
   chart: Chart;
@@ -76,7 +77,7 @@ function lookKind(element: ChartElement): LookKind {
 const ownLookOf = (element: ChartElement) =>
   styled(ownLook(lookKind(element)), element.style, lookKind(element));
 
-function groupEntries(target: Target, scope: LegendScope, look: TextLook): Entry[] {
+function groupEntries(target: Target, scope: LegendScope): Entry[] {
   const { element } = target;
   const grouping = groupingOf(element, scope.chart, scope.data, scope.cluster);
   const variable = grouping.variables.find((each) => each.aesthetics.includes(target.aesthetic!));
@@ -84,7 +85,7 @@ function groupEntries(target: Target, scope: LegendScope, look: TextLook): Entry
   const kind = lookKind(element);
   const entries = variable.categories.map((category): Entry => {
     const own = lookOf(ownLookOf(element), kind, [variable], [category], scope.chart);
-    return { look: own, kind, lines: wrap(category.text, widestText, look) };
+    return { look: own, kind, text: category.text };
   });
   const lying = scope.chart.graphs.some((graph) =>
     graph.coordinates[0]?.transforms.some((transform) => transform.kind === 'transpose'),
@@ -104,7 +105,7 @@ function rangeTicks(range: Range, language: string): Tick[] {
   return roundValues(low, high, wanted).map((value) => ({ value, text: values.textOf(value) }));
 }
 
-function rangeSection(target: Target, range: Range, look: TextLook, language: string): Section {
+function rangeSection(target: Target, range: Range, language: string): Section {
   const shown = rangeTicks(range, language).filter(({ value }) => value >= range.low && value <= range.high);
   if (range.aesthetic.kind === 'color') {
     const share = (value: number) =>
@@ -121,17 +122,13 @@ function rangeSection(target: Target, range: Range, look: TextLook, language: st
   const entries = shown.map(({ value, text }): Entry => {
     const varied = range.lookOf(value);
     const size = varied.size ?? own.size;
-    return {
-      look: { ...own, size, opacity: varied.opacity ?? own.opacity },
-      kind,
-      lines: wrap(text, widestText, look),
-    };
+    return { look: { ...own, size, opacity: varied.opacity ?? own.opacity }, kind, text };
   });
   return { entries, ramp: null };
 }
 
 /** Targets over one variable are one section. */
-function sectionsOf(legend: Legend, scope: LegendScope, look: TextLook): Section[] {
+function sectionsOf(legend: Legend, scope: LegendScope): Section[] {
   const sections: Section[] = [];
   const named: Entry[] = [];
   const done = new Set<string>();
@@ -143,8 +140,8 @@ function sectionsOf(legend: Legend, scope: LegendScope, look: TextLook): Section
     }
     const { element, aesthetic } = target;
     if (!aesthetic) {
-      const lines = wrap(element.name || element.id, widestText, look);
-      named.push({ look: ownLookOf(element), kind: lookKind(element), lines });
+      const text = element.name || element.id;
+      named.push({ look: ownLookOf(element), kind: lookKind(element), text });
       continue;
     }
     const values = scope.data.values(aesthetic.variable);
@@ -156,118 +153,90 @@ function sectionsOf(legend: Legend, scope: LegendScope, look: TextLook): Section
     const range = grouped
       ? null
       : rangesOf(element, scope.chart, scope.data).find((each) => each.aesthetic === aesthetic);
-    if (range) sections.push(rangeSection(target, range, look, scope.chart.language));
-    else sections.push({ entries: groupEntries(target, scope, look), ramp: null });
+    if (range) sections.push(rangeSection(target, range, scope.chart.language));
+    else sections.push({ entries: groupEntries(target, scope), ramp: null });
   }
   return named.length > 0 ? [...sections, { entries: named, ramp: null }] : sections;
 }
 
-function entryHeight(entry: Entry, look: TextLook): number {
-  const symbol = entry.kind === 'point' ? entry.look.size + 2 : 0;
-  return Math.max(entry.lines.length * lineHeight(look), swatchHeight, symbol) + gapOfEntries;
+/** What a legend needs to be laid out: its parts before they have places. */
+export interface OpenLegend {
+  legend: Legend;
+  title: string[];
+  titleLook: TextLook;
+  look: TextLook;
+  sections: Section[];
 }
 
-function sectionSize(section: Section, look: TextLook, across: boolean): { width: number; height: number } {
-  if (section.ramp) {
-    const texts = section.ramp.ticks.map((tick) => tick.text);
-    return { width: rampWidth + gapToText + 4 + widest(texts, look), height: rampLength + lineHeight(look) };
-  }
-  const widths = section.entries.map((entry) => swatchWidth + gapToText + widest(entry.lines, look));
-  const heights = section.entries.map((entry) => entryHeight(entry, look));
-  const total = (values: number[]) => values.reduce((sum, value) => sum + value, 0);
-  return across
-    ? {
-        width: total(widths) + gapOfColumns * Math.max(0, widths.length - 1),
-        height: Math.max(0, ...heights),
-      }
-    : { width: Math.max(0, ...widths), height: total(heights) };
-}
-
-export function layLegend(legend: Legend, scope: LegendScope, across: boolean): LaidLegend | null {
+/** What a legend explains; null where that is nothing, or it is not to be seen. */
+export function openLegend(legend: Legend, scope: LegendScope): OpenLegend | null {
   const look = textLook(legend.textStyle, ownTexts.legendLabel);
   const titleLook = textLook(legend.label?.style ?? {}, ownTexts.legendTitle);
-  const sections = sectionsOf(legend, scope, look).filter(
-    (section) => section.ramp || section.entries.length > 0,
-  );
+  const sections = sectionsOf(legend, scope).filter((section) => section.ramp || section.entries.length > 0);
   if (legend.style.visible === false || sections.length === 0) return null;
   const text = legend.label?.style.visible === false ? '' : plainText(legend.label);
   const title = text === '' ? [] : wrap(text, widestText, titleLook);
-  const sizes = sections.map((section) => sectionSize(section, look, across));
-  const padding = paddingOf(legend.style);
-  const titleHeight = title.length * lineHeight(titleLook) + (title.length > 0 ? 4 : 0);
+  return { legend, title, titleLook, look, sections };
+}
+
+const titleHeight = ({ title, titleLook }: Pick<OpenLegend, 'title' | 'titleLook'>) =>
+  title.length > 0 ? title.length * lineHeight(titleLook) + gapBelowTitle : 0;
+
+/** Ramps keep their size; the entries share the room that is left. */
+function laySections(open: OpenLegend, room: Room, across: boolean): LaidSection[] {
+  const { sections, look } = open;
+  const ramps = sections.flatMap(({ ramp }) => (ramp ? [rampSize(ramp, look, across)] : []));
+  const taken = ramps.reduce((total, ramp) => total + ramp.height + gapOfBlocks, 0);
+  const listed = sections.filter(({ ramp }) => !ramp).map(({ entries }) => entries);
+  const blocks = layEntries(listed, { ...room, height: room.height - taken }, look, across);
+  return sections.map(({ ramp }): LaidSection => {
+    if (!ramp) return { ...blocks.shift()!, ramp: null };
+    return { entries: [], hidden: 0, ramp, ...rampSize(ramp, look, across) };
+  });
+}
+
+/** Lays a legend out in a room; `across` where it stands above or below the data. */
+export function layLegend(open: OpenLegend, room: Room, across: boolean): LaidLegend {
+  const padding = paddingOf(open.legend.style);
+  const [beside, above] = [padding.left + padding.right, padding.top + padding.bottom];
+  const title = titleHeight(open);
+  const inside = { width: room.width - beside, height: room.height - above - title };
+  const sections = laySections(open, inside, across);
+  const height = sections.reduce((total, section) => total + section.height, 0);
   return {
-    legend,
-    title,
-    titleLook,
-    look,
+    ...open,
     sections,
     across,
-    width:
-      Math.max(widest(title, titleLook), ...sizes.map((size) => size.width)) + padding.left + padding.right,
-    height:
-      titleHeight + sizes.reduce((sum, size) => sum + size.height + 6, 0) + padding.top + padding.bottom,
+    width: Math.max(widest(open.title, open.titleLook), ...sections.map(({ width }) => width)) + beside,
+    height: title + height + gapOfBlocks * sections.length + above,
   };
 }
 
-/** A sample of a look around 0, 0. */
-function swatch(entry: Entry, patterns: Patterns, maker: Maker): SVGElement {
-  const { look, kind } = entry;
-  const fill = patterns.fill(look.fill, look.pattern);
-  const opacity = look.opacity < 1 ? look.opacity : null;
-  if (kind === 'line' || kind === 'path' || kind === 'edge' || kind === 'error') {
-    return maker.make('path', {
-      d: `M${-swatchWidth / 2},0 H${swatchWidth / 2}`,
-      fill: none,
-      stroke: look.stroke,
-      'stroke-width': look.strokeWidth,
-      'stroke-dasharray': look.dashes.length > 0 ? look.dashes.join(' ') : null,
-      'stroke-opacity': opacity,
-    });
-  }
-  if (kind === 'point') {
-    const stroked = isStroked(look.symbol);
-    return maker.make('path', {
-      d: symbolPath(look.symbol, Math.max(look.size, 4), path),
-      fill: stroked ? none : look.fill,
-      stroke: stroked ? look.fill : look.stroke,
-      'stroke-width': stroked ? Math.max(1.4, look.size / 5) : look.strokeWidth,
-      [stroked ? 'stroke-opacity' : 'fill-opacity']: opacity,
-    });
-  }
-  const outline =
-    look.stroke === none || look.stroke === '#ffffff' ? (look.pattern > 1 ? look.fill : none) : look.stroke;
-  return maker.make('rect', {
-    x: -swatchWidth / 2 + 2,
-    y: -swatchHeight / 2,
-    width: swatchWidth - 4,
-    height: swatchHeight,
-    fill,
-    'fill-opacity': opacity,
-    stroke: outline,
-    'stroke-width': outline === none ? null : 0.75,
-  });
+/** How many entries of a legend have no room. */
+export function legendNotes({ legend, title, sections }: LaidLegend): string[] {
+  const name = title.join(' ') || legend.id;
+  return sections.flatMap(({ entries, hidden }) =>
+    hidden > 0
+      ? [
+          `The legend ${name} has room for ${entries.length - 1} of its ${entries.length - 1 + hidden} entries.`,
+        ]
+      : [],
+  );
 }
 
-function drawRamp(section: Section, look: TextLook, x: number, y: number, maker: Maker): SVGElement {
-  const { range, ticks: shown } = section.ramp!;
-  const group = maker.make('g', { transform: `translate(${x},${y + lineHeight(look) / 2})` });
-  const id = `${maker.prefix}-ramp-${range.aesthetic.id.replace(/\W/g, '_')}`;
-  const stops = Array.from({ length: 11 }, (_, at) => {
-    const value = range.high - (at / 10) * (range.high - range.low);
-    return maker.make('stop', { offset: `${at * 10}%`, 'stop-color': range.lookOf(value).fill ?? none });
-  });
-  group.append(
-    maker.make('linearGradient', { id, x1: 0, y1: 0, x2: 0, y2: 1 }, stops),
-    maker.make('rect', { width: rampWidth, height: rampLength, fill: `url(#${id})` }),
-  );
-  for (const { share, text } of shown) {
-    const at = (1 - share) * rampLength;
-    group.append(
-      maker.make('path', { d: `M${rampWidth},${at} h4`, stroke: '#4d4d4d', fill: none }),
-      maker.text([text], rampWidth + gapToText, at + look.size * 0.35, look),
-    );
-  }
-  return group;
+function drawEntry(
+  { entry, lines, shortened, x, middle, sampleWidth }: PlacedEntry,
+  look: TextLook,
+  patterns: Patterns,
+  maker: Maker,
+): SVGElement[] {
+  const first = middle + look.size * 0.35 - ((lines.length - 1) * lineHeight(look)) / 2;
+  const text = maker.text(lines, x + sampleWidth + gapToText, first, { ...look, align: 'start' });
+  if (shortened) text.append(maker.make('title', {}, [entry.text]));
+  if (!entry.look) return [text];
+  const at = `translate(${x + sampleWidth / 2},${Math.round(middle * 100) / 100})`;
+  const sample = drawSwatch({ look: entry.look, kind: entry.kind }, patterns, maker);
+  return [maker.make('g', { transform: at }, [sample]), text];
 }
 
 /** A legend with its corner at left, top. */
@@ -288,26 +257,14 @@ export function drawLegend(
   let y = padding.top;
   if (title.length > 0) {
     group.append(maker.text(title, padding.left, y + titleLook.size * 0.9, { ...titleLook, align: 'start' }));
-    y += title.length * lineHeight(titleLook) + 4;
+    y += titleHeight(laid);
   }
   for (const section of sections) {
-    let x = padding.left;
-    if (section.ramp) group.append(drawRamp(section, look, x, y, maker));
-    const tallest = Math.max(0, ...section.entries.map((entry) => entryHeight(entry, look)));
-    for (const entry of section.entries) {
-      const height = across ? tallest : entryHeight(entry, look);
-      const middle = y + (height - gapOfEntries) / 2;
-      const first = middle + look.size * 0.35 - ((entry.lines.length - 1) * lineHeight(look)) / 2;
-      const at = `translate(${x + swatchWidth / 2},${Math.round(middle * 100) / 100})`;
-      group.append(
-        maker.make('g', { transform: at }, [swatch(entry, patterns, maker)]),
-        maker.text(entry.lines, x + swatchWidth + gapToText, first, { ...look, align: 'start' }),
-      );
-      if (across) x += swatchWidth + gapToText + widest(entry.lines, look) + gapOfColumns;
-      else y += height;
-    }
-    if (across) y += tallest;
-    y += section.ramp ? rampLength + lineHeight(look) + 6 : 6;
+    const part = maker.make('g', { transform: `translate(${padding.left},${Math.round(y * 100) / 100})` });
+    if (section.ramp) part.append(drawRamp(section.ramp, look, across, maker));
+    for (const entry of section.entries) part.append(...drawEntry(entry, look, patterns, maker));
+    group.append(part);
+    y += section.height + gapOfBlocks;
   }
   return group;
 }

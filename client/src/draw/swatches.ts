@@ -1,0 +1,133 @@
+/** Samples of looks, and ranges of colours, as legends show them. */
+import { path } from 'd3';
+import { none } from './colors.js';
+import { gapToText, swatchHeight, swatchWidth, type Entry, type Room } from './legendlayout.js';
+import type { Look } from './looks.js';
+import type { Patterns } from './patterns.js';
+import type { Range } from './ranges.js';
+import type { Maker } from './svg.js';
+import { isStroked, symbolPath } from './symbols.js';
+import { lineHeight, textWidth, widest, type TextLook } from './text.js';
+
+/** A range of colours with the texts at its ticks. */
+export interface Ramp {
+  range: Range;
+  ticks: { share: number; text: string }[];
+}
+
+/** Upright, and lying: there texts stand one beside the other. */
+const rampLengths = { upright: 120, lying: 200 };
+const gapOfTexts = 6;
+const rampWidth = 14;
+const tickLength = 4;
+
+function lineSample(look: Look, maker: Maker): SVGElement {
+  return maker.make('path', {
+    d: `M${-swatchWidth / 2},0 H${swatchWidth / 2}`,
+    fill: none,
+    stroke: look.stroke,
+    'stroke-width': look.strokeWidth,
+    'stroke-dasharray': look.dashes.length > 0 ? look.dashes.join(' ') : null,
+    'stroke-opacity': look.opacity < 1 ? look.opacity : null,
+  });
+}
+
+function symbolSample(look: Look, maker: Maker): SVGElement {
+  const stroked = isStroked(look.symbol);
+  return maker.make('path', {
+    d: symbolPath(look.symbol, Math.max(look.size, 4), path),
+    fill: stroked ? none : look.fill,
+    stroke: stroked ? look.fill : look.stroke,
+    'stroke-width': stroked ? Math.max(1.4, look.size / 5) : look.strokeWidth,
+    [stroked ? 'stroke-opacity' : 'fill-opacity']: look.opacity < 1 ? look.opacity : null,
+  });
+}
+
+/** A sample of a look around 0, 0. */
+export function drawSwatch(
+  { look, kind }: Pick<Entry, 'kind'> & { look: Look },
+  patterns: Patterns,
+  maker: Maker,
+): SVGElement {
+  if (kind === 'line' || kind === 'path' || kind === 'edge' || kind === 'error') {
+    return lineSample(look, maker);
+  }
+  if (kind === 'point') return symbolSample(look, maker);
+  const outline =
+    look.stroke === none || look.stroke === '#ffffff' ? (look.pattern > 1 ? look.fill : none) : look.stroke;
+  return maker.make('rect', {
+    x: -swatchWidth / 2 + 2,
+    y: -swatchHeight / 2,
+    width: swatchWidth - 4,
+    height: swatchHeight,
+    fill: patterns.fill(look.fill, look.pattern),
+    'fill-opacity': look.opacity < 1 ? look.opacity : null,
+    stroke: outline,
+    'stroke-width': outline === none ? null : 0.75,
+  });
+}
+
+/** Half of a text may reach beyond each end of a lying ramp. */
+function overhang(ramp: Ramp, look: TextLook): number {
+  return (
+    widest(
+      ramp.ticks.map((tick) => tick.text),
+      look,
+    ) / 2
+  );
+}
+
+/** How much room a range of colours takes: upright, or lying where legends go across. */
+export function rampSize(ramp: Ramp, look: TextLook, across: boolean): Room {
+  const beside = tickLength + gapToText + rampWidth;
+  if (across) {
+    return {
+      width: rampLengths.lying + 2 * overhang(ramp, look),
+      height: rampWidth + tickLength + lineHeight(look),
+    };
+  }
+  const texts = ramp.ticks.map((tick) => tick.text);
+  return { width: beside + widest(texts, look), height: rampLengths.upright + lineHeight(look) };
+}
+
+/** The ticks whose texts have room one beside the other. */
+function apart(ticks: Ramp['ticks'], look: TextLook): Ramp['ticks'] {
+  let end = -Infinity;
+  return ticks.filter(({ share, text }) => {
+    const half = textWidth(text, look) / 2;
+    const middle = share * rampLengths.lying;
+    if (middle - half < end) return false;
+    end = middle + half + gapOfTexts;
+    return true;
+  });
+}
+
+/** A range of colours with its ticks, with its corner at 0, 0: the highest value at the top, or at the right. */
+export function drawRamp({ range, ticks }: Ramp, look: TextLook, across: boolean, maker: Maker): SVGElement {
+  const [left, top] = across ? [overhang({ range, ticks }, look), 0] : [0, lineHeight(look) / 2];
+  const group = maker.make('g', { transform: `translate(${left.toFixed(2)},${top.toFixed(2)})` });
+  const id = `${maker.prefix}-ramp-${range.aesthetic.id.replace(/\W/g, '_')}`;
+  const stops = Array.from({ length: 11 }, (_, at) => {
+    const share = across ? at / 10 : 1 - at / 10;
+    const value = range.low + share * (range.high - range.low);
+    return maker.make('stop', { offset: `${at * 10}%`, 'stop-color': range.lookOf(value).fill ?? none });
+  });
+  const rampLength = across ? rampLengths.lying : rampLengths.upright;
+  const [width, height] = across ? [rampLength, rampWidth] : [rampWidth, rampLength];
+  group.append(
+    maker.make('linearGradient', { id, x1: 0, y1: 0, x2: across ? 1 : 0, y2: across ? 0 : 1 }, stops),
+    maker.make('rect', { width, height, fill: `url(#${id})` }),
+  );
+  for (const { share, text } of across ? apart(ticks, look) : ticks) {
+    const at = (across ? share : 1 - share) * rampLength;
+    const line = across ? `M${at},${rampWidth} v${tickLength}` : `M${rampWidth},${at} h${tickLength}`;
+    const below = rampWidth + tickLength + look.size;
+    group.append(
+      maker.make('path', { d: line, stroke: look.color, fill: none }),
+      across
+        ? maker.text([text], at, below, { ...look, align: 'middle' })
+        : maker.text([text], rampWidth + gapToText, at + look.size * 0.35, { ...look, align: 'start' }),
+    );
+  }
+  return group;
+}

@@ -1,0 +1,167 @@
+import { describe, expect, test } from 'vitest';
+import { Picture, picture } from './chart.js';
+
+const count = (many: number) => Array.from({ length: many }, (_, at) => at + 1);
+
+const group = (drawn: Picture) => drawn.svg.querySelector('g[aria-label^="Legend"]')!;
+
+/** The places of texts in a legend, from its corner. */
+function places(drawn: Picture): { text: string; x: number; y: number }[] {
+  return Array.from(group(drawn).querySelectorAll('text')).map((text) => {
+    const moved = /translate\(([-\d.]+),([-\d.]+)\)/.exec(
+      (text.parentNode as Element).getAttribute('transform') ?? '',
+    );
+    const shown = Array.from(text.childNodes).filter((node) => (node as Element).localName !== 'title');
+    return {
+      text: shown.map((node) => node.textContent).join(''),
+      x: Number(text.getAttribute('x')) + Number(moved?.[1] ?? 0),
+      y: Number(text.getAttribute('y')) + Number(moved?.[2] ?? 0),
+    };
+  });
+}
+
+interface Wanted {
+  texts: string[];
+  legend?: string;
+  page?: string;
+  element?: string;
+}
+
+/** Points of that many groups, with a legend. */
+function grouped({
+  texts,
+  legend = '',
+  page = '',
+  element = '<color id="c" variable="k"/>',
+}: Wanted): Picture {
+  const at = count(texts.length);
+  return picture(
+    { a: at, b: at, k: at },
+    `<point id="p"><x variable="a"/><y variable="b"/>${element}</point>`,
+    {
+      categorical: { k: texts },
+      rest: `<legend id="l"><legendTarget target="c"/>${legend}</legend>${page}`,
+    },
+  );
+}
+
+const short = (many: number) => count(many).map((at) => `g${at}`);
+const height = (drawn: Picture) => Number(drawn.svg.getAttribute('height'));
+
+/** Where the corner of the legend stands. */
+function corner(drawn: Picture): [number, number] {
+  const moved = /translate\(([-\d.]+),([-\d.]+)\)/.exec(group(drawn).getAttribute('transform')!)!;
+  return [Number(moved[1]), Number(moved[2])];
+}
+
+describe('legends', () => {
+  test('have one column where there is room', () => {
+    const drawn = grouped({ texts: short(20) });
+    expect(new Set(places(drawn).map(({ x }) => x)).size).toBe(1);
+    expect(places(drawn).map(({ text }) => text)).toEqual(short(20));
+  });
+
+  test('that are too long for that have several, in the order of the groups from the top', () => {
+    const drawn = grouped({ texts: short(60) });
+    const shown = places(drawn);
+    expect(shown.map(({ text }) => text)).toEqual(short(60));
+    expect(new Set(shown.map(({ x }) => x)).size).toBe(3);
+    expect(shown[1]!.y).toBeGreaterThan(shown[0]!.y);
+    expect(Math.max(...shown.map(({ y }) => y)) + corner(drawn)[1]).toBeLessThan(500);
+    expect(drawn.notes.join()).not.toContain('room');
+  });
+
+  test('leave half of the width to the data, and say what has no room in an entry and a note', () => {
+    const drawn = grouped({ texts: short(300) });
+    const shown = places(drawn);
+    const most = shown.length - 1;
+    expect(most).toBeGreaterThan(60);
+    expect(shown[most]!.text).toBe(`\u2026 and ${300 - most} more`);
+    expect(drawn.notes).toContain(`The legend l has room for ${most} of its 300 entries.`);
+    expect(corner(drawn)[0]).toBeGreaterThan(300);
+    expect(Math.max(...shown.map(({ y }) => y)) + corner(drawn)[1]).toBeLessThan(500);
+  });
+
+  test('tell apart by their ends the long texts that they shorten, and tell them whole in titles', () => {
+    const texts = count(40).map((at) => `The district of the upper and of the lower valley, number ${at}`);
+    const drawn = grouped({ texts });
+    const shown = places(drawn);
+    expect(shown.map(({ text }) => text).every((text) => /^The.*\u2026.*\d+$/.test(text))).toBe(true);
+    expect(new Set(shown.map(({ text }) => text)).size).toBe(40);
+    const titles = Array.from(group(drawn).querySelectorAll('text > title')).map(
+      (title) => title.textContent,
+    );
+    expect(titles).toEqual(texts);
+  });
+
+  test('wrap a long text, and end in an ellipsis after three lines', () => {
+    const long =
+      'a text that is so long that it does not fit in three lines of a legend, however one breaks it there at all';
+    const drawn = grouped({ texts: ['short', long] });
+    const [, entry] = Array.from(group(drawn).querySelectorAll('text'));
+    const lines = Array.from(entry!.querySelectorAll('tspan')).map((line) => line.textContent!);
+    expect(lines).toHaveLength(3);
+    expect(lines[2]).toMatch(/\u2026$/);
+    expect(entry!.querySelector('title')!.textContent).toBe(long);
+  });
+
+  const above = '<location part="2" method="0" value="0%"/>';
+  const atBottom = '<location part="3" method="0" value="100%"/>';
+
+  test.each([
+    ['above', above],
+    ['below', atBottom],
+  ])('%s the data go across, in as many rows as they need', (_, location) => {
+    const few = grouped({ texts: short(4), legend: location });
+    expect(new Set(places(few).map(({ y }) => y)).size).toBe(1);
+    const many = places(grouped({ texts: short(30), legend: location }));
+    const rows = new Set(many.map(({ y }) => y));
+    expect(rows.size).toBeGreaterThan(1);
+    expect(rows.size).toBeLessThan(5);
+    expect(many[1]!.y).toBe(many[0]!.y);
+    expect(many.map(({ text }) => text)).toEqual(short(30));
+    expect(Math.max(...many.map(({ x }) => x))).toBeLessThan(600);
+  });
+
+  test('below the data take a third of the height at most', () => {
+    const drawn = grouped({ texts: short(900), legend: atBottom });
+    expect(corner(drawn)[1]).toBeGreaterThan(500 * 0.6);
+    expect(drawn.notes.join()).toMatch(/The legend l has room for \d+ of its 900 entries/);
+    expect(height(drawn)).toBeGreaterThan(500);
+  });
+
+  test('of one side share its height', () => {
+    const at = count(40);
+    const drawn = picture(
+      { a: at, b: at, k: at, h: at },
+      '<point><x variable="a"/><y variable="b"/><color id="c" variable="k"/><shape id="s" variable="h"/></point>',
+      {
+        categorical: { k: short(40), h: count(40).map((each) => `h${each}`) },
+        rest: '<legend id="l"><legendTarget target="c"/></legend><legend id="m"><legendTarget target="s"/></legend>',
+      },
+    );
+    const texts = drawn.texts();
+    expect(texts.filter((text) => /^[gh]\d+$/.test(text))).toHaveLength(80);
+    const moved = Array.from(drawn.svg.querySelectorAll('g[aria-label^="Legend"]')).map(
+      (each) => each.getAttribute('transform')!,
+    );
+    expect(moved).toHaveLength(2);
+    expect(Number(/,([\d.]+)/.exec(moved[1]!)![1])).toBeLessThan(300);
+  });
+
+  test('above the data show a range of colours lying, with texts that do not cover each other', () => {
+    const drawn = picture(
+      { a: [1, 2], b: [1, 2], w: [0, 12_000_000] },
+      '<point><x variable="a"/><y variable="b"/><color id="c" variable="w"/></point>',
+      { rest: `<legend id="l"><legendTarget target="c"/>${above}</legend>` },
+    );
+    const gradient = drawn.svg.querySelector('[x2]')!;
+    expect(['x2', 'y2'].map((name) => gradient.getAttribute(name))).toEqual(['1', '0']);
+    const shown = places(drawn);
+    expect(new Set(shown.map(({ y }) => y)).size).toBe(1);
+    shown.slice(1).forEach(({ x, text }, at) => {
+      const letters = (text.length + shown[at]!.text.length) / 2;
+      expect(x - shown[at]!.x).toBeGreaterThan(letters * 6);
+    });
+  });
+});
