@@ -6,6 +6,7 @@ import { binOf, binsOf, type Bins } from '../statistics/bins.js';
 import { densityOf } from '../statistics/density.js';
 import { confidenceInterval, summaries, vaguePercentages, type Summary } from '../statistics/summary.js';
 import { boxOf } from '../statistics/tukey.js';
+import { alikeNotes } from './alike.js';
 import { holds } from './conditions.js';
 import type { Direction } from './directions.js';
 import { groupingOf, lookOf, type Group, type Grouping } from './grouping.js';
@@ -107,14 +108,16 @@ function planOf(element: ChartElement, scope: Scope): Plan | null {
   }
   const ranges = rangesOf(element, chart, data);
   const ranged = ranges.map((range) => range.aesthetic);
+  const grouping = groupingOf(element, chart, data, scope.x.cluster ?? scope.y.cluster);
   notes.push(...aestheticNotes(element, kind, ranged, chart));
+  notes.push(...alikeNotes(element, kind, grouping, scope.grid, chart));
   const binned = element.bins !== null && !element.bins.dots;
   return {
     element,
     kind,
     lookKind,
     own: styled(ownLook(lookKind), element.style, lookKind),
-    grouping: groupingOf(element, chart, data, scope.x.cluster ?? scope.y.cluster),
+    grouping,
     ranges,
     summary: summaryOf(element, scope),
     bins: binned && scope.x.kind !== 'category' ? binsOf(present(first.numbers), element.bins!) : null,

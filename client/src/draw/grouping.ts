@@ -69,9 +69,14 @@ const mapped: Record<string, (text: string) => Style> = {
   shape: (symbol) => ({ symbol }),
 };
 
+/** What the chart says of a single value. */
+export function mappingOf(aesthetic: Aesthetic, category: Category): string | undefined {
+  return aesthetic.mappings.get(String(category.code)) ?? aesthetic.mappings.get(category.text);
+}
+
 /** The style that an aesthetic gives the category at `at`. */
 function categoryStyle(aesthetic: Aesthetic, category: Category, at: number, chart: Chart): Style {
-  const mapping = aesthetic.mappings.get(String(category.code)) ?? aesthetic.mappings.get(category.text);
+  const mapping = mappingOf(aesthetic, category);
   const cycle = cycleOf(aesthetic, chart);
   const style = cycle[at % cycle.length] ?? {};
   return mapping === undefined ? style : { ...style, ...mapped[aesthetic.kind]?.(mapping) };

@@ -157,7 +157,7 @@ type Unseen = Partial<Record<LayerKind, AestheticKind[]>>;
 const ofStrokes: AestheticKind[] = ['shape', 'pattern'];
 
 /** What groups of such marks do not differ by. */
-const unseenGroups: Unseen = {
+export const unseenGroups: Unseen = {
   points: ['pattern', 'dash'],
   dots: ['pattern', 'dash'],
   line: ofStrokes,
