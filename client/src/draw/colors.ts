@@ -1,5 +1,12 @@
 /** Colours: what charts may name, the client's own palettes, and ranges for numbers. */
-import { color, interpolateRgbBasis, interpolateViridis, piecewise, interpolateLab } from 'd3';
+import {
+  color,
+  interpolateRgb,
+  interpolateRgbBasis,
+  interpolateViridis,
+  piecewise,
+  interpolateLab,
+} from 'd3';
 
 /** Shows nothing. */
 export const none = 'none';
@@ -69,14 +76,32 @@ export function readable(paper: string, ...colors: string[]): string {
   return found ?? (contrast('#1a1a1a', ground) > contrast('#ffffff', ground) ? '#1a1a1a' : '#ffffff');
 }
 
-/** The colour itself, or as much darker or lighter as a text on the paper needs. */
-export function readableShade(paper: string, text: string): string {
+/** The colour itself, or as much darker or lighter as that contrast with the paper needs. */
+function shadeOf(paper: string, text: string, least: number): string {
   const ground = paper === none ? '#ffffff' : paper;
   const lighter = luminance(ground) < 0.2;
   let shade = color(text);
   for (let step = 0; shade && step < 20; step += 1) {
-    if (contrast(shade.formatHex(), ground) >= leastContrast) return shade.formatHex();
+    if (contrast(shade.formatHex(), ground) >= least) return shade.formatHex();
     shade = lighter ? shade.brighter(0.15) : shade.darker(0.15);
   }
   return readable(paper);
+}
+
+/** The colour itself, or as much darker or lighter as a text on the paper needs. */
+export function readableShade(paper: string, text: string): string {
+  return shadeOf(paper, text, leastContrast);
+}
+
+/** The contrast that marks and their parts need. */
+export const leastMarkContrast = 3;
+
+/** The colour itself, or as much darker or lighter as the edge of a mark on the paper needs. */
+export function edgeShade(paper: string, text: string): string {
+  return shadeOf(paper, text, leastMarkContrast);
+}
+
+/** What is seen of a colour on the paper. */
+export function blend(text: string, opacity: number, paper: string): string {
+  return opacity < 1 ? interpolateRgb(paper, text)(opacity) : text;
 }

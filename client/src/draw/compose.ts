@@ -295,7 +295,9 @@ export function compose(
     };
     return drawGraph(compiled, layout.graphs[at]!, room, scope);
   });
-  const legends = layout.legends.map(({ laid, box }) => drawLegend(laid, box.left, box.top, patterns, maker));
+  const legends = layout.legends.map(({ laid, box }) =>
+    drawLegend(laid, box.left, box.top, { patterns, paper: pageColor, maker }),
+  );
   const frames = layout.frames.map((frame) => drawFrame(frame, maker));
   const below = drawNotes(
     [...captionsOf(graphs), ...new Set(notes)],

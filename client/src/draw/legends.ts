@@ -3,6 +3,7 @@ import { ticks as roundValues } from 'd3';
 import { plainText } from '../chart/labels.js';
 import type { Aesthetic, Chart, ChartElement, Legend } from '../chart/model.js';
 import type { Data } from '../data/columns.js';
+import { none, safeColor } from './colors.js';
 import type { Direction } from './directions.js';
 import { drawBox, paddingOf } from './frames.js';
 import { groupingOf, isGrouping, lookOf } from './grouping.js';
@@ -224,29 +225,33 @@ export function legendNotes({ legend, title, sections }: LaidLegend): string[] {
   );
 }
 
+interface DrawScope {
+  patterns: Patterns;
+  /** What lies behind. */
+  paper: string;
+  maker: Maker;
+}
+
 function drawEntry(
   { entry, lines, shortened, x, middle, sampleWidth }: PlacedEntry,
   look: TextLook,
-  patterns: Patterns,
-  maker: Maker,
+  scope: DrawScope,
 ): SVGElement[] {
+  const { patterns, paper, maker } = scope;
   const first = middle + look.size * 0.35 - ((lines.length - 1) * lineHeight(look)) / 2;
   const text = maker.text(lines, x + sampleWidth + gapToText, first, { ...look, align: 'start' });
   if (shortened) text.append(maker.make('title', {}, [entry.text]));
   if (!entry.look) return [text];
   const at = `translate(${x + sampleWidth / 2},${Math.round(middle * 100) / 100})`;
-  const sample = drawSwatch({ look: entry.look, kind: entry.kind }, patterns, maker);
-  return [maker.make('g', { transform: at }, [sample]), text];
+  const sample = drawSwatch({ look: entry.look, kind: entry.kind }, patterns, paper, maker);
+  return [maker.make('g', { transform: at }, sample), text];
 }
 
 /** A legend with its corner at left, top. */
-export function drawLegend(
-  laid: LaidLegend,
-  left: number,
-  top: number,
-  patterns: Patterns,
-  maker: Maker,
-): SVGElement {
+export function drawLegend(laid: LaidLegend, left: number, top: number, scope: DrawScope): SVGElement {
+  const { maker } = scope;
+  const own = safeColor(laid.legend.style.color) ?? none;
+  const paper = own === none ? scope.paper : own;
   const { legend, title, titleLook, look, sections, across } = laid;
   const name = `Legend${title.length > 0 ? `: ${title.join(' ')}` : ''}`;
   const group = maker.group(name, 'group', {
@@ -262,7 +267,7 @@ export function drawLegend(
   for (const section of sections) {
     const part = maker.make('g', { transform: `translate(${padding.left},${Math.round(y * 100) / 100})` });
     if (section.ramp) part.append(drawRamp(section.ramp, look, across, maker));
-    for (const entry of section.entries) part.append(...drawEntry(entry, look, patterns, maker));
+    for (const entry of section.entries) part.append(...drawEntry(entry, look, { ...scope, paper }));
     group.append(part);
     y += section.height + gapOfBlocks;
   }

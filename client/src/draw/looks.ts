@@ -11,6 +11,8 @@ export interface Look {
   fill: string;
   stroke: string;
   strokeWidth: number;
+  /** Of the outline; 1 where it is left out. */
+  strokeOpacity?: number;
   /** In pixels; empty is a solid line. */
   dashes: number[];
   lineCap: string;

@@ -3,9 +3,9 @@ import * as Plot from '@observablehq/plot';
 import { none } from './colors.js';
 import { placeLabels, type PlacedLabel } from './datalabels.js';
 import { stackDots } from './dots.js';
+import { casingOf, edged, opaque } from './edges.js';
 import type { Layer, Shape } from './layers.js';
-import type { Look } from './looks.js';
-import { ownTexts } from './looks.js';
+import { ownTexts, type Look, type LookKind } from './looks.js';
 import { isSolid, type Patterns } from './patterns.js';
 import type { DrawnScale } from './scales.js';
 import { isStroked, symbolType } from './symbols.js';
@@ -49,8 +49,34 @@ function strokeOf(look: Look): Record<string, unknown> {
   return options({
     stroke,
     strokeWidth: stroke === none ? undefined : look.strokeWidth,
+    strokeOpacity: stroke === none ? undefined : look.strokeOpacity,
     strokeDasharray: dashOf(look),
   });
+}
+
+const lookKindOf = (layer: Layer): LookKind => (layer.kind === 'errors' ? 'error' : layer.element.kind);
+
+/** The outlines of shapes, which may vary with their insides. */
+function edgeOptions(canvas: Canvas, look: Look, kind: LookKind, shapes: Shape[]): Record<string, unknown> {
+  const first = shapes[0]?.varied;
+  const base = first?.opacity === undefined ? look : { ...look, opacity: 1 };
+  const known = new Map<string, Look>();
+  const ofShape = (shape: Shape): Look => {
+    const fill = shape.varied?.fill ?? look.fill;
+    let found = known.get(fill);
+    if (!found) known.set(fill, (found = edged({ ...base, fill }, kind, canvas.paper)));
+    return found;
+  };
+  const varying = first?.fill !== undefined;
+  const made = varying
+    ? shapes.map(ofShape).find((own) => own.stroke !== look.stroke)
+    : edged(base, kind, canvas.paper);
+  if (!made || made.stroke === look.stroke) return strokeOf(look);
+  return {
+    ...strokeOf(made),
+    ...(varying ? { stroke: asIs((shape) => ofShape(shape).stroke) } : {}),
+    ...(first?.opacity === undefined ? {} : { strokeOpacity: asIs((shape) => shape.varied?.opacity) }),
+  };
 }
 
 function lineOptions(look: Look): Record<string, unknown> {
@@ -76,24 +102,66 @@ function fillOf(canvas: Canvas, look: Look, shapes: Shape[]): Record<string, unk
 
 function pointMarks(canvas: Canvas, layer: Layer, shapes: Shape[]): Plot.Markish[] {
   const { look } = layer;
-  const stroked = isStroked(look.symbol);
   const size = shapes[0]?.varied?.size;
-  const color = shapes[0]?.varied?.fill ? asIs((shape) => shape.varied?.fill ?? look.fill) : look.fill;
-  const opacity =
-    shapes[0]?.varied?.opacity === undefined
-      ? look.opacity
-      : asIs((shape) => shape.varied?.opacity ?? look.opacity);
-  const paint = stroked
-    ? { stroke: color, strokeWidth: Math.max(1.4, look.size / 5), strokeOpacity: opacity, fill: none }
-    : { ...fillOf(canvas, { ...look, pattern: 1 }, shapes), ...strokeOf(look) };
-  return [
-    Plot.dot(shapes, {
-      ...channels(canvas, { x: (shape) => shape.x, y: (shape) => shape.y }),
-      ...paint,
-      symbol: symbolType(look.symbol),
-      r: size === undefined ? look.size / 2 : asIs((shape) => (shape.varied?.size ?? look.size) / 2),
-    } as Plot.DotOptions),
-  ];
+  const place = {
+    ...channels(canvas, { x: (shape) => shape.x, y: (shape) => shape.y }),
+    symbol: symbolType(look.symbol),
+    r: size === undefined ? look.size / 2 : asIs((shape) => (shape.varied?.size ?? look.size) / 2),
+  };
+  if (isStroked(look.symbol)) return strokedPoints(canvas, look, shapes, place);
+  const solid = { ...look, pattern: 1 };
+  const paint = {
+    ...fillOf(canvas, solid, shapes),
+    ...edgeOptions(canvas, solid, lookKindOf(layer), shapes),
+  };
+  return [Plot.dot(shapes, { ...place, ...paint } as Plot.DotOptions)];
+}
+
+/** What lies below other marks so that they stand out; it is no mark of the data. */
+const casingName = 'casing';
+
+/** Plot names the group of a mark by its kind. */
+function asCasing(mark: Plot.Markish): Plot.Markish {
+  return Object.assign(mark as object, { ariaLabel: casingName }) as unknown as Plot.Markish;
+}
+
+/** Symbols without an inside. */
+function strokedPoints(
+  canvas: Canvas,
+  look: Look,
+  shapes: Shape[],
+  place: Record<string, unknown>,
+): Plot.Markish[] {
+  const first = shapes[0]?.varied;
+  const color = (shape: Shape) => shape.varied?.fill ?? look.fill;
+  const width = Math.max(1.4, look.size / 5);
+  const paint = { strokeWidth: width, strokeOpacity: strokedOpacity(canvas, look, shapes), fill: none };
+  const stroke = first?.fill ? asIs(color) : look.fill;
+  const symbols = Plot.dot(shapes, { ...place, ...paint, stroke } as Plot.DotOptions);
+  const casings = shapes.map((shape) => casingOf(color(shape), width, canvas.paper));
+  const cased = casings.find((casing) => casing !== null);
+  if (!cased) return [symbols];
+  const below = {
+    ...place,
+    ...paint,
+    stroke: asIs((shape) => casingOf(color(shape), width, canvas.paper)!.stroke),
+    strokeWidth: cased.width,
+  };
+  const faint = shapes.filter((_, at) => casings[at]);
+  return [asCasing(Plot.dot(faint, below as Plot.DotOptions)), symbols];
+}
+
+/** Strokes show through only where they stand out even so. */
+function strokedOpacity(canvas: Canvas, look: Look, shapes: Shape[]): unknown {
+  const first = shapes[0]?.varied;
+  if (first?.opacity !== undefined) return asIs((shape) => shape.varied?.opacity ?? look.opacity);
+  const known = new Map<string, number>();
+  const opacityOf = (fill: string): number => {
+    let found = known.get(fill);
+    if (found === undefined) known.set(fill, (found = opaque({ ...look, fill }, 'point', canvas.paper)));
+    return found;
+  };
+  return first?.fill ? asIs((shape) => opacityOf(shape.varied?.fill ?? look.fill)) : opacityOf(look.fill);
 }
 
 /** Symbols are drawn whole or not at all. */
@@ -142,11 +210,13 @@ function raised(canvas: Canvas, shape: Shape): Shape {
   return { ...shape, y2: canvas.y.value(canvas.y.unit(shape.y1!) + (upwards ? pixel : -pixel)) };
 }
 
-/** Outlines in a colour of their own are left away where a bar is too low for them. */
-function barStroke(canvas: Canvas, look: Look, shapes: Shape[]): Record<string, unknown> {
-  const stroke = strokeOf(look);
+/** Outlines in a colour of their own are left away where a bar is too low for them, and stands out without. */
+function barStroke(canvas: Canvas, look: Look, kind: LookKind, shapes: Shape[]): Record<string, unknown> {
+  const stroke = edgeOptions(canvas, look, kind, shapes);
   const isLow = (shape: Shape) => Math.abs(barHeight(canvas, shape)) < leastOutlined;
-  if (stroke.stroke === none || look.stroke === look.fill || !shapes.some(isLow)) return stroke;
+  const own = stroke.stroke === look.stroke && look.stroke !== none && look.stroke !== look.fill;
+  const bare = edged({ ...look, stroke: none }, kind, canvas.paper).stroke === none;
+  if (!own || !bare || !shapes.some(isLow)) return stroke;
   return { ...stroke, stroke: asIs((shape) => (isLow(shape) ? none : look.stroke)) };
 }
 
@@ -155,14 +225,14 @@ function barMarks(canvas: Canvas, layer: Layer): Plot.Markish[] {
   const extent = canvas.transposed ? canvas.height : canvas.width;
   const widths = shapes.map((s) => Math.abs(canvas.x.unit(s.x2!) - canvas.x.unit(s.x1!)) * extent);
   const look = outlined(layer, Math.min(Infinity, ...widths.slice(0, 10_000)));
-  const paint = { ...fillOf(canvas, look, shapes), ...barStroke(canvas, look, shapes) };
+  const paint = { ...fillOf(canvas, look, shapes), ...barStroke(canvas, look, lookKindOf(layer), shapes) };
   return [Plot.rect(shapes, { ...channels(canvas, rectangle), ...paint } as Plot.RectOptions)];
 }
 
 function areaMarks(canvas: Canvas, layer: Layer): Plot.Markish[] {
   const shapes = grounded(canvas, layer);
   const look = outlined(layer, Infinity);
-  const paint = { ...fillOf(canvas, look, shapes), ...strokeOf(look) };
+  const paint = { ...fillOf(canvas, look, shapes), ...edgeOptions(canvas, look, lookKindOf(layer), shapes) };
   const own = channels(canvas, { x: (s) => s.x, y1: (s) => s.y1, y2: (s) => s.y2 });
   const all = { ...own, ...paint, z: null } as unknown as Plot.AreaYOptions & Plot.AreaXOptions;
   return [canvas.transposed ? Plot.areaX(shapes, all) : Plot.areaY(shapes, all)];
@@ -175,11 +245,14 @@ function lineMarks(canvas: Canvas, layer: Layer): Plot.Markish[] {
   const own = channels(canvas, { x: (s) => s.x, y: (s) => s.y });
   const dense = layer.shapes.length > densePlaces * canvas.width && !layer.element.style.strokeWidth;
   const look = dense ? { ...layer.look, strokeWidth: 1 } : layer.look;
-  const line = Plot.line(layer.shapes, { ...own, ...lineOptions(look), z: null } as Plot.LineOptions);
+  const line = (paint: Record<string, unknown>) =>
+    Plot.line(layer.shapes, { ...own, ...paint, z: null } as Plot.LineOptions);
+  const lines = withCasing(canvas, look, line);
   const alone = layer.shapes.filter((shape, at, all) => isAlone(shape, all[at - 1], all[at + 1]));
-  if (alone.length === 0) return [line];
-  const fill = layer.look.stroke;
-  return [line, Plot.dot(alone, { ...own, fill, r: layer.look.strokeWidth } as Plot.DotOptions)];
+  if (alone.length === 0) return lines;
+  const dot = { ...look, fill: look.stroke, stroke: none, dashes: [] };
+  const paint = { fill: dot.fill, ...strokeOf(edged(dot, layer.element.kind, canvas.paper)) };
+  return [...lines, Plot.dot(alone, { ...own, ...paint, r: layer.look.strokeWidth } as Plot.DotOptions)];
 }
 
 /** A place between two missing ones makes no line. */
@@ -190,12 +263,34 @@ function isAlone(shape: Shape, before: Shape | undefined, after: Shape | undefin
 
 function polygonMarks(canvas: Canvas, layer: Layer): Plot.Markish[] {
   const own = channels(canvas, { x: (s) => s.x, y: (s) => s.y });
-  const paint = { ...fillOf(canvas, layer.look, []), ...strokeOf(layer.look) };
+  const { look } = layer;
+  const paint = { ...fillOf(canvas, look, []), ...edgeOptions(canvas, look, lookKindOf(layer), []) };
   return [Plot.line(layer.shapes, { ...own, ...paint, z: null, curve: 'linear-closed' } as Plot.LineOptions)];
 }
 
-function links(canvas: Canvas, shapes: Shape[], own: Channels, look: Look): Plot.Markish {
-  return Plot.link(shapes, { ...channels(canvas, own), ...lineOptions(look) } as Plot.LinkOptions);
+/** A line, and what lies below it where its colour does not stand out. */
+function withCasing(
+  canvas: Canvas,
+  look: Look,
+  make: (paint: Record<string, unknown>) => Plot.Markish,
+): Plot.Markish[] {
+  const casing = casingOf(look.stroke, look.strokeWidth, canvas.paper);
+  const line = make(lineOptions(look));
+  if (!casing) return [line];
+  const below = { ...look, stroke: casing.stroke, strokeWidth: casing.width };
+  return [asCasing(make(lineOptions(below))), line];
+}
+
+/** Casings lie below all that belongs together. */
+function casingsFirst(marks: Plot.Markish[]): Plot.Markish[] {
+  const isCasing = (mark: Plot.Markish) => (mark as { ariaLabel?: string }).ariaLabel === casingName;
+  return [...marks.filter(isCasing), ...marks.filter((mark) => !isCasing(mark))];
+}
+
+function links(canvas: Canvas, shapes: Shape[], own: Channels, look: Look): Plot.Markish[] {
+  return withCasing(canvas, look, (paint) =>
+    Plot.link(shapes, { ...channels(canvas, own), ...paint } as Plot.LinkOptions),
+  );
 }
 
 function errorMarks(canvas: Canvas, layer: Layer): Plot.Markish[] {
@@ -215,7 +310,8 @@ function errorMarks(canvas: Canvas, layer: Layer): Plot.Markish[] {
     look,
   );
   const dot = { ...look, symbol: 'circle', fill: look.fill, stroke: none };
-  return [stem, cap('low'), cap('high'), ...pointMarks(canvas, { ...layer, look: dot }, layer.shapes)];
+  const lines = casingsFirst([...stem, ...cap('low'), ...cap('high')]);
+  return [...lines, ...pointMarks(canvas, { ...layer, look: dot }, layer.shapes)];
 }
 
 /** The lines of a whisker's ends are half as wide as the box. */
@@ -242,26 +338,30 @@ function boxMarks(canvas: Canvas, layer: Layer): Plot.Markish[] {
     y1: (s) => box(s).lowerHinge,
     y2: (s) => box(s).upperHinge,
   };
-  const paint = { ...fillOf(canvas, { ...parts.hinge, fill: look.fill }, []), ...strokeOf(parts.hinge) };
+  const hinge = { ...parts.hinge, fill: look.fill };
+  const paint = { ...fillOf(canvas, hinge, []), ...edgeOptions(canvas, hinge, 'schema', []) };
   const middle: Channels = {
     x1: (s) => s.x1,
     x2: (s) => s.x2,
     y1: (s) => box(s).median,
     y2: (s) => box(s).median,
   };
-  return [
-    whisker(
+  const whiskers = [
+    ...whisker(
       (s) => box(s).upperHinge,
       (s) => box(s).highest,
     ),
-    whisker(
+    ...whisker(
       (s) => box(s).lowerHinge,
       (s) => box(s).lowest,
     ),
-    cap((s) => box(s).highest),
-    cap((s) => box(s).lowest),
+    ...cap((s) => box(s).highest),
+    ...cap((s) => box(s).lowest),
+  ];
+  return [
+    ...casingsFirst(whiskers),
     Plot.rect(shapes, { ...channels(canvas, body), ...paint } as Plot.RectOptions),
-    links(canvas, shapes, middle, parts.median),
+    ...links({ ...canvas, paper: look.fill }, shapes, middle, parts.median),
     ...outlierMarks(canvas, layer),
   ];
 }
@@ -325,7 +425,7 @@ export function marksOf(canvas: Canvas, layer: Layer, dots: Map<Layer, Shape[]>)
     case 'polygon':
       return polygonMarks(canvas, layer);
     case 'edges':
-      return [links(canvas, layer.shapes, rectangle, layer.look)];
+      return links(canvas, layer.shapes, rectangle, layer.look);
     case 'errors':
       return errorMarks(canvas, layer);
     case 'boxes':

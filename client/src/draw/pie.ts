@@ -2,6 +2,7 @@
 import { arc, pie } from 'd3';
 import type { Layer } from './layers.js';
 import { none, readable } from './colors.js';
+import { edged } from './edges.js';
 import { ownTexts } from './looks.js';
 import type { Canvas } from './marks.js';
 import type { Maker } from './svg.js';
@@ -32,7 +33,7 @@ export function drawSlices(layers: Layer[], canvas: Canvas, maker: Maker): SVGEl
   const paths = maker.make('g', { role: 'graphics-object', 'aria-label': 'slice' });
   const texts = maker.group('Shares', '');
   for (const angle of angles) {
-    const { look } = angle.data.layer;
+    const look = edged(angle.data.layer.look, 'interval', canvas.paper);
     const share = total > 0 ? angle.value / total : 0;
     const percent = `${(100 * share).toFixed(1)}%`;
     paths.append(

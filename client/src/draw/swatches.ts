@@ -1,9 +1,10 @@
 /** Samples of looks, and ranges of colours, as legends show them. */
 import { path } from 'd3';
 import { none } from './colors.js';
-import { gapToText, swatchHeight, swatchWidth, type Entry, type Room } from './legendlayout.js';
-import type { Look } from './looks.js';
-import type { Patterns } from './patterns.js';
+import { casingOf, edged, opaque } from './edges.js';
+import { gapToText, swatchHeight, swatchWidth, type Room } from './legendlayout.js';
+import type { Look, LookKind } from './looks.js';
+import { isSolid, type Patterns } from './patterns.js';
 import type { Range } from './ranges.js';
 import type { Maker } from './svg.js';
 import { isStroked, symbolPath } from './symbols.js';
@@ -21,40 +22,58 @@ const gapOfTexts = 6;
 const rampWidth = 14;
 const tickLength = 4;
 
-function lineSample(look: Look, maker: Maker): SVGElement {
-  return maker.make('path', {
-    d: `M${-swatchWidth / 2},0 H${swatchWidth / 2}`,
-    fill: none,
-    stroke: look.stroke,
-    'stroke-width': look.strokeWidth,
-    'stroke-dasharray': look.dashes.length > 0 ? look.dashes.join(' ') : null,
-    'stroke-opacity': look.opacity < 1 ? look.opacity : null,
-  });
+function lineSample(look: Look, paper: string, maker: Maker): SVGElement[] {
+  const line = (stroke: string, width: number) =>
+    maker.make('path', {
+      d: `M${-swatchWidth / 2},0 H${swatchWidth / 2}`,
+      fill: none,
+      stroke,
+      'stroke-width': width,
+      'stroke-dasharray': look.dashes.length > 0 ? look.dashes.join(' ') : null,
+      'stroke-opacity': look.opacity < 1 ? look.opacity : null,
+    });
+  const casing = casingOf(look.stroke, look.strokeWidth, paper);
+  return [...(casing ? [line(casing.stroke, casing.width)] : []), line(look.stroke, look.strokeWidth)];
 }
 
-function symbolSample(look: Look, maker: Maker): SVGElement {
-  const stroked = isStroked(look.symbol);
-  return maker.make('path', {
-    d: symbolPath(look.symbol, Math.max(look.size, 4), path),
-    fill: stroked ? none : look.fill,
-    stroke: stroked ? look.fill : look.stroke,
-    'stroke-width': stroked ? Math.max(1.4, look.size / 5) : look.strokeWidth,
-    [stroked ? 'stroke-opacity' : 'fill-opacity']: look.opacity < 1 ? look.opacity : null,
-  });
-}
-
-/** A sample of a look around 0, 0. */
-export function drawSwatch(
-  { look, kind }: Pick<Entry, 'kind'> & { look: Look },
-  patterns: Patterns,
-  maker: Maker,
-): SVGElement {
-  if (kind === 'line' || kind === 'path' || kind === 'edge' || kind === 'error') {
-    return lineSample(look, maker);
+function symbolSample(look: Look, paper: string, maker: Maker): SVGElement[] {
+  const d = symbolPath(look.symbol, Math.max(look.size, 4), path);
+  const opacity = look.opacity < 1 ? look.opacity : null;
+  if (isStroked(look.symbol)) {
+    const strokes = (stroke: string, width: number) =>
+      maker.make('path', {
+        d,
+        fill: none,
+        stroke,
+        'stroke-width': width,
+        'stroke-opacity': opaque(look, 'point', paper),
+      });
+    const width = Math.max(1.4, look.size / 5);
+    const casing = casingOf(look.fill, width, paper);
+    return [...(casing ? [strokes(casing.stroke, casing.width)] : []), strokes(look.fill, width)];
   }
-  if (kind === 'point') return symbolSample(look, maker);
-  const outline =
-    look.stroke === none || look.stroke === '#ffffff' ? (look.pattern > 1 ? look.fill : none) : look.stroke;
+  const { stroke, strokeWidth, strokeOpacity } = edged({ ...look, pattern: 1 }, 'point', paper);
+  return [
+    maker.make('path', {
+      d,
+      fill: look.fill,
+      stroke,
+      'stroke-width': strokeWidth,
+      'stroke-opacity': strokeOpacity,
+      'fill-opacity': opacity,
+    }),
+  ];
+}
+
+function areaSample(entry: Sample, patterns: Patterns, paper: string, maker: Maker): SVGElement {
+  const { look } = entry;
+  const own =
+    look.stroke === none || look.stroke === '#ffffff'
+      ? isSolid(look.pattern)
+        ? none
+        : look.fill
+      : look.stroke;
+  const { stroke, strokeWidth } = edged({ ...look, stroke: own, strokeWidth: 0.75 }, entry.kind, paper);
   return maker.make('rect', {
     x: -swatchWidth / 2 + 2,
     y: -swatchHeight / 2,
@@ -62,9 +81,25 @@ export function drawSwatch(
     height: swatchHeight,
     fill: patterns.fill(look.fill, look.pattern),
     'fill-opacity': look.opacity < 1 ? look.opacity : null,
-    stroke: outline,
-    'stroke-width': outline === none ? null : 0.75,
+    stroke,
+    'stroke-width': stroke === none ? null : strokeWidth,
   });
+}
+
+interface Sample {
+  look: Look;
+  kind: LookKind;
+}
+
+/** A sample of a look around 0, 0. */
+export function drawSwatch(sample: Sample, patterns: Patterns, paper: string, maker: Maker): SVGElement[] {
+  const { look, kind } = sample;
+  if (kind === 'line' || kind === 'path' || kind === 'edge') return lineSample(look, paper, maker);
+  if (kind === 'error') {
+    const dot = { ...look, symbol: 'circle', stroke: none };
+    return [...lineSample(look, paper, maker), ...symbolSample(dot, paper, maker)];
+  }
+  return kind === 'point' ? symbolSample(look, paper, maker) : [areaSample(sample, patterns, paper, maker)];
 }
 
 /** Half of a text may reach beyond each end of a lying ramp. */
@@ -116,7 +151,7 @@ export function drawRamp({ range, ticks }: Ramp, look: TextLook, across: boolean
   const [width, height] = across ? [rampLength, rampWidth] : [rampWidth, rampLength];
   group.append(
     maker.make('linearGradient', { id, x1: 0, y1: 0, x2: across ? 1 : 0, y2: across ? 0 : 1 }, stops),
-    maker.make('rect', { width, height, fill: `url(#${id})` }),
+    maker.make('rect', { width, height, fill: `url(#${id})`, stroke: look.color, 'stroke-width': 0.5 }),
   );
   for (const { share, text } of across ? apart(ticks, look) : ticks) {
     const at = (across ? share : 1 - share) * rampLength;

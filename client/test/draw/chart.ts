@@ -100,9 +100,14 @@ export const number = (element: Element, name: string) => Number(element.getAttr
 export function picture(
   columns: Record<string, (number | null)[]>,
   graph: string,
-  options: { categorical?: Record<string, string[]>; rest?: string; coordinates?: string } = {},
+  options: {
+    categorical?: Record<string, string[]>;
+    rest?: string;
+    coordinates?: string;
+    attributes?: string;
+  } = {},
 ): Picture {
   const coordinates = `<coordinates>${options.coordinates ?? plainAxes}</coordinates>`;
   const body = `<graph>${graph}${coordinates}</graph>${variables(columns, options.categorical)}${options.rest ?? ''}`;
-  return new Picture(chartText(body), tableOf(columns));
+  return new Picture(chartText(body, options.attributes), tableOf(columns));
 }
