@@ -2,7 +2,7 @@
 import type { Chart, Legend, Location } from '../chart/model.js';
 import type { Data } from '../data/columns.js';
 import { none, readable, safeColor } from './colors.js';
-import { drawBox, drawFrame, frameTexts, layFrame, type LaidFrame } from './frames.js';
+import { drawBox, drawFrame, hasBox, frameTexts, layFrame, type LaidFrame } from './frames.js';
 import { drawGraph, type CompiledGraph } from './graph.js';
 import {
   drawLegend,
@@ -101,6 +101,8 @@ function layFrames(chart: Chart, data: Data, places: Places, page: Rectangle, no
 const mostBeside = 0.5;
 const mostAcross = 1 / 3;
 const gapBetweenLegends = 8;
+/** So much lower than the room that they share panels begin; boxes of legends beside them do as well. */
+const topOfPanels = 10;
 
 const isAcross = (side: Side) => side === 'top' || side === 'bottom';
 
@@ -115,7 +117,7 @@ function layOneSide(legends: OpenLegend[], side: Side, graph: Rectangle, places:
   }
   const across = isAcross(side);
   const width = across ? graph.width : graph.width * mostBeside;
-  const height = across ? graph.height * mostAcross : graph.height;
+  const height = across ? graph.height * mostAcross : graph.height - topOfPanels;
   const wanted = legends.map((legend) => layLegend(legend, { width, height: Infinity }, across).height);
   const heights = shares(wanted, height - gapBetweenLegends * (legends.length - 1));
   return legends.map((legend, at) => layLegend(legend, { width, height: heights[at]! }, across));
@@ -139,7 +141,11 @@ function placeLegends(
   graph: Rectangle,
   places: Places,
 ): PlacedLegend[] {
-  const next: Partial<Record<Side, number>> = {};
+  const boxed = ({ laid, side }: { laid: LaidLegend; side: Side }) =>
+    (side === 'left' || side === 'right') && hasBox(laid.legend.style);
+  const next: Partial<Record<Side, number>> = Object.fromEntries(
+    legends.filter(boxed).map(({ side }) => [side, topOfPanels]),
+  );
   return legends.map(({ laid, side }) => {
     const used = next[side] ?? 0;
     const { width, height } = laid;

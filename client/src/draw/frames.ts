@@ -120,11 +120,17 @@ export function paddingOf(style: Style): { top: number; right: number; bottom: n
   };
 }
 
+/** Whether a box has a background or an outline. */
+export function hasBox(style: Style): boolean {
+  const seen = (color: string | undefined) => (safeColor(color) ?? none) !== none;
+  return style.visible !== false && (seen(style.color) || seen(style.color2));
+}
+
 /** The background and the outline of a box. */
 export function drawBox(style: Style, box: Rectangle, maker: Maker): SVGElement[] {
   const fill = safeColor(style.color) ?? none;
   const stroke = safeColor(style.color2) ?? none;
-  if (style.visible === false || (fill === none && stroke === none)) return [];
+  if (!hasBox(style)) return [];
   return [
     maker.make('rect', {
       x: box.left,

@@ -36,6 +36,7 @@ import { drawPanel, type GridLines, type PanelFrame } from './plot.js';
 import { position } from './positions.js';
 import { baselineOf, equalUnits, scaleOf, withFunctions, type DrawnScale } from './scales.js';
 import type { Maker } from './svg.js';
+import { symbolReaches, withSymbolRoom, type SymbolReach } from './symbolroom.js';
 import { fittingTicks, reachBeyond, wholeOnly, type Tick } from './ticks.js';
 import { flatNotes, panelNotes, scaleNotes } from './unhonoured.js';
 import type { Data } from '../data/columns.js';
@@ -51,6 +52,7 @@ export interface CompiledGraph {
   panels: Layer[][];
   scales: { x: DrawnScale; y: DrawnScale };
   guides: DrawnGuide[];
+  symbols: SymbolReach[];
   /** Along y there are numbers of cases. */
   counts: boolean;
   notes: string[];
@@ -87,7 +89,8 @@ export function compileGraph(graph: Graph, chart: Chart, data: Data, notes: stri
   const isCount = (each: Graph['elements'][number]) =>
     !each.density && (each.summary === null ? each.bins !== null : countMethods.has(each.summary));
   const counts = y.values.length === 0 && graph.elements.every(isCount);
-  return { graph, chart, grid, x, y, orientation, panels, scales, guides, counts, notes };
+  const symbols = symbolReaches(panels);
+  return { graph, chart, grid, x, y, orientation, panels, scales, guides, symbols, counts, notes };
 }
 
 /** Dots that pile up have their own scale, from the bottom to the top. */
@@ -264,7 +267,7 @@ function layoutOf(compiled: CompiledGraph, whole: Rectangle, named: number): Lay
   // Labels need to know how long axes are, which need to know how much room labels take.
   for (let pass = 0; pass < 3; pass += 1) {
     const size = panelSize(compiled, whole, rooms);
-    scales = sameRatio(compiled, size.width, size.height);
+    scales = scalesFor(compiled, size.width, size.height);
     axes = axesOf(compiled, scales, size, rooms, whole);
     const across = (each: Headers) => fitHeaders(each, size.width, size.gapX, whole.height * 0.25);
     const upright = (each: Headers) => fitHeaders(each, size.height, size.gapY, whole.width * 0.2);
@@ -290,19 +293,27 @@ function layoutOf(compiled: CompiledGraph, whole: Rectangle, named: number): Lay
     height,
     columnStarts: starts(width, gapX, counts.columns),
     rowStarts: topDown ? rowStarts : rowStarts.reverse(),
-    scales: sameRatio(compiled, width, height),
+    scales: scalesFor(compiled, width, height),
   };
 }
 
-function sameRatio(compiled: CompiledGraph, width: number, height: number): Layout['scales'] {
-  const { x, y } = compiled.scales;
+/** The scales of panels of that size: with room for symbols, and equal units where the chart wants them. */
+function scalesFor(compiled: CompiledGraph, width: number, height: number): Layout['scales'] {
+  const { orientation, symbols, chart } = compiled;
+  const lengths = orientation.transposed ? { x: height, y: width } : { x: width, y: height };
+  const standing = compiled.panels.flat().find((layer) => layer.kind === 'bars' || layer.kind === 'area');
+  const roomy = (name: 'x' | 'y') => {
+    const domain = chart.domains.get(compiled[name].dimension?.domain ?? '');
+    const baseline = name === 'y' && standing ? standing.baseline : null;
+    return withSymbolRoom(compiled.scales[name], symbols, domain, lengths[name], baseline);
+  };
+  const [x, y] = [roomy('x'), roomy('y')];
   const fits =
     x.method === 'linear' &&
     y.method === 'linear' &&
     x.direction.kind === 'number' &&
     y.direction.kind === 'number';
-  if (!compiled.orientation.sameRatio || !fits) return compiled.scales;
-  return compiled.orientation.transposed ? equalUnits(x, y, height, width) : equalUnits(x, y, width, height);
+  return orientation.sameRatio && fits ? equalUnits(x, y, lengths.x, lengths.y) : { x, y };
 }
 
 function gridLines(layout: Layout, across: boolean): GridLines | null {
@@ -432,6 +443,7 @@ function drawOne(
     },
     gridlines: { across: gridLines(layout, true), upright: gridLines(layout, false) },
     frame,
+    legendText: compiled.chart.legends[0]?.textStyle ?? {},
     notes: compiled.notes,
     clipId: `${scope.clipPrefix}-${at}`,
   };

@@ -38,8 +38,10 @@ export const swatchWidth = 22;
 export const swatchHeight = 13;
 export const gapToText = 7;
 export const widestText = 170;
-export const gapOfBlocks = 6;
+export const gapOfBlocks = 11;
 const gapOfColumns = 12;
+/** Sums of sizes are not exact. */
+const slack = 0.5;
 /** Neither readers nor pages have room for more. */
 const mostEntries = 2_000;
 
@@ -127,7 +129,7 @@ function place(entries: Sized[], wanted: number, across: boolean): Block {
   return {
     entries: placed,
     width: sum(widths) + gapOfColumns * (columns - 1),
-    height: sum(heights),
+    height: sum(heights) - Math.min(...entries.map((entry) => entry.gap)),
     hidden: 0,
   };
 }
@@ -176,7 +178,8 @@ function placeAll(sections: Sized[][], room: Room, across: boolean): Block[] | n
     sections.map((entries, at) => place(entries, Math.min(columns, most[at]!), across));
   for (let columns = across ? Math.max(...most) : 1; columns <= Math.max(...most); columns += 1) {
     const blocks = fit(columns);
-    if (heightOf(blocks) <= room.height && blocks.every((block) => block.width <= room.width)) return blocks;
+    const isWithin = heightOf(blocks) <= room.height + slack;
+    if (isWithin && blocks.every((block) => block.width <= room.width + slack)) return blocks;
   }
   return null;
 }

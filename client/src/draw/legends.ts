@@ -209,7 +209,7 @@ export function layLegend(open: OpenLegend, room: Room, across: boolean): LaidLe
     sections,
     across,
     width: Math.max(widest(open.title, open.titleLook), ...sections.map(({ width }) => width)) + beside,
-    height: title + height + gapOfBlocks * sections.length + above,
+    height: title + height + gapOfBlocks * (sections.length - 1) + above,
   };
 }
 

@@ -1,15 +1,12 @@
 /** Layers as marks of Observable Plot. */
 import * as Plot from '@observablehq/plot';
 import { none } from './colors.js';
-import { placeLabels, type PlacedLabel } from './datalabels.js';
-import { stackDots } from './dots.js';
 import { casingOf, edged, opaque } from './edges.js';
 import type { Layer, Shape } from './layers.js';
-import { ownTexts, type Look, type LookKind } from './looks.js';
+import type { Look, LookKind } from './looks.js';
 import { isSolid, type Patterns } from './patterns.js';
 import type { DrawnScale } from './scales.js';
 import { isStroked, symbolType } from './symbols.js';
-import { textLook, type TextLook } from './text.js';
 
 /** Where a panel's shapes are drawn. */
 export interface Canvas {
@@ -170,6 +167,24 @@ function isWithin(canvas: Canvas, shape: Shape): boolean {
   return between(shape.x, canvas.x.domain) && between(shape.y, canvas.y.domain);
 }
 
+const wholeMarks = new WeakSet<object>();
+
+/** Whether a mark must not be cut off at the bounds of the panel. */
+export function isWhole(mark: Plot.Markish): boolean {
+  return wholeMarks.has(mark as object);
+}
+
+/** The symbols of a layer that are within the panel. */
+function symbolMarks(canvas: Canvas, layer: Layer, shapes: Shape[]): Plot.Markish[] {
+  const marks = pointMarks(
+    canvas,
+    layer,
+    shapes.filter((shape) => isWithin(canvas, shape)),
+  );
+  for (const mark of marks) wholeMarks.add(mark as object);
+  return marks;
+}
+
 const rectangle: Channels = { x1: (s) => s.x1, x2: (s) => s.x2, y1: (s) => s.y1, y2: (s) => s.y2 };
 
 /** On a scale that has no 0 what has no place ends at its bound; bars that show a value without a place are none. */
@@ -213,15 +228,22 @@ function raised(canvas: Canvas, shape: Shape): Shape {
 /** Outlines in a colour of their own are left away where a bar is too low for them, and stands out without. */
 function barStroke(canvas: Canvas, look: Look, kind: LookKind, shapes: Shape[]): Record<string, unknown> {
   const stroke = edgeOptions(canvas, look, kind, shapes);
-  const isLow = (shape: Shape) => Math.abs(barHeight(canvas, shape)) < leastOutlined;
   const own = stroke.stroke === look.stroke && look.stroke !== none && look.stroke !== look.fill;
   const bare = edged({ ...look, stroke: none }, kind, canvas.paper).stroke === none;
-  if (!own || !bare || !shapes.some(isLow)) return stroke;
-  return { ...stroke, stroke: asIs((shape) => (isLow(shape) ? none : look.stroke)) };
+  if (!own || !bare || !shapes.some((shape) => isLow(canvas, shape))) return stroke;
+  return { ...stroke, stroke: asIs((shape) => (isLow(canvas, shape) ? none : look.stroke)) };
 }
 
-function barMarks(canvas: Canvas, layer: Layer): Plot.Markish[] {
-  const shapes = grounded(canvas, layer).map((shape) => raised(canvas, shape));
+const isLow = (canvas: Canvas, shape: Shape) => Math.abs(barHeight(canvas, shape)) < leastOutlined;
+
+/** Whether the outlines of its neighbours would cover a low bar of that layer. */
+const isCrowded = (layer: Layer) => layer.element.modifier === 3 && layer.group.categories.length > 0;
+
+/** Bars; of a stack the low ones, or the others, where `low` says so. */
+function barMarks(canvas: Canvas, layer: Layer, low?: boolean): Plot.Markish[] {
+  const all = grounded(canvas, layer).map((shape) => raised(canvas, shape));
+  const shapes = low === undefined ? all : all.filter((shape) => isLow(canvas, shape) === low);
+  if (shapes.length === 0) return [];
   const extent = canvas.transposed ? canvas.height : canvas.width;
   const widths = shapes.map((s) => Math.abs(canvas.x.unit(s.x2!) - canvas.x.unit(s.x1!)) * extent);
   const look = outlined(layer, Math.min(Infinity, ...widths.slice(0, 10_000)));
@@ -311,7 +333,7 @@ function errorMarks(canvas: Canvas, layer: Layer): Plot.Markish[] {
   );
   const dot = { ...look, symbol: 'circle', fill: look.fill, stroke: none };
   const lines = casingsFirst([...stem, ...cap('low'), ...cap('high')]);
-  return [...lines, ...pointMarks(canvas, { ...layer, look: dot }, layer.shapes)];
+  return [...lines, ...symbolMarks(canvas, { ...layer, look: dot }, layer.shapes)];
 }
 
 /** The lines of a whisker's ends are half as wide as the box. */
@@ -376,32 +398,7 @@ function outlierMarks(canvas: Canvas, layer: Layer): Plot.Markish[] {
   return [false, true].flatMap((extreme) => {
     const shapes = places(extreme);
     const look = extreme ? layer.parts!.extreme : layer.parts!.outlier;
-    return shapes.length > 0 && look.visible ? pointMarks(canvas, { ...layer, look }, shapes) : [];
-  });
-}
-
-/** Texts beside what they name; `paint` is how their letters are filled and outlined. */
-function labelMarks(labels: PlacedLabel[], look: TextLook, paint: Plot.TextOptions): Plot.Markish[] {
-  const sides = [...new Set(labels.map((label) => label.side))];
-  return sides.map((side) => {
-    const anchor = { right: 'start', left: 'end', above: 'middle', below: 'middle' }[side];
-    const shift = { right: [6, 0], left: [-6, 0], above: [0, -8], below: [0, 8] }[side] as [number, number];
-    return Plot.text(
-      labels.filter((label) => label.side === side),
-      {
-        x: (label: PlacedLabel) => label.x,
-        y: (label: PlacedLabel) => label.y,
-        text: (label: PlacedLabel) => label.text,
-        textAnchor: anchor as 'start',
-        dx: shift[0],
-        dy: shift[1],
-        fontFamily: look.family,
-        fontSize: look.size,
-        ...(look.weight === 'normal' ? {} : { fontWeight: look.weight }),
-        ...(look.slant === 'normal' ? {} : { fontStyle: look.slant }),
-        ...paint,
-      },
-    );
+    return shapes.length > 0 && look.visible ? symbolMarks(canvas, { ...layer, look }, shapes) : [];
   });
 }
 
@@ -409,15 +406,11 @@ function labelMarks(labels: PlacedLabel[], look: TextLook, paint: Plot.TextOptio
 export function marksOf(canvas: Canvas, layer: Layer, dots: Map<Layer, Shape[]>): Plot.Markish[] {
   switch (layer.kind) {
     case 'points':
-      return pointMarks(
-        canvas,
-        layer,
-        layer.shapes.filter((shape) => isWithin(canvas, shape)),
-      );
+      return symbolMarks(canvas, layer, layer.shapes);
     case 'dots':
-      return pointMarks(canvas, { ...layer, look: dotLook(layer, dots) }, dots.get(layer) ?? []);
+      return symbolMarks(canvas, { ...layer, look: dotLook(layer, dots) }, dots.get(layer) ?? []);
     case 'bars':
-      return barMarks(canvas, layer);
+      return barMarks(canvas, layer, isCrowded(layer) ? false : undefined);
     case 'area':
       return areaMarks(canvas, layer);
     case 'line':
@@ -435,33 +428,12 @@ export function marksOf(canvas: Canvas, layer: Layer, dots: Map<Layer, Shape[]>)
   }
 }
 
+/** What of a layer lies above all others: the low bars of stacks, which outlines of others would cover. */
+export function marksAbove(canvas: Canvas, layer: Layer): Plot.Markish[] {
+  return layer.kind === 'bars' && isCrowded(layer) ? barMarks(canvas, layer, true) : [];
+}
+
 function dotLook(layer: Layer, dots: Map<Layer, Shape[]>): Look {
   const size = dots.get(layer)?.[0]?.varied?.size;
   return size === undefined ? layer.look : { ...layer.look, size };
 }
-
-/** Labels of data, and what has to lie below the marks so that it cuts none of them. */
-export interface LabelMarks {
-  below: Plot.Markish[];
-  above: Plot.Markish[];
-}
-
-/** The labels of all layers, which must not cover each other. */
-export function labelsOf(canvas: Canvas, layers: Layer[], notes: string[]): LabelMarks {
-  const marks: LabelMarks = { below: [], above: [] };
-  const paper = canvas.paper === none ? '#ffffff' : canvas.paper;
-  const halo = { stroke: paper, strokeWidth: 2.5 };
-  for (const layer of layers) {
-    const labeling = layer.element.labeling[0];
-    if (!labeling || labeling.style.visible === false) continue;
-    const labels = placeLabels(canvas, layer, notes);
-    const look = textLook(labeling.style, ownTexts.dataLabel);
-    // Beside a box are its own whiskers, which a halo on top would cut.
-    const apart = layer.kind === 'boxes';
-    if (apart) marks.below.push(...labelMarks(labels, look, { ...halo, fill: paper, ariaHidden: 'true' }));
-    marks.above.push(...labelMarks(labels, look, { fill: look.color, ...(apart ? {} : halo) }));
-  }
-  return marks;
-}
-
-export { stackDots };

@@ -5,8 +5,10 @@ import type { Style } from '../chart/model.js';
 import { lineColor } from './axes.js';
 import { none } from './colors.js';
 import { guideMarks, type DrawnGuide } from './guides.js';
-import type { Layer } from './layers.js';
-import { labelsOf, marksOf, stackDots, type Canvas } from './marks.js';
+import type { Layer, Shape } from './layers.js';
+import { stackDots } from './dots.js';
+import { labelsOf } from './labelmarks.js';
+import { isWhole, marksAbove, marksOf, type Canvas } from './marks.js';
 import type { Panel } from './panels.js';
 import { drawSlices } from './pie.js';
 import type { DrawnScale } from './scales.js';
@@ -76,6 +78,8 @@ export interface PanelContent {
   canvas: Canvas;
   gridlines: { across: GridLines | null; upright: GridLines | null };
   frame: PanelFrame;
+  /** How the texts of the legend look. */
+  legendText: Style;
   notes: string[];
   /** Ends in the number of the panel. */
   clipId: string;
@@ -118,14 +122,15 @@ function contentOf(content: PanelContent): Named[] {
   );
   const labels = labelsOf(canvas, layers, content.notes);
   if (labels.below.length > 0) named.push({ name: '', marks: labels.below, clipped: false });
+  const above: Named[] = [];
   for (const layer of layers) {
-    if (layer.kind !== 'slices')
-      named.push({
-        name: layerName(layer),
-        marks: marksOf(canvas, layer, dots),
-        clipped: layer.kind !== 'points',
-      });
+    if (layer.kind === 'slices') continue;
+    const [marks, late] = [marksOf(canvas, layer, dots), marksAbove(canvas, layer)];
+    const name = layerName(layer);
+    if (marks.length > 0) named.push({ name, marks, clipped: true });
+    if (late.length > 0) above.push({ name: marks.length > 0 ? '' : name, marks: late, clipped: true });
   }
+  named.push(...above);
   const guides = content.guides.flatMap((guide) => {
     const made = guideMarks(guide, content.panel, canvas, layers, content.notes);
     return made ? [{ made, name: guide.guide.name }] : [];
@@ -155,6 +160,9 @@ function baselineOf({ canvas, layers }: PanelContent): Named[] {
   ];
 }
 
+/** What a box reaches without its outliers. */
+const boxReach = ({ box }: Shape) => (box ? [box.box.lowest, box.box.highest] : []);
+
 /** Whether something reaches beyond the bounds of the scales, so that it has to be cut off there. */
 function reachesOut(content: PanelContent): boolean {
   const { x, y } = content.canvas;
@@ -164,7 +172,9 @@ function reachesOut(content: PanelContent): boolean {
     layer.shapes.some(
       (shape) =>
         [shape.x, shape.x1, shape.x2].some((value) => outside(value, x.domain)) ||
-        [shape.y, shape.y1, shape.y2, shape.low, shape.high].some((value) => outside(value, y.domain)),
+        [shape.y, shape.y1, shape.y2, shape.low, shape.high, ...boxReach(shape)].some((value) =>
+          outside(value, y.domain),
+        ),
     ),
   );
 }
@@ -179,7 +189,9 @@ function plotted(content: PanelContent, named: Named[], maker: Maker): Element {
     margin: 0,
     x: scaleOptions(across),
     y: scaleOptions(upright),
-    marks: named.flatMap(({ marks }, at) => marks.map((mark) => tagged(mark, `k${at}`))),
+    marks: named.flatMap(({ marks }, at) =>
+      marks.map((mark) => tagged(mark, isWhole(mark) ? `k${at} whole` : `k${at}`)),
+    ),
   }) as unknown as Element;
 }
 
@@ -215,12 +227,13 @@ function collect(
 ): SVGElement[] {
   const children = Array.from(svg.childNodes).filter((node) => node.nodeType === 1) as Element[];
   return named.flatMap(({ name, clipped }, at) => {
-    const own = children.filter((child) => child.getAttribute('data-layer') === `k${at}`);
+    const own = children.filter((child) => child.getAttribute('data-layer')?.split(' ')[0] === `k${at}`);
     if (own.length === 0) return [];
     for (const element of own) {
+      const whole = element.getAttribute('data-layer')!.endsWith(' whole');
       element.removeAttribute('data-layer');
       hideKinds(element);
-      if (clip && clipped) element.setAttribute('clip-path', `url(#${content.clipId})`);
+      if (clip && clipped && !whole) element.setAttribute('clip-path', `url(#${content.clipId})`);
     }
     const group = name === '' ? maker.make('g', {}) : maker.group(name, 'graphics-object');
     group.append(...own);
@@ -252,7 +265,7 @@ export function drawPanel(content: PanelContent, maker: Maker): SVGElement {
   }
   if (named.length > 0) group.append(...collect(plotted(content, named, maker), named, content, maker, clip));
   const slices = content.layers.filter((layer) => layer.kind === 'slices');
-  if (slices.length > 0) group.append(drawSlices(slices, canvas, maker));
+  if (slices.length > 0) group.append(drawSlices(slices, canvas, content.legendText, maker));
   if (frame.stroke !== none) {
     group.append(
       maker.make('rect', {

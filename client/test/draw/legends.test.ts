@@ -61,6 +61,22 @@ describe('legends', () => {
     expect(places(drawn).map(({ text }) => text)).toEqual(short(20));
   });
 
+  test('have one column with any sizes of texts', () => {
+    for (const size of ['18pt', '17.3px', '10.1pt', '0.37in']) {
+      const styles = `<style id="t" font_size="${size}"/><style id="u" font_size="20pt"/><style id="f" padding="8pt"/>`;
+      const drawn = picture(
+        { a: count(3), b: count(3), k: count(3) },
+        '<point><x variable="a"/><y variable="b"/><color id="c" variable="k"/></point>',
+        {
+          categorical: { k: short(3) },
+          rest: `${styles}<legend style="f" tickTextStyle="t"><legendTarget target="c"/><label style="u"><text>Title</text></label></legend>`,
+        },
+      );
+      const entries = places(drawn).slice(1);
+      expect(new Set(entries.map(({ x }) => x)).size).toBe(1);
+    }
+  });
+
   test('that are too long for that have several, in the order of the groups from the top', () => {
     const drawn = grouped({ texts: short(60) });
     const shown = places(drawn);
