@@ -146,12 +146,14 @@ function placeLegends(
   const next: Partial<Record<Side, number>> = Object.fromEntries(
     legends.filter(boxed).map(({ side }) => [side, topOfPanels]),
   );
+  const beside = legends.filter(({ side }) => side === 'right').map(({ laid }) => laid.width);
+  const right = graph.left + graph.width - Math.max(0, ...beside);
   return legends.map(({ laid, side }) => {
     const used = next[side] ?? 0;
     const { width, height } = laid;
     const middle = graph.left + (graph.width - width) / 2;
     const box: Record<Side, Rectangle> = {
-      right: { left: graph.left + graph.width - width, top: graph.top + used, width, height },
+      right: { left: right, top: graph.top + used, width, height },
       left: { left: graph.left, top: graph.top + used, width, height },
       top: { left: middle, top: graph.top + used, width, height },
       bottom: { left: middle, top: graph.top + graph.height - height - used, width, height },

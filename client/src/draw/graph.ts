@@ -29,6 +29,7 @@ import type { Layer } from './layers.js';
 import { ownTexts } from './looks.js';
 import type { Neighbours } from './neighbours.js';
 import { isReflected, orientationOf, type Orientation } from './orientation.js';
+import { showOverlaid } from './overlaid.js';
 import type { Rectangle } from './page.js';
 import { panelGrid, type Panel, type PanelGrid } from './panels.js';
 import type { Patterns } from './patterns.js';
@@ -79,6 +80,7 @@ export function compileGraph(graph: Graph, chart: Chart, data: Data, notes: stri
     notes.push('Of polar coordinates only pies are drawn; the rest stands in straight ones.');
   }
   position(panels, x, baselineOf(y, panels));
+  notes.push(...showOverlaid(panels));
   const guides = guidesOf(graph.guides, x, y, notes);
   const places = (name: 'x' | 'y') => guides.flatMap(({ at }) => (at?.direction === name ? [at.place] : []));
   const scales = {

@@ -6,7 +6,7 @@ import type { Data } from '../data/columns.js';
 import { none, safeColor } from './colors.js';
 import type { Direction } from './directions.js';
 import { drawBox, paddingOf } from './frames.js';
-import { groupingOf, isGrouping, lookOf } from './grouping.js';
+import { aestheticOf, groupingOf, isGrouping, lookOf } from './grouping.js';
 import {
   gapOfBlocks,
   gapToText,
@@ -17,7 +17,7 @@ import {
   type PlacedEntry,
   type Room,
 } from './legendlayout.js';
-import { ownLook, ownTexts, styled, type LookKind } from './looks.js';
+import { ownLook, ownTexts, styled, type Look, type LookKind } from './looks.js';
 import type { Patterns } from './patterns.js';
 import { rangesOf, type Range } from './ranges.js';
 import type { Maker } from './svg.js';
@@ -78,21 +78,37 @@ function lookKind(element: ChartElement): LookKind {
 const ownLookOf = (element: ChartElement) =>
   styled(ownLook(lookKind(element)), element.style, lookKind(element));
 
+/** Where the colours of an element show something else than what is explained, that has none. */
+function explainedLook(element: ChartElement, explained: readonly Aesthetic[], chart: Chart): Look {
+  const coloring = element.aesthetics.some(
+    (each) => aestheticOf(each, chart) === 'color' && !explained.includes(each),
+  );
+  return { ...ownLookOf(element), ...(coloring ? { fill: neutral } : {}) };
+}
+
 function groupEntries(target: Target, scope: LegendScope): Entry[] {
   const { element } = target;
   const grouping = groupingOf(element, scope.chart, scope.data, scope.cluster);
   const variable = grouping.variables.find((each) => each.aesthetics.includes(target.aesthetic!));
   if (!variable) return [];
   const kind = lookKind(element);
-  const entries = variable.categories.map((category): Entry => {
-    const own = lookOf(ownLookOf(element), kind, [variable], [category], scope.chart);
-    return { look: own, kind, text: category.text };
-  });
+  const own = explainedLook(element, variable.aesthetics, scope.chart);
+  const entries = variable.categories.map(
+    (category): Entry => ({
+      look: lookOf(own, kind, [variable], [category], scope.chart),
+      kind,
+      text: category.text,
+    }),
+  );
   const lying = scope.chart.graphs.some((graph) =>
     graph.coordinates[0]?.transforms.some((transform) => transform.kind === 'transpose'),
   );
   const wide = element.kind === 'interval' || element.kind === 'schema' || element.kind === 'area';
-  const stacked = element.modifier === 3 && element.x.length > 0;
+  const polar = scope.chart.graphs.some((graph) =>
+    graph.coordinates[0]?.transforms.some((transform) => transform.kind === 'polar'),
+  );
+  // Slices follow each other as the entries do.
+  const stacked = element.modifier === 3 && element.x.length > 0 && !polar;
   const beside = !stacked && (scope.cluster !== null || element.modifier === 1);
   // Parts are listed as they stand: upwards where they stand on each other, or beside each other in lying bars.
   return wide && element.x.length > 0 && (lying ? beside : stacked) ? entries.reverse() : entries;
@@ -106,8 +122,10 @@ function rangeTicks(range: Range, language: string): Tick[] {
   return roundValues(low, high, wanted).map((value) => ({ value, text: values.textOf(value) }));
 }
 
-function rangeSection(target: Target, range: Range, language: string): Section {
-  const shown = rangeTicks(range, language).filter(({ value }) => value >= range.low && value <= range.high);
+function rangeSection(target: Target, range: Range, chart: Chart): Section {
+  const shown = rangeTicks(range, chart.language).filter(
+    ({ value }) => value >= range.low && value <= range.high,
+  );
   if (range.aesthetic.kind === 'color') {
     const share = (value: number) =>
       range.high > range.low ? (value - range.low) / (range.high - range.low) : 0.5;
@@ -117,9 +135,7 @@ function rangeSection(target: Target, range: Range, language: string): Section {
     };
   }
   const kind = lookKind(target.element);
-  // Where colours show something else, sizes are explained without one.
-  const colored = target.element.aesthetics.some((each) => each.kind === 'color' || each.kind === 'styleBy');
-  const own = { ...ownLookOf(target.element), ...(colored ? { fill: neutral } : {}) };
+  const own = explainedLook(target.element, [range.aesthetic], chart);
   const entries = shown.map(({ value, text }): Entry => {
     const varied = range.lookOf(value);
     const size = varied.size ?? own.size;
@@ -154,7 +170,7 @@ function sectionsOf(legend: Legend, scope: LegendScope): Section[] {
     const range = grouped
       ? null
       : rangesOf(element, scope.chart, scope.data).find((each) => each.aesthetic === aesthetic);
-    if (range) sections.push(rangeSection(target, range, scope.chart.language));
+    if (range) sections.push(rangeSection(target, range, scope.chart));
     else sections.push({ entries: groupEntries(target, scope), ramp: null });
   }
   return named.length > 0 ? [...sections, { entries: named, ramp: null }] : sections;

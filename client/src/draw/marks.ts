@@ -263,6 +263,9 @@ function areaMarks(canvas: Canvas, layer: Layer): Plot.Markish[] {
 /** With more places than that to a pixel a line is thinner, unless the chart says how wide it is. */
 const densePlaces = 2;
 
+/** The radius of a place of a line that has no neighbours. */
+const leastDot = 2.5;
+
 function lineMarks(canvas: Canvas, layer: Layer): Plot.Markish[] {
   const own = channels(canvas, { x: (s) => s.x, y: (s) => s.y });
   const dense = layer.shapes.length > densePlaces * canvas.width && !layer.element.style.strokeWidth;
@@ -274,7 +277,8 @@ function lineMarks(canvas: Canvas, layer: Layer): Plot.Markish[] {
   if (alone.length === 0) return lines;
   const dot = { ...look, fill: look.stroke, stroke: none, dashes: [] };
   const paint = { fill: dot.fill, ...strokeOf(edged(dot, layer.element.kind, canvas.paper)) };
-  return [...lines, Plot.dot(alone, { ...own, ...paint, r: layer.look.strokeWidth } as Plot.DotOptions)];
+  const r = Math.max(leastDot, layer.look.strokeWidth);
+  return [...lines, Plot.dot(alone, { ...own, ...paint, r } as Plot.DotOptions)];
 }
 
 /** A place between two missing ones makes no line. */

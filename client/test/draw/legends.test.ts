@@ -55,6 +55,59 @@ function corner(drawn: Picture): [number, number] {
 }
 
 describe('legends', () => {
+  const two = (options: { element: string; targets: string[]; titles: string[]; coordinates?: string }) => {
+    const legends = options.targets.map(
+      (target, at) =>
+        `<legend id="l${at}"><legendTarget target="${target}"/><label><text>${options.titles[at]}</text></label></legend>`,
+    );
+    const { coordinates } = options;
+    return picture({ a: [1, 2], b: [1, 2], k: [1, 2], g: [1, 2] }, options.element, {
+      categorical: { k: ['one', 'two'], g: ['a very long name of a group', 'b'] },
+      rest: legends.join(''),
+      ...(coordinates === undefined ? {} : { coordinates }),
+    });
+  };
+  const samples = (drawn: Picture, name: string) =>
+    Array.from(drawn.svg.querySelectorAll(`g[aria-label="Legend: ${name}"] path`)).map((sample) =>
+      sample.getAttribute('fill'),
+    );
+
+  test('of shapes have no colour where colours show something else', () => {
+    const element = (shape: string) =>
+      `<point><x variable="a"/><y variable="b"/><color id="c" variable="k"/><shape id="h" variable="${shape}"/></point>`;
+    const options = { targets: ['c', 'h'], titles: ['Colours', 'Shapes'] };
+    const apart = two({ ...options, element: element('g') });
+    expect(samples(apart, 'Shapes')).toEqual(['#737373', '#737373']);
+    expect(new Set(samples(apart, 'Colours')).size).toBe(2);
+    const together = two({ ...options, element: element('k') });
+    expect(samples(together, 'Shapes')).toEqual(samples(together, 'Colours'));
+  });
+
+  test('at the right have one left edge', () => {
+    const drawn = two({
+      element:
+        '<point><x variable="a"/><y variable="b"/><color id="c" variable="k"/><shape id="h" variable="g"/></point>',
+      targets: ['c', 'h'],
+      titles: ['Colours', 'Shapes'],
+    });
+    const lefts = Array.from(drawn.svg.querySelectorAll('g[aria-label^="Legend"]')).map((each) =>
+      /translate\(([-\d.]+),/.exec(each.getAttribute('transform')!)!.at(1),
+    );
+    expect(lefts).toHaveLength(2);
+    expect(lefts[0]).toBe(lefts[1]);
+  });
+
+  test('of a pie list the slices by the clock', () => {
+    const drawn = two({
+      element:
+        '<interval positionModifier="3"><x variable="g"/><summaryStatistic method="3"/><color id="c" variable="k"/></interval>',
+      targets: ['c'],
+      titles: ['Kinds'],
+      coordinates: '<dimension/><dimension/><transposeTransform/><polarTransform/>',
+    });
+    expect(drawn.textsOf('Legend: Kinds')).toEqual(['Kinds', 'one', 'two']);
+  });
+
   test('have one column where there is room', () => {
     const drawn = grouped({ texts: short(20) });
     expect(new Set(places(drawn).map(({ x }) => x)).size).toBe(1);
