@@ -209,14 +209,9 @@ export function drawTicks(
     const label = upright
       ? uprightLabel(lines, from, at(value), outward, layout.angle, labelLook, maker)
       : acrossLabel(lines, at(value), from, outward, layout, which, labelLook, maker);
-    group.append(isShortened(lines, text) ? withWhole(label, text, maker) : label);
+    group.append(isShortened(lines, text) ? maker.withWhole(label, text) : label);
   });
   return group;
-}
-
-/** A shortened text, with the whole one for who points at it or has it read out. */
-function withWhole(shown: SVGElement, text: string, maker: Maker): SVGElement {
-  return maker.make('g', {}, [maker.make('title', {}, [text]), shown]);
 }
 
 function uprightLabel(
@@ -275,7 +270,7 @@ export function drawAxisTitle(
   if (title.length === 0) return null;
   const shown = titleText(drawn, width, height, rooms, maker);
   const text = plainText(axis.label);
-  return isShortened(title, text) ? withWhole(shown, text, maker) : shown;
+  return isShortened(title, text) ? maker.withWhole(shown, text) : shown;
 }
 
 const edge = 3;

@@ -33,7 +33,7 @@ function labelAlong(layer: Layer, shape: Shape, canvas: Canvas): string {
   const labeling = layer.element.labeling[0];
   if (!labeling || labeling.variable !== '' || labeling.dimension > 1) return '';
   const { direction } = labeling.dimension === 0 ? canvas.x : canvas.y;
-  const value = labeling.dimension === 0 ? shape.x : shape.y;
+  const value = labeling.dimension === 0 ? (shape.place ?? shape.x) : shape.y;
   if (Number.isNaN(value)) return '';
   if (direction.kind === 'category') return direction.texts[Math.round(value)] ?? '';
   const format = mergeFormats(labeling.format, direction.format);

@@ -151,6 +151,8 @@ export function drawBox(style: Style, box: Rectangle, maker: Maker): SVGElement[
 export interface LaidFrame extends FrameText {
   box: Rectangle;
   lines: string[];
+  /** Whether there were more lines. */
+  cut: boolean;
   /** The height that the text needs. */
   needed: number;
 }
@@ -163,12 +165,13 @@ export function layFrame(text: FrameText, box: Rectangle, mostHeight: number, no
       ? []
       : wrap(text.text, Math.max(20, box.width - padding.left - padding.right), text.look);
   const lines = atMost(whole, mostHeight / lineHeight(text.look));
-  if (lines.length < whole.length) {
+  const cut = lines.length < whole.length;
+  if (cut) {
     notes.push(`A text is too long for the page and is cut: ${text.text.slice(0, 40).trimEnd()}\u2026`);
   }
   const needed =
     lines.length === 0 ? 0 : lines.length * lineHeight(text.look) + padding.top + Math.min(padding.bottom, 4);
-  return { ...text, box, lines, needed };
+  return { ...text, box, lines, cut, needed };
 }
 
 export function drawFrame(laid: LaidFrame, maker: Maker): SVGElement {
@@ -183,6 +186,7 @@ export function drawFrame(laid: LaidFrame, maker: Maker): SVGElement {
     middle: box.left + box.width / 2,
     end: box.left + box.width - padding.right,
   };
-  group.append(maker.text(lines, x[look.align], box.top + padding.top + look.size * 0.9, look));
+  const shown = maker.text(lines, x[look.align], box.top + padding.top + look.size * 0.9, look);
+  group.append(laid.cut ? maker.withWhole(shown, laid.text) : shown);
   return group;
 }

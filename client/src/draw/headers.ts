@@ -155,13 +155,18 @@ export function fitHeaders(headers: Headers, length: number, gap: number, mostAc
   return { lines, room: lines.length > 0 ? room + gapToPanels : 0 };
 }
 
+type Span = HeaderLine['spans'][number];
+
+const isShortened = ({ text, lines }: Span) =>
+  lines?.length === 1 && lines[0] !== text && lines[0]!.endsWith('\u2026');
+
+const shownOf = (span: Span, text: SVGElement, maker: Maker) =>
+  isShortened(span) ? maker.withWhole(text, span.text) : text;
+
 /** Says that texts are shortened, if they are. */
 export function headerNotes(headers: Headers[]): string[] {
   const spans = headers.flatMap(({ lines }) => lines.flatMap((line) => line.spans));
-  const shortened = spans.some(
-    ({ text, lines }) => lines?.length === 1 && lines[0] !== text && lines[0]!.endsWith('\u2026'),
-  );
-  return shortened ? ['Labels of panels that have no room are shortened.'] : [];
+  return spans.some(isShortened) ? ['Labels of panels that have no room are shortened.'] : [];
 }
 
 function drawRule({ stroke, width }: Rule, d: string, maker: Maker): SVGElement {
@@ -184,16 +189,16 @@ export function drawColumnHeaders(
     const shift = below && rule ? ruleRoom : 0;
     const first = y + look.size * 0.95 + shift;
     const at = below ? y + 1 : y + depthOf(line) + 1;
-    for (const { from, to, text, lines = [text] } of spans) {
+    for (const span of spans) {
+      const { from, to, text, lines = [text] } = span;
       const left = starts[from]!;
       const right = starts[to - 1]! + width;
       const middle = (left + right) / 2;
       const up = `translate(${Math.round(middle + look.size * 0.35)},${Math.round(y + shift + depthOf(line) / 2)}) rotate(-90)`;
-      group.append(
-        line.turned
-          ? maker.text(lines, 0, 0, look, { transform: up })
-          : maker.text(lines, middle, first, look),
-      );
+      const shown = line.turned
+        ? maker.text(lines, 0, 0, look, { transform: up })
+        : maker.text(lines, middle, first, look);
+      group.append(shownOf(span, shown, maker));
       if (rule) group.append(drawRule(rule, `M${left.toFixed(2)},${at} H${right.toFixed(2)}`, maker));
     }
     y += heightOf(line);
@@ -218,7 +223,8 @@ export function drawRowHeaders(
     const { look, spans, rule } = line;
     const at = across + outward;
     if (rule) across += outward * ruleRoom;
-    for (const { from, to, text, lines = [text] } of spans) {
+    for (const span of spans) {
+      const { from, to, text, lines = [text] } = span;
       const middle = (starts[from]! + starts[to - 1]! + height) / 2;
       const [top, bottom] = [
         Math.min(starts[from]!, starts[to - 1]!),
@@ -227,12 +233,13 @@ export function drawRowHeaders(
       if (rule) group.append(drawRule(rule, `M${at.toFixed(2)},${top} V${bottom + height}`, maker));
       if (line.turned) {
         const align = left ? ('end' as const) : ('start' as const);
-        group.append(maker.text(lines, across, middle + look.size * 0.35, { ...look, align }));
+        const shown = maker.text(lines, across, middle + look.size * 0.35, { ...look, align });
+        group.append(shownOf(span, shown, maker));
         continue;
       }
       const first = look.size * 0.3 + (lines.length - 1) * lineHeight(look);
       const transform = `translate(${Math.round(across + outward * first)},${Math.round(middle)}) rotate(${outward * 90})`;
-      group.append(maker.text(lines, 0, 0, look, { transform }));
+      group.append(shownOf(span, maker.text(lines, 0, 0, look, { transform }), maker));
     }
     across += outward * depthOf(line);
   }

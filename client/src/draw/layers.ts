@@ -24,6 +24,8 @@ export type LayerKind =
 export interface Shape {
   x: number;
   y: number;
+  /** Its value along x, where it stands beside that. */
+  place?: number;
   x1?: number;
   x2?: number;
   y1?: number;

@@ -50,6 +50,7 @@ function placeAlongX(layer: Layer, direction: Direction, step: number): void {
       if (layer.slot) narrowBin(shape, layer.slot);
       continue;
     }
+    if (offset !== 0) shape.place = shape.x;
     shape.x += offset;
     if (wide) [shape.x1, shape.x2] = [shape.x - half, shape.x + half];
   }

@@ -31,6 +31,11 @@ export class Maker {
     return this.make('g', { role: role || null, 'aria-label': name, ...attributes });
   }
 
+  /** A shortened text, with the whole one for who points at it or has it read out. */
+  withWhole(shown: SVGElement, text: string): SVGElement {
+    return this.make('g', {}, [this.make('title', {}, [text]), shown]);
+  }
+
   /** Lines of text, the first one with its base line at y. */
   text(lines: string[], x: number, y: number, look: TextLook, attributes: Attributes = {}): SVGElement {
     const step = look.size * 1.25;

@@ -104,7 +104,7 @@ function describe(shape: Shape, layer: Layer, compiled: CompiledGraph, data: Dat
   if (element.x.length > 0) {
     const name = labelOf(x, element.x, data, 'x');
     if (layer.binned) cells.set(name, computed(shape.x1!, shape.x2!));
-    else cells.set(name, placeCell(x, shape.x, valuesOf(x, element.x, data)));
+    else cells.set(name, placeCell(x, shape.place ?? shape.x, valuesOf(x, element.x, data)));
   }
   if (shape.box) {
     const values = valuesOf(y, element.y, data);

@@ -451,3 +451,14 @@ describe('texts', () => {
     expect(contrast('#777777', '#777777')).toBe(1);
   });
 });
+
+test('a text that is cut is whole in its title', () => {
+  const text = 'A title of many words. '.repeat(200).trim();
+  const frame = (words: string) =>
+    `<labelFrame id="f"><label purpose="1"><text>${words}</text></label></labelFrame>`;
+  const drawn = new Picture(chartText(frame(text)));
+  const titles = Array.from(drawn.svg.querySelectorAll('g > title')).map((title) => title.textContent);
+  expect(titles).toEqual([text]);
+  expect(drawn.notes.join()).toContain('too long for the page');
+  expect(new Picture(chartText(frame('Short'))).svg.querySelectorAll('g > title')).toHaveLength(0);
+});

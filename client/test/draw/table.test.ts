@@ -59,6 +59,18 @@ describe('numbers of a column', () => {
     expect(means([1, 2, 3, 3, 5])).toEqual(['2', '4']);
   });
 
+  test('are those of the data where bars stand beside each other', () => {
+    const drawn = picture(
+      { a: [10, 10, 20, 20], b: [1, 2, 3, 4], k: [1, 2, 1, 2] },
+      '<interval><x variable="a"/><y variable="b"/><color variable="k"/></interval>',
+      {
+        categorical: { k: ['one', 'two'] },
+        coordinates: '<dimension clusterVariable="k"/><dimension/>',
+      },
+    );
+    expect(columnOf(drawn, 'the a')).toEqual(['10', '20', '10', '20']);
+  });
+
   test('that are missing are null', () => {
     const drawn = picture({ a: [1, 2, 3], b: [1, null, 3] }, points.replaceAll('point', 'line'));
     expect(columnOf(drawn, 'the b')).toEqual(['1', null, '3']);

@@ -189,6 +189,8 @@ describe('labels of panels', () => {
   test('are noted where they are shortened', () => {
     const drawn = panels(Array.from({ length: 8 }, (_, at) => `${at}_${'long'.repeat(30)}`));
     expect(drawn.notes.join()).toContain('shortened');
+    const [first] = Array.from(group(drawn).querySelectorAll('title'));
+    expect(first!.textContent).toBe(`0_${'long'.repeat(30)}`);
   });
 });
 
@@ -294,6 +296,27 @@ describe('labels of panels that touch', () => {
       ['0', '30'],
     ]);
   });
+});
+
+test('labels of rows stand beside them in their order, shortened ones with the whole text', () => {
+  const long = 'A row with a name that is quite long '.repeat(4).trim();
+  const rows = picture(
+    { a: [1, 2, 3], b: [1, 2, 3], k: [1, 2, 3] },
+    '<point><x variable="a"/><y variable="b"/></point><faceting><cross><unity/><variableReference ref="k"/></cross></faceting><facetLayout><facetLevel level="1"><axis><label><text>Rows</text></label><majorTicks/></axis></facetLevel></facetLayout>',
+    { categorical: { k: ['first', 'second', long] } },
+  );
+  const texts = rows.textsOf('Rows of panels');
+  expect(texts.slice(0, 2)).toEqual(['first', 'second']);
+  expect(texts[3]).toBe('Rows');
+  expect(texts[2]).toMatch(/^A row with .*\u2026$/);
+  const group = rows.svg.querySelector('g[aria-label="Rows of panels"]')!;
+  expect(Array.from(group.querySelectorAll('title')).map((title) => title.textContent)).toEqual([long]);
+  const heights = Array.from(group.querySelectorAll('text'))
+    .slice(0, 3)
+    .map((text) =>
+      Number(/,([\d.]+)\)/.exec(text.getAttribute('transform') ?? '')?.[1] ?? text.getAttribute('y')),
+    );
+  expect(heights).toEqual([...heights].sort((a, b) => a - b));
 });
 
 describe('an axis says in a note', () => {
