@@ -92,20 +92,29 @@ export class Markup {
     return this.text(name) ?? '';
   }
 
-  /** `true` and `1`, `false` and `0`; anything else is as if it were absent. */
+  /** `true` and `1`, `false` and `0`; anything else is as if it were absent, with a note. */
   flag(name: string): boolean | null {
     const text = this.text(name);
     if (text === 'true' || text === '1') return true;
-    return text === 'false' || text === '0' ? false : null;
+    return text === 'false' || text === '0' ? false : this.notUnderstood(name, text);
   }
 
-  /** A text that is no number is as if it were absent. */
+  /** A text that is no number is as if it were absent, with a note. */
   number(name: string): number | null {
-    return numberOf(this.text(name));
+    const text = this.text(name);
+    return numberOf(text) ?? this.notUnderstood(name, text);
   }
 
   length(name: string): Length | null {
-    return lengthOf(this.text(name));
+    const text = this.text(name);
+    return lengthOf(text) ?? this.notUnderstood(name, text);
+  }
+
+  /** An empty text is a value that was given up. */
+  private notUnderstood(name: string, text: string | null): null {
+    if (text !== null && text.trim() !== '')
+      this.note(`The ${name} "${text.slice(0, 40)}" of ${this.name} is not understood.`);
+    return null;
   }
 
   /** The children of these names, in document order. */

@@ -4,11 +4,14 @@ import { lengthOf } from './markup.js';
 import type { Length } from './markup.js';
 import type { ConditionalStyle, Style, StyleCycle } from './model.js';
 
-function dashesOf(text: string | null): Length[] | undefined {
+function dashesOf(markup: Markup): Length[] | undefined {
+  const text = markup.text('stroke_dasharray');
   if (text === null) return undefined;
-  const parts = text.split(/[\s,]+/).filter((part) => part !== '');
+  const parts = text.split(/[\s,]+/).filter((part) => part !== '' && part !== 'none');
   const lengths = parts.map(lengthOf);
-  return lengths.every((length) => length !== null) ? (lengths as Length[]) : [];
+  if (lengths.every((length) => length !== null)) return lengths as Length[];
+  markup.note(`The dashes "${text.slice(0, 40)}" of a style are not understood; its lines are solid.`);
+  return [];
 }
 
 /** All that the client honours of a style. */
@@ -20,7 +23,7 @@ export function readStyle(markup: Markup): Style {
   };
   const visible = markup.flag('visible');
   if (visible !== null) style.visible = visible;
-  const dashes = dashesOf(markup.text('stroke_dasharray'));
+  const dashes = dashesOf(markup);
   if (dashes) style.dashes = dashes;
   return style;
 }

@@ -1,5 +1,7 @@
 /** Which properties of a style show where it is used, and a sentence for each that is given but does not. */
 import type { Axis, Chart, ChartElement, Graph, Style } from '../chart/model.js';
+import { safeColor } from './colors.js';
+import { isKnownSymbol } from './symbols.js';
 
 type Property = keyof Style;
 
@@ -183,6 +185,21 @@ function asks(style: Style, property: Property, anyway: string[]): boolean {
   }
 }
 
+const lineCaps = new Set(['butt', 'round', 'square']);
+
+/** Names of colours, symbols and ends of lines that nobody knows. */
+function valueNotes(style: Style): string[] {
+  const { color, color2, symbol, lineCap } = style;
+  const notes = [color, color2].flatMap((each) =>
+    each !== undefined && safeColor(each) === undefined ? [`The color ${each} is not known.`] : [],
+  );
+  if (symbol !== undefined && !isKnownSymbol(symbol))
+    notes.push(`The symbol ${symbol} is not known; it is drawn as a circle.`);
+  if (lineCap !== undefined && !lineCaps.has(lineCap))
+    notes.push(`The end ${lineCap} of lines is not known.`);
+  return notes;
+}
+
 /** Properties that are given where they show nothing. */
 export function styleNotes(chart: Chart): string[] {
   const notes = usesOf(chart).flatMap(({ what, styles, honoured, anyway = {} }) =>
@@ -192,5 +209,6 @@ export function styleNotes(chart: Chart): string[] {
         .map((property) => `The ${names[property] ?? property} of ${what} is not honoured.`),
     ),
   );
-  return [...new Set(notes)];
+  const cycled = [...chart.cycles.values()].flatMap(({ cycles }) => cycles.flatMap(({ styles }) => styles));
+  return [...new Set([...notes, ...[...chart.styles.values(), ...cycled].flatMap(valueNotes)])];
 }

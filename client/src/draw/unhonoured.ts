@@ -11,7 +11,9 @@ import type {
   Style,
 } from '../chart/model.js';
 import type { Received } from '../received.js';
+import { secondsOf } from '../data/format.js';
 import { none, safeColor } from './colors.js';
+import { placeOf } from './directions.js';
 import { aestheticOf } from './grouping.js';
 import { blendLevel } from './headers.js';
 import type { LayerKind } from './layers.js';
@@ -90,6 +92,10 @@ function domainNotes(chart: Chart): string[] {
     if (domain.sort && !knownOrders.has(domain.sort.method)) {
       const method = domain.sort.method!;
       notes.push(`The order ${method} of categories is not known; they are sorted by their values.`);
+    }
+    if (!domain.categorical) {
+      const unread = [domain.minimum, domain.maximum].filter((text) => text && secondsOf(text) === null);
+      notes.push(...unread.map((text) => `The bound ${text} of the domain ${domain.id} is not understood.`));
     }
     if (domain.categorical && (domain.minimum !== null || domain.maximum !== null))
       notes.push(`The bounds of the categories ${domain.id} are not honoured.`);
@@ -296,6 +302,9 @@ export function scaleNotes(scales: { x: DrawnScale; y: DrawnScale }, orientation
   const notes = [scales.x, scales.y].flatMap((scale) => [...tickNotes(scale), ...baseNotes(scale)]);
   for (const { direction } of [scales.x, scales.y]) {
     const wanted = direction.dimension?.scale?.method ?? 'linear';
+    const origin = direction.dimension?.scale?.origin;
+    if (origin && placeOf(direction, origin) === null)
+      notes.push(`The origin ${origin} of the ${direction.name} scale is not understood.`);
     const what = direction.kind === 'date' ? 'Dates' : 'Categories';
     if (wanted !== 'linear' && direction.kind !== 'number')
       notes.push(`${what} along ${direction.name} stand on a linear scale, not on a ${wanted} one.`);

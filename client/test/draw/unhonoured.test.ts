@@ -271,6 +271,30 @@ describe('a note names', () => {
     ]);
   });
 
+  test('values that are not understood', () => {
+    const style = (attributes: string) => plain('', `<style id="s" ${attributes}/>`).notes;
+    expect(style('color="red" color2="transparent" symbol="star" stroke_linecap="round" size=""')).toEqual(
+      [],
+    );
+    expect(style('color="sparkling"')).toEqual(['The color sparkling is not known.']);
+    expect(style('symbol="heart"')).toEqual(['The symbol heart is not known; it is drawn as a circle.']);
+    expect(style('stroke_linecap="sharp"')).toEqual(['The end sharp of lines is not known.']);
+    expect(style('size="large"')).toEqual(['The size "large" of style is not understood.']);
+    expect(style('visible="perhaps"')).toEqual(['The visible "perhaps" of style is not understood.']);
+    expect(style('stroke_dasharray="2px, 1px"')).toEqual([]);
+    expect(style('stroke_dasharray="none"')).toEqual([]);
+    expect(style('stroke_dasharray="dotted"').join()).toContain('The dashes "dotted" of a style');
+    const domain = (range: string) =>
+      plain('', `<intervalDomain id="d"><range ${range}/></intervalDomain>`).notes;
+    expect(domain('min="2012-06-30" max="1e3"')).toEqual([]);
+    expect(domain('max="soon"')).toEqual(['The bound soon of the domain d is not understood.']);
+    const scale = (origin: string) =>
+      plain('', '', points, `<dimension/><dimension><scale origin="${origin}"/></dimension>`).notes;
+    expect(scale('3')).toEqual([]);
+    expect(scale('soon')).toEqual(['The origin soon of the y scale is not understood.']);
+    expect(style('opacity="half"')).toEqual(['The opacity "half" of style is not understood.']);
+  });
+
   test('functions of clients', () => {
     expect(plain('', '<swingController function="zoom" target="p"/>').notes).toEqual([
       'The function zoom that the chart asks for on p is not run.',
