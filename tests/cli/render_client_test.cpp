@@ -121,6 +121,37 @@ TEST_F(Render, SaysWhatIsMissingForPng) {
   EXPECT_FALSE(exists("chart.png"));
 }
 
+TEST_F(Render, TellsOfANodeThatFails) {
+  makeCapture();
+  write(
+      "node",
+      "#!/bin/sh\necho 'file:1' >&2; echo 'SyntaxError: Unexpected token' >&2; echo '   at x' >&2; exit 1\n");
+  Outcome const outcome =
+      shell("chmod +x node && PATH=$PWD:$PATH $KESTREL render out/capture.kcap -o chart.svg");
+  EXPECT_EQ(outcome.exit, 3);
+  EXPECT_EQ(
+      outcome.err,
+      "kestrel: Node.js has ended with 1 (SyntaxError: Unexpected token); see that node --version is 18 or "
+      "later, and that there is memory for the chart\n");
+}
+
+TEST_F(Render, TellsOfANodeThatWritesNothing) {
+  makeCapture();
+  write("node", "#!/bin/sh\nexit 0\n");
+  Outcome const outcome =
+      shell("chmod +x node && PATH=$PWD:$PATH $KESTREL render out/capture.kcap -o chart.svg");
+  EXPECT_EQ(outcome.exit, 3);
+  EXPECT_THAT(outcome.err,
+              StartsWith("kestrel: Node.js has ended with 0; see that node --version is 18 or later"));
+}
+
+TEST_F(Render, SaysWhereItNeedsAFolder) {
+  makeCapture();
+  Outcome const outcome = shell("TMPDIR=/nowhere $KESTREL render out/capture.kcap -o chart.svg");
+  EXPECT_EQ(outcome.exit, 3);
+  EXPECT_EQ(outcome.err, "kestrel: there is no folder for what is on its way; name one in TMPDIR\n");
+}
+
 TEST_F(Render, LeavesNothingElseBehind) {
   makeCapture();
   Outcome const outcome =

@@ -27,6 +27,9 @@ function missing(which: string, count: number): string {
     : `there is no chart ${which} in it: it has ${count}`;
 }
 
+/** How we end where the last line says why the chart cannot be drawn. */
+const cannotDraw = 4;
+
 function tell(line: string): void {
   process.stderr.write(`${printable(line)}\n`);
 }
@@ -40,5 +43,5 @@ try {
   run(process.argv.slice(2));
 } catch (error) {
   tell(error instanceof Error ? error.message : String(error));
-  process.exitCode = 1;
+  process.exitCode = cannotDraw;
 }

@@ -10,6 +10,7 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <sstream>
@@ -26,9 +27,14 @@ namespace fs = std::filesystem;
 class PassingFolder {
  public:
   PassingFolder() {
-    std::string path = (fs::temp_directory_path() / "kestrel-XXXXXX").string();
+    std::error_code error;
+    fs::path const parent = fs::temp_directory_path(error);
+    std::string path = (parent / "kestrel-XXXXXX").string();
+    if (error)
+      throw Problem("there is no folder for what is on its way; name one in TMPDIR", Exit::NotWritten);
     if (::mkdtemp(path.data()) == nullptr)
-      throw Problem(path + ": cannot make a folder for what is on its way", Exit::NotWritten);
+      throw Problem(path + ": cannot make a folder for what is on its way; name another place in TMPDIR",
+                    Exit::NotWritten);
     mPath = path;
   }
   ~PassingFolder() {
@@ -66,19 +72,32 @@ ChildOutcome runNode(std::vector<std::string> command) {
       Exit::NotWritten);
 }
 
+/// How the client ends where it cannot draw the chart, and says why in its last line. All other ends are
+/// those of Node.js itself, such as of one that is too old.
+constexpr int cannotDraw = 4;
+
+Problem nodeFailed(ChildOutcome const& outcome, std::vector<std::string> const& lines) {
+  std::string text = "Node.js has ended with " + std::to_string(outcome.exit);
+  auto const said = std::find_if(lines.begin(), lines.end(), [](std::string const& line) {
+    return line.find("rror: ") != std::string::npos;
+  });
+  if (said != lines.end()) text += " (" + *said + ")";
+  return {text + "; see that node --version is 18 or later, and that there is memory for the chart",
+          Exit::NotWritten};
+}
+
 /// What is wrong with the capture has been told where it is faulty; the client would tell it again.
 void drawSvg(RenderRequest const& request, bool isFaulty, fs::path const& svg) {
   ChildOutcome const outcome =
       runNode({"", clientFile("render.mjs").string(), fs::absolute(request.capture).string(), svg.string(),
                std::to_string(request.chart), isFaulty ? "told" : ""});
   std::vector<std::string> lines = linesOf(outcome.errors);
-  std::string reason = "Node.js has ended with " + std::to_string(outcome.exit);
-  if (outcome.exit != 0 && !lines.empty()) {
-    reason = lines.back();
-    lines.pop_back();
-  }
+  bool const isRefused = outcome.exit == cannotDraw && !lines.empty();
+  if (!isRefused && (outcome.exit != 0 || !fs::exists(svg))) throw nodeFailed(outcome, lines);
+  std::string const reason = isRefused ? lines.back() : "";
+  if (isRefused) lines.pop_back();
   for (std::string const& line : lines) tell(request.capture + ": " + line);
-  if (outcome.exit != 0)
+  if (isRefused)
     throw Problem(request.capture + ": cannot be drawn: " + reason,
                   isFaulty ? Exit::BadCapture : Exit::BadInput);
 }
