@@ -257,6 +257,17 @@ TEST_F(Serve, EndsCleanlyWhileAPageWaits) {
   EXPECT_FALSE(exists("s"));
 }
 
+TEST_F(Serve, EndsAtOnceWhereSomebodyIsSlow) {
+  start({"unix:s"});
+  std::list<Caller> slow;
+  for (int i = 0; i < 20; ++i) slow.emplace_back(port).say("GET / HTTP/1.1\r\nX-Sl");
+  EXPECT_EQ(get("/").status, 200);
+  auto const begin = std::chrono::steady_clock::now();
+  server->signal(SIGINT);
+  EXPECT_EQ(server->wait(), 0);
+  EXPECT_LT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(5));
+}
+
 TEST_F(Serve, ClosesWhatItHasAnswered) {
   start({"unix:s"});
   for (std::string const path : {"/", "/nothing"})

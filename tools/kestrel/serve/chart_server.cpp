@@ -92,7 +92,7 @@ class ChartServer::Service {
 
   ~Service() {
     mShelf->close();
-    mServer.stop();
+    mServer.stopAtOnce();
     mThread.join();
   }
 

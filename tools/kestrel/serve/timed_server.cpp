@@ -55,17 +55,49 @@ TimedServer::TimedServer(std::size_t mostConnections, Patience const& patience) 
   new_task_queue = [mostConnections] { return new Workers<httplib::TaskQueue>(mostConnections); };
 }
 
+/// A connection that can be cut, and is closed in the end.
+class TimedServer::Open {
+ public:
+  Open(TimedServer& server, int socket) : mServer(&server), mSocket(socket) {
+    std::lock_guard const lock(mServer->mMutex);
+    mServer->mOpen.insert(socket);
+    if (mServer->mIsOver) ::shutdown(socket, SHUT_RDWR);
+  }
+  ~Open() {
+    ::shutdown(mSocket.number(), SHUT_RDWR);
+    // Its number may be another's as soon as it is closed.
+    std::lock_guard const lock(mServer->mMutex);
+    mServer->mOpen.erase(mSocket.number());
+    mSocket = OpenFile();
+  }
+  Open(Open const&) = delete;
+  Open& operator=(Open const&) = delete;
+
+ private:
+  TimedServer* mServer;
+  OpenFile mSocket;
+};
+
+void TimedServer::stopAtOnce() {
+  {
+    std::lock_guard const lock(mMutex);
+    mIsOver = true;
+    for (int const socket : mOpen) ::shutdown(socket, SHUT_RDWR);
+  }
+  stop();
+}
+
 bool TimedServer::process_and_close_socket(socket_t socket) {
-  OpenFile const owned(socket);
   if (isRefusedJob) {
+    OpenFile const owned(socket);
     refuse(socket);
     return true;
   }
+  Open const open(*this, socket);
   TimedStream<httplib::Stream> stream(socket, mPatience);
   answer(stream, [this](auto&&... arguments) -> decltype(process_request(arguments...)) {
     return process_request(arguments...);
   });
-  ::shutdown(socket, SHUT_RDWR);
   return true;
 }
 

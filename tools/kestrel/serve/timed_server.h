@@ -4,6 +4,10 @@
 
 #include <httplib.h>
 
+#include <cstddef>
+#include <mutex>
+#include <set>
+
 namespace kestrel::tool {
 
 /// An HTTP server that answers one request of each connection, in the time that it allows for it. Every
@@ -14,10 +18,18 @@ class TimedServer : public httplib::Server {
   /// At most so many connections at a time; more are refused at once.
   TimedServer(std::size_t mostConnections, Patience const& patience);
 
+  /// Stops without waiting for anybody: connections that are open are cut.
+  void stopAtOnce();
+
  private:
+  class Open;
+
   bool process_and_close_socket(socket_t socket) override;
 
   Patience mPatience;
+  std::mutex mMutex;
+  std::set<int> mOpen;
+  bool mIsOver = false;
 };
 
 }  // namespace kestrel::tool
