@@ -14,7 +14,7 @@ import {
   type DrawnAxis,
 } from './axes.js';
 import { none, readableShade, safeColor } from './colors.js';
-import { compile, type Scope } from './compile.js';
+import { compile } from './compile.js';
 import { directionOf, type Direction } from './directions.js';
 import { guidesOf, type DrawnGuide } from './guides.js';
 import {
@@ -33,6 +33,7 @@ import { showOverlaid } from './overlaid.js';
 import type { Rectangle } from './page.js';
 import { panelGrid, type Panel, type PanelGrid } from './panels.js';
 import type { Patterns } from './patterns.js';
+import type { Scope } from './plan.js';
 import { drawPanel, type GridLines, type PanelFrame } from './plot.js';
 import { position } from './positions.js';
 import { baselineOf, equalUnits, scaleOf, withFunctions, type DrawnScale } from './scales.js';
