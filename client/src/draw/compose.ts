@@ -2,6 +2,7 @@
 import type { Chart, Legend, Location } from '../chart/model.js';
 import type { Data } from '../data/columns.js';
 import { none, readable, safeColor } from './colors.js';
+import type { Figures } from './figures.js';
 import { drawBox, drawFrame, hasBox, frameTexts, layFrame, type LaidFrame } from './frames.js';
 import { drawGraph, type CompiledGraph } from './graph.js';
 import {
@@ -61,8 +62,8 @@ const isBelow = (role: string) => /^(footnote|statisticsSummary)/.test(role);
 const mostOfPage = 1 / 3;
 
 /** Frames with a place of their own; texts that need more than that push what is below, or above. */
-function layFrames(chart: Chart, data: Data, places: Places, page: Rectangle, notes: string[]) {
-  const texts = frameTexts(chart, data, notes).filter(
+function layFrames(chart: Chart, figures: Figures, places: Places, page: Rectangle, notes: string[]) {
+  const texts = frameTexts(chart, figures, notes).filter(
     ({ text, frame }) => text !== '' || frame.locations.length > 0,
   );
   const share = (role: string) => {
@@ -207,12 +208,18 @@ function graphRooms(chart: Chart, places: Places, free: Rectangle): Rectangle[] 
 
 const pageMargin = 6;
 
-function layPage(chart: Chart, data: Data, graphs: CompiledGraph[], notes: string[]): PageLayout {
+function layPage(
+  chart: Chart,
+  data: Data,
+  figures: Figures,
+  graphs: CompiledGraph[],
+  notes: string[],
+): PageLayout {
   const { width, height } = pageSize(chart);
   const page: Rectangle = { left: 0, top: 0, width, height };
   const located = [...chart.frames, ...chart.graphs, ...chart.legends].filter((part) => part.id !== '');
   const places = new Places(new Map(located.map((part) => [part.id, part.locations])), page);
-  const { laid: frames, top, bottom } = layFrames(chart, data, places, page, notes);
+  const { laid: frames, top, bottom } = layFrames(chart, figures, places, page, notes);
   const free = { left: 0, top: top + (top > 0 ? 6 : pageMargin), width, height: 0 };
   free.height = Math.max(80, bottom - free.top - (bottom < height ? 2 : pageMargin));
   const rooms = graphRooms(chart, places, free);
@@ -283,11 +290,12 @@ export interface Composed {
 export function compose(
   chart: Chart,
   data: Data,
+  figures: Figures,
   graphs: CompiledGraph[],
   notes: string[],
   maker: Maker,
 ): Composed {
-  const layout = layPage(chart, data, graphs, notes);
+  const layout = layPage(chart, data, figures, graphs, notes);
   const pageColor = safeColor(chart.pageStyle.color) ?? '#ffffff';
   const patterns = new Patterns(maker, pageColor === none ? '#ffffff' : pageColor);
   const drawn = graphs.map((compiled, at) => {

@@ -3,6 +3,7 @@ import type { Chart } from '../chart/model.js';
 import { Data } from '../data/columns.js';
 import type { Received } from '../received.js';
 import { compose } from './compose.js';
+import { Figures } from './figures.js';
 import { frameTexts } from './frames.js';
 import { compileGraph, type CompiledGraph } from './graph.js';
 import { ownTexts } from './looks.js';
@@ -36,8 +37,8 @@ export interface DrawOptions {
   parseXml: (text: string) => Document;
 }
 
-function titleOf(chart: Chart, data: Data, received: Received): string {
-  const titles = frameTexts(chart, data, []).filter(({ role }) => role === 'title1' || role === 'title2');
+function titleOf(chart: Chart, figures: Figures, received: Received): string {
+  const titles = frameTexts(chart, figures, []).filter(({ role }) => role === 'title1' || role === 'title2');
   const title = titles.map(({ text }) => text.replace(/\s+/g, ' ')).join(' ');
   return title || received.description || chart.description || chart.name || 'Chart';
 }
@@ -109,13 +110,14 @@ export function draw(received: Received, options: DrawOptions): Drawn {
     const { chart, notes } = readChart(text, options.parseXml);
     notes.push(...chartNotes(chart, received));
     const data = new Data(chart, received, notes);
+    const figures = new Figures(chart, data);
     const graphs = compileAll(chart, data, notes);
     if (graphs.every((compiled) => compiled.panels.every((layers) => layers.length === 0))) {
       notes.push('There is nothing to draw.');
     }
-    const title = titleOf(chart, data, received);
+    const title = titleOf(chart, figures, received);
     const table = dataTable(graphs, data);
-    const { parts, width, height } = compose(chart, data, graphs, notes, maker);
+    const { parts, width, height } = compose(chart, data, figures, graphs, notes, maker);
     const svg = rootOf(maker, width, height, title, received.description || chart.description);
     svg.append(...parts);
     return { svg, width, height, title, notes: [...new Set(notes)], dataTable: table };

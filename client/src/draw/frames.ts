@@ -1,15 +1,11 @@
 /** Label frames: titles, footnotes, summaries of statistics, and boxes around the page. */
 import { pixels } from '../chart/markup.js';
-import type { Chart, ChartElement, Graph, Label, LabelFrame, Style } from '../chart/model.js';
+import type { Chart, Label, LabelFrame, Style } from '../chart/model.js';
 import { mergeFormats, numberText } from '../data/format.js';
-import { describe } from '../statistics/summary.js';
-import type { Data } from '../data/columns.js';
 import { none, safeColor } from './colors.js';
-import { directionOf } from './directions.js';
-import { groupingOf } from './grouping.js';
+import { figureOf, type Figures } from './figures.js';
 import { ownTexts } from './looks.js';
 import type { Rectangle } from './page.js';
-import { panelGrid, rowsOf } from './panels.js';
 import type { Maker } from './svg.js';
 import { atMost, lineHeight, textLook, wrap, type TextLook } from './text.js';
 
@@ -36,55 +32,11 @@ function ownLookOf(role: string): TextLook {
   return role.startsWith('statisticsSummary') ? ownTexts.summary : ownTexts.otherLabel;
 }
 
-type Described = ReturnType<typeof describe>;
-
-/** The figures of a description by their numbers. */
-const figures: Record<number, (sample: Described) => number> = {
-  5: (sample) => sample.mean,
-  6: (sample) => sample.count,
-  7: (sample) => sample.deviation,
-};
-
-/** The rows of an element's source that have a panel, a group and a place. */
-function shownRows(element: ChartElement, graph: Graph, source: string, chart: Chart, data: Data): number[] {
-  const directions = (['x', 'y'] as const).map((name) => directionOf(name, graph, chart, data, []));
-  const cluster = directions.find((direction) => direction.cluster)?.cluster ?? null;
-  const grouping = groupingOf(element, chart, data, cluster);
-  const grid = panelGrid(graph, chart, data, []);
-  const places = directions.flatMap((direction) =>
-    element[direction.name].map((id) => {
-      const terms = data.terms(id).flatMap((term) => data.values(term.variable) ?? []);
-      return (row: number) =>
-        terms.some((values) => !Number.isNaN(direction.place(values, values.numbers[row]!)));
-    }),
-  );
-  const count = data.values((element.y[0] ?? element.x[0]) as string)?.numbers.length ?? 0;
-  const shown = new Uint8Array(count);
-  for (const panel of grid.panels) for (const row of rowsOf(panel, grid, source, count)) shown[row] = 1;
-  return Array.from({ length: count }, (_, row) => row).filter(
-    (row) => shown[row] === 1 && grouping.keyOf(row) >= 0 && places.every((hasPlace) => hasPlace(row)),
-  );
-}
-
-/** The description of what an element shows. */
-function describedOf(target: string, chart: Chart, data: Data): Described | null {
-  const graph = chart.graphs.find(({ elements }) => elements.some(({ id }) => id === target));
-  const element = graph?.elements.find(({ id }) => id === target);
-  const values = element && data.values((element.y[0] ?? element.x[0]) as string);
-  if (!graph || !values) return null;
-  const weights = data.weights(values.source);
-  const rows = shownRows(element, graph, values.source, chart, data);
-  return describe({
-    values: Float64Array.from(rows, (row) => values.numbers[row]!),
-    weights: weights ? Float64Array.from(rows, (row) => weights[row]!) : null,
-  });
-}
-
-function figureText(label: Label, at: number, chart: Chart, data: Data, notes: string[]): string {
+function figureText(label: Label, at: number, chart: Chart, figures: Figures, notes: string[]): string {
   const piece = label.pieces[at]!;
   if (piece.kind === 'text') return piece.text;
-  const shown = describedOf(piece.target, chart, data);
-  const figure = figures[piece.figure];
+  const shown = figures.of(piece.target);
+  const figure = figureOf[piece.figure];
   if (!shown || !figure) {
     notes.push(
       figure
@@ -97,11 +49,11 @@ function figureText(label: Label, at: number, chart: Chart, data: Data, notes: s
 }
 
 /** The frames with their texts; figures are computed here. */
-export function frameTexts(chart: Chart, data: Data, notes: string[]): FrameText[] {
+export function frameTexts(chart: Chart, figures: Figures, notes: string[]): FrameText[] {
   return chart.frames.map((frame) => {
     const role = roleOf(frame, chart);
     const label = frame.label;
-    const text = label?.pieces.map((_, at) => figureText(label, at, chart, data, notes)).join('') ?? '';
+    const text = label?.pieces.map((_, at) => figureText(label, at, chart, figures, notes)).join('') ?? '';
     const own = ownLookOf(role);
     return { frame, role, look: textLook(label?.style ?? {}, own), text: text.replace(/\r/g, '').trim() };
   });
