@@ -33,6 +33,7 @@ function channels(canvas: Canvas, own: Channels): Channels {
 
 /** A value that is drawn as it is, without a scale. */
 const asIs = (read: (shape: Shape) => unknown) => ({ value: read, scale: null });
+type Drawn = ReturnType<typeof asIs>;
 
 const dashOf = (look: Look) => (look.dashes.length > 0 ? look.dashes.join(' ') : undefined);
 
@@ -99,19 +100,30 @@ function fillOf(canvas: Canvas, look: Look, shapes: Shape[]): Record<string, unk
 
 function pointMarks(canvas: Canvas, layer: Layer, shapes: Shape[]): Plot.Markish[] {
   const { look } = layer;
-  const size = shapes[0]?.varied?.size;
   const place = {
     ...channels(canvas, { x: (shape) => shape.x, y: (shape) => shape.y }),
     symbol: symbolType(look.symbol),
-    r: size === undefined ? look.size / 2 : asIs((shape) => (shape.varied?.size ?? look.size) / 2),
   };
-  if (isStroked(look.symbol)) return strokedPoints(canvas, look, shapes, place);
+  if (isStroked(look.symbol))
+    return strokedPoints(canvas, look, shapes, { ...place, r: radii(look, shapes) });
   const solid = { ...look, pattern: 1 };
-  const paint = {
-    ...fillOf(canvas, solid, shapes),
-    ...edgeOptions(canvas, solid, lookKindOf(layer), shapes),
-  };
-  return [Plot.dot(shapes, { ...place, ...paint } as Plot.DotOptions)];
+  const edge = edgeOptions(canvas, solid, lookKindOf(layer), shapes);
+  const paint = { ...fillOf(canvas, solid, shapes), ...edge, r: radii(look, shapes, edge) };
+  // Plot would draw large ones first wherever the radius is not the same for all.
+  const sort = shapes[0]?.varied?.size === undefined ? { sort: null } : {};
+  return [Plot.dot(shapes, { ...place, ...paint, ...sort } as Plot.DotOptions)];
+}
+
+/** The radius of symbols; an outline that is not in their look makes them no larger. */
+function radii(look: Look, shapes: Shape[], edge: Record<string, unknown> = { stroke: none }): unknown {
+  const first = shapes[0]?.varied;
+  const added = look.stroke === none ? ((edge.strokeWidth as number | undefined) ?? 0) / 2 : 0;
+  const { stroke } = edge;
+  const ring = (shape: Shape) =>
+    added > 0 && (typeof stroke === 'string' ? stroke : (stroke as Drawn).value(shape)) !== none ? added : 0;
+  const radius = (shape: Shape) => Math.max(0.5, (shape.varied?.size ?? look.size) / 2 - ring(shape));
+  const same = first?.size === undefined && (added === 0 || typeof stroke === 'string');
+  return same && shapes[0] ? radius(shapes[0]) : asIs(radius);
 }
 
 /** What lies below other marks so that they stand out; it is no mark of the data. */
@@ -234,6 +246,12 @@ function barStroke(canvas: Canvas, look: Look, kind: LookKind, shapes: Shape[]):
   return { ...stroke, stroke: asIs((shape) => (isLow(canvas, shape) ? none : look.stroke)) };
 }
 
+/** An outline that stands out, and is not in their look, makes bars no larger. */
+function insetOf(edge: Record<string, unknown>, look: Look): Record<string, unknown> {
+  const added = typeof edge.stroke === 'string' && edge.stroke !== none && edge.stroke !== look.stroke;
+  return added ? { inset: (edge.strokeWidth as number) / 2 } : {};
+}
+
 const isLow = (canvas: Canvas, shape: Shape) => Math.abs(barHeight(canvas, shape)) < leastOutlined;
 
 /** Whether the outlines of its neighbours would cover a low bar of that layer. */
@@ -246,8 +264,11 @@ function barMarks(canvas: Canvas, layer: Layer, low?: boolean): Plot.Markish[] {
   if (shapes.length === 0) return [];
   const extent = canvas.transposed ? canvas.height : canvas.width;
   const widths = shapes.map((s) => Math.abs(canvas.x.unit(s.x2!) - canvas.x.unit(s.x1!)) * extent);
-  const look = outlined(layer, Math.min(Infinity, ...widths.slice(0, 10_000)));
-  const paint = { ...fillOf(canvas, look, shapes), ...barStroke(canvas, look, lookKindOf(layer), shapes) };
+  const narrowest = Math.min(Infinity, ...widths.slice(0, 10_000));
+  const look = outlined(layer, narrowest);
+  const edge = barStroke(canvas, look, lookKindOf(layer), shapes);
+  const roomy = narrowest >= leastOutlined && !shapes.some((shape) => isLow(canvas, shape));
+  const paint = { ...fillOf(canvas, look, shapes), ...edge, ...(roomy ? insetOf(edge, look) : {}) };
   return [Plot.rect(shapes, { ...channels(canvas, rectangle), ...paint } as Plot.RectOptions)];
 }
 

@@ -37,7 +37,8 @@ function lineSample(look: Look, paper: string, maker: Maker): SVGElement[] {
 }
 
 function symbolSample(look: Look, paper: string, maker: Maker): SVGElement[] {
-  const d = symbolPath(look.symbol, Math.max(look.size, 4), path);
+  const size = Math.max(look.size, 4);
+  const d = symbolPath(look.symbol, size, path);
   const opacity = look.opacity < 1 ? look.opacity : null;
   if (isStroked(look.symbol)) {
     const strokes = (stroke: string, width: number) =>
@@ -55,7 +56,7 @@ function symbolSample(look: Look, paper: string, maker: Maker): SVGElement[] {
   const { stroke, strokeWidth, strokeOpacity } = edged({ ...look, pattern: 1 }, 'point', paper);
   return [
     maker.make('path', {
-      d,
+      d: look.stroke === stroke ? d : symbolPath(look.symbol, size - strokeWidth, path),
       fill: look.fill,
       stroke,
       'stroke-width': strokeWidth,

@@ -2,7 +2,7 @@ import { readdirSync, readFileSync } from 'node:fs';
 import { describe, expect, test } from 'vitest';
 import { color } from 'd3';
 import { contrast, groupColors, groupSymbols } from '../../src/draw/colors.js';
-import { picture, plainAxes, Picture } from './chart.js';
+import { number, picture, plainAxes, Picture } from './chart.js';
 
 const least = 3;
 
@@ -157,6 +157,27 @@ describe('a colour that is too like the paper', () => {
       expect(drawn.look(mark!, 'fill')).toBe('#f0e442');
       expect(contrast(drawn.look(mark!, 'stroke')!, '#ffffff')).toBeGreaterThanOrEqual(least);
     }
+  });
+
+  test('makes symbols and bars no larger by its outline', () => {
+    const dots = (style: string) => {
+      const drawn = drawnWith(elements.points!, { ...yellow, style });
+      const [mark] = drawn.marks('dot');
+      return number(mark!, 'r') + (drawn.look(mark!, 'stroke') ? 0.5 : 0);
+    };
+    expect(dots('color="#F0E442" size="9px"')).toBe(dots('color="#000080" size="9px"'));
+    const bars = (style: string) => {
+      const drawn = drawnWith(elements.bars!, { ...yellow, style });
+      return drawn.marks('rect').map((mark) => number(mark, 'width'))[0]!;
+    };
+    expect(bars('color="#F0E442"') + 1).toBeCloseTo(bars('color="#000080"'), 2);
+  });
+
+  test('of low bars does not make them vanish', () => {
+    const drawn = drawnWith(elements['thin bars']!, yellow);
+    const heights = drawn.marks('rect').map((mark) => number(mark, 'height'));
+    // One of them is 0.
+    expect(heights.filter((height) => height >= 0.99)).toHaveLength(5);
   });
 
   test('of a line stays, on a wider line of a darker shade', () => {
