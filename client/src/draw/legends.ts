@@ -78,12 +78,13 @@ function lookKind(element: ChartElement): LookKind {
 const ownLookOf = (element: ChartElement) =>
   styled(ownLook(lookKind(element)), element.style, lookKind(element));
 
-/** Where the colours of an element show something else than what is explained, that has none. */
-function explainedLook(element: ChartElement, explained: readonly Aesthetic[], chart: Chart): Look {
-  const coloring = element.aesthetics.some(
-    (each) => aestheticOf(each, chart) === 'color' && !explained.includes(each),
+/** The element's look; in a colour that stands for nothing where its colours show something else than `variable`. */
+function lookBeside(element: ChartElement, variable: string | null, chart: Chart): Look {
+  const own = ownLookOf(element);
+  const colored = element.aesthetics.some(
+    (each) => each.variable !== variable && aestheticOf(each, chart) === 'color',
   );
-  return { ...ownLookOf(element), ...(coloring ? { fill: neutral } : {}) };
+  return colored ? styled(own, { color: neutral }, lookKind(element)) : own;
 }
 
 function groupEntries(target: Target, scope: LegendScope): Entry[] {
@@ -92,14 +93,11 @@ function groupEntries(target: Target, scope: LegendScope): Entry[] {
   const variable = grouping.variables.find((each) => each.aesthetics.includes(target.aesthetic!));
   if (!variable) return [];
   const kind = lookKind(element);
-  const own = explainedLook(element, variable.aesthetics, scope.chart);
-  const entries = variable.categories.map(
-    (category): Entry => ({
-      look: lookOf(own, kind, [variable], [category], scope.chart),
-      kind,
-      text: category.text,
-    }),
-  );
+  const base = lookBeside(element, variable.values.variable.id, scope.chart);
+  const entries = variable.categories.map((category): Entry => {
+    const own = lookOf(base, kind, [variable], [category], scope.chart);
+    return { look: own, kind, text: category.text };
+  });
   const lying = scope.chart.graphs.some((graph) =>
     graph.coordinates[0]?.transforms.some((transform) => transform.kind === 'transpose'),
   );
@@ -122,8 +120,8 @@ function rangeTicks(range: Range, language: string): Tick[] {
   return roundValues(low, high, wanted).map((value) => ({ value, text: values.textOf(value) }));
 }
 
-function rangeSection(target: Target, range: Range, chart: Chart): Section {
-  const shown = rangeTicks(range, chart.language).filter(
+function rangeSection(target: Target, range: Range, scope: LegendScope): Section {
+  const shown = rangeTicks(range, scope.chart.language).filter(
     ({ value }) => value >= range.low && value <= range.high,
   );
   if (range.aesthetic.kind === 'color') {
@@ -135,7 +133,7 @@ function rangeSection(target: Target, range: Range, chart: Chart): Section {
     };
   }
   const kind = lookKind(target.element);
-  const own = explainedLook(target.element, [range.aesthetic], chart);
+  const own = lookBeside(target.element, null, scope.chart);
   const entries = shown.map(({ value, text }): Entry => {
     const varied = range.lookOf(value);
     const size = varied.size ?? own.size;
@@ -170,7 +168,7 @@ function sectionsOf(legend: Legend, scope: LegendScope): Section[] {
     const range = grouped
       ? null
       : rangesOf(element, scope.chart, scope.data).find((each) => each.aesthetic === aesthetic);
-    if (range) sections.push(rangeSection(target, range, scope.chart));
+    if (range) sections.push(rangeSection(target, range, scope));
     else sections.push({ entries: groupEntries(target, scope), ramp: null });
   }
   return named.length > 0 ? [...sections, { entries: named, ramp: null }] : sections;
