@@ -1,5 +1,6 @@
 /** Draws the marks of one panel by Observable Plot. */
 import * as Plot from '@observablehq/plot';
+import { group as groupBy } from 'd3';
 import { pixels } from '../chart/markup.js';
 import type { Style } from '../chart/model.js';
 import { lineColor } from './axes.js';
@@ -226,9 +227,10 @@ function collect(
   clip: boolean,
 ): SVGElement[] {
   const children = Array.from(svg.childNodes).filter((node) => node.nodeType === 1) as Element[];
+  const tagged = groupBy(children, (child) => child.getAttribute('data-layer')?.split(' ')[0]);
   return named.flatMap(({ name, clipped }, at) => {
-    const own = children.filter((child) => child.getAttribute('data-layer')?.split(' ')[0] === `k${at}`);
-    if (own.length === 0) return [];
+    const own = tagged.get(`k${at}`);
+    if (!own) return [];
     for (const element of own) {
       const whole = element.getAttribute('data-layer')!.endsWith(' whole');
       element.removeAttribute('data-layer');
