@@ -177,7 +177,7 @@ function sectionsOf(legend: Legend, scope: LegendScope): Section[] {
 /** What a legend needs to be laid out: its parts before they have places. */
 export interface OpenLegend {
   legend: Legend;
-  title: string[];
+  title: string;
   titleLook: TextLook;
   look: TextLook;
   sections: Section[];
@@ -189,12 +189,11 @@ export function openLegend(legend: Legend, scope: LegendScope): OpenLegend | nul
   const titleLook = textLook(legend.label?.style ?? {}, ownTexts.legendTitle);
   const sections = sectionsOf(legend, scope).filter((section) => section.ramp || section.entries.length > 0);
   if (legend.style.visible === false || sections.length === 0) return null;
-  const text = legend.label?.style.visible === false ? '' : plainText(legend.label);
-  const title = text === '' ? [] : wrap(text, widestText, titleLook);
+  const title = legend.label?.style.visible === false ? '' : plainText(legend.label);
   return { legend, title, titleLook, look, sections };
 }
 
-const titleHeight = ({ title, titleLook }: Pick<OpenLegend, 'title' | 'titleLook'>) =>
+const titleHeight = ({ title, titleLook }: Pick<LaidLegend, 'title' | 'titleLook'>) =>
   title.length > 0 ? title.length * lineHeight(titleLook) + gapBelowTitle : 0;
 
 /** Ramps keep their size; the entries share the room that is left. */
@@ -214,15 +213,18 @@ function laySections(open: OpenLegend, room: Room, across: boolean): LaidSection
 export function layLegend(open: OpenLegend, room: Room, across: boolean): LaidLegend {
   const padding = paddingOf(open.legend.style);
   const [beside, above] = [padding.left + padding.right, padding.top + padding.bottom];
-  const title = titleHeight(open);
-  const inside = { width: room.width - beside, height: room.height - above - title };
+  const width = room.width - beside;
+  const lines = open.title === '' ? [] : wrap(open.title, Math.min(widestText, width), open.titleLook);
+  const title = titleHeight({ title: lines, titleLook: open.titleLook });
+  const inside = { width, height: room.height - above - title };
   const sections = laySections(open, inside, across);
   const height = sections.reduce((total, section) => total + section.height, 0);
   return {
     ...open,
+    title: lines,
     sections,
     across,
-    width: Math.max(widest(open.title, open.titleLook), ...sections.map(({ width }) => width)) + beside,
+    width: Math.max(widest(lines, open.titleLook), ...sections.map(({ width }) => width)) + beside,
     height: title + height + gapOfBlocks * (sections.length - 1) + above,
   };
 }

@@ -199,6 +199,16 @@ describe('legends', () => {
     expect(height(drawn)).toBeGreaterThan(500);
   });
 
+  test('of narrow pages have a title in lines that are short', () => {
+    const drawn = grouped({
+      texts: short(3),
+      legend: '<label><text>A title of many words that is long</text></label>',
+      page: '<location part="4" method="0" value="200px"/>',
+    });
+    expect(corner(drawn)[0]).toBeGreaterThan(90);
+    expect(group(drawn).querySelectorAll('text')[0]!.querySelectorAll('tspan').length).toBeGreaterThan(2);
+  });
+
   test('of one side share its height', () => {
     const at = count(40);
     const drawn = picture(
