@@ -21,7 +21,10 @@ export function article(received: Received, id: string): HTMLElement {
   if (drawn !== null) made.append(figure(drawn, received, id, panels));
   else if (received.description !== '') made.append(element('p', {}, received.description));
   made.append(...images(received, title));
-  made.append(...list('notes', 'What this picture leaves out', drawn?.notes ?? []));
+  if (drawn !== null) {
+    const kind = hideRepeated(drawn.svg, drawn.notes) ? 'notes in-picture' : 'notes';
+    made.append(...list(kind, 'What this picture leaves out', drawn.notes));
+  }
   made.append(...list('problems', 'What was wrong with what was received', problems));
   addPanels(made, panels, id);
   if (language !== '') {
@@ -53,7 +56,6 @@ function drawnOr(problems: string[], received: Received): Drawn | null {
 function figure(drawn: Drawn, received: Received, id: string, panels: readonly Panel[]): HTMLElement {
   const { svg } = drawn;
   liftStyles(svg);
-  hideRepeated(svg, drawn.notes);
   if (!svg.hasAttribute('role')) svg.setAttribute('role', 'graphics-document');
   svg.setAttribute('aria-roledescription', 'chart');
   svg.setAttribute('aria-label', received.description || drawn.title);
@@ -70,14 +72,20 @@ function figure(drawn: Drawn, received: Received, id: string, panels: readonly P
   );
 }
 
-/** What stands in the list below the chart is not read twice. */
-function hideRepeated(svg: SVGSVGElement, notes: readonly string[]): void {
+/**
+ * The picture has its notes in it, the first of them, and the list below has all: what stands in both is shown in the
+ * picture and read from the list. Returns whether all stand in the picture.
+ */
+function hideRepeated(svg: SVGSVGElement, notes: readonly string[]): boolean {
   const packed = (text: string): string => text.replace(/\s+/g, '');
-  for (const group of svg.querySelectorAll('[role="note"]')) {
+  const groups = [...svg.querySelectorAll('[role="note"]')];
+  for (const group of groups) {
     let rest = packed(group.textContent);
     for (const note of notes) rest = rest.replace(packed(note), '');
     if (/^(And\d+morenotes\.)?$/.test(rest)) group.setAttribute('aria-hidden', 'true');
   }
+  const all = packed(groups.map((group) => group.textContent).join(''));
+  return notes.every((note) => all.includes(packed(note)));
 }
 
 /**

@@ -88,6 +88,26 @@ describe('what a picture leaves out', () => {
     await page.context().close();
   });
 
+  test('is shown once, in the picture', async () => {
+    const page = await opened(galleryChart('scatter-with-reference-line'));
+    const box = await page.locator('section.notes').boundingBox();
+    expect(box?.height).toBeLessThan(2);
+    expect(await page.locator('figure svg [role="note"]').isVisible()).toBe(true);
+    await page.context().close();
+  });
+
+  test('is shown below it where the picture has no room for all', async () => {
+    const strange = Array.from({ length: 9 }, (_, index) => `<strange${index}/>`).join('');
+    const graph = `<graph id="g"><coordinates id="c"/>${strange}</graph>`;
+    const chart = `<visualization xmlns="http://xml.vexa.example/visualization">${graph}</visualization>`;
+    const page = await opened(
+      view('strange', new CaptureBuilder().content(0, 'A').chartText(chart).done().bytes()),
+    );
+    expect(await page.locator('section.notes li').count()).toBeGreaterThan(6);
+    expect((await page.locator('section.notes').boundingBox())?.height).toBeGreaterThan(100);
+    await page.context().close();
+  });
+
   test('does not hide what else stands below the picture', async () => {
     const page = await opened(galleryChart('error-bars'));
     expect((await accessibleTexts(page)).join(' ')).toContain('95% confidence interval of the mean');
