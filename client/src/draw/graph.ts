@@ -16,6 +16,7 @@ import {
 import { none, readableShade, safeColor } from './colors.js';
 import { compile } from './compile.js';
 import { directionOf, type Direction } from './directions.js';
+import { fittingTicks, type TickRoom } from './fitting.js';
 import { guidesOf, type DrawnGuide } from './guides.js';
 import {
   drawColumnHeaders,
@@ -39,7 +40,8 @@ import { position } from './positions.js';
 import { baselineOf, equalUnits, scaleOf, withFunctions, type DrawnScale } from './scales.js';
 import type { Maker } from './svg.js';
 import { symbolReaches, withSymbolRoom, type SymbolReach } from './symbolroom.js';
-import { fittingTicks, reachBeyond, wholeOnly, type Tick } from './ticks.js';
+import { reachBeyond, type Tick } from './ticks.js';
+import { wholeOnly } from './ticktexts.js';
 import { flatNotes, panelNotes, scaleNotes } from './unhonoured.js';
 import type { Data } from '../data/columns.js';
 import type { Chart } from '../chart/model.js';
@@ -135,14 +137,8 @@ function derivedScale(compiled: CompiledGraph, scale: DrawnScale): DrawnScale {
   return withFunctions({ ...scale, direction, domain: [(100 * low) / total, (100 * high) / total] });
 }
 
-function ticksFor(
-  compiled: CompiledGraph,
-  axis: Axis,
-  scale: DrawnScale,
-  length: number,
-  upright: boolean,
-): Tick[] {
-  const ticks = fittingTicks(scale, axis.ticks, length, upright, labelLookOf(axis), compiled.chart.language);
+function ticksFor(compiled: CompiledGraph, axis: Axis, scale: DrawnScale, room: TickRoom): Tick[] {
+  const ticks = fittingTicks(scale, axis.ticks, room, compiled.chart.language);
   return compiled.counts && scale.direction.name === 'y' && !axis.derived ? wholeOnly(ticks) : ticks;
 }
 
@@ -178,12 +174,14 @@ function axesOf(
       const upright = isUpright(place);
       const length = upright ? size.height : size.width;
       const scale = axis.derived ? derivedScale(compiled, scales[name]) : scales[name];
-      const ticks = axis.ticks ? ticksFor(compiled, axis, scale, length, upright) : [];
+      const neighbours = neighboursOf(compiled, size, upright);
+      const room = { length, upright, look: labelLookOf(axis), neighbours };
+      const ticks = axis.ticks ? ticksFor(compiled, axis, scale, room) : [];
       return layoutAxis(axis, scale, place, ticks, {
         length,
         titleLength: titleLength(upright),
         labels: whole.width * 0.3,
-        neighbours: neighboursOf(compiled, size, upright),
+        neighbours,
       });
     }),
   );

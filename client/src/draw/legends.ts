@@ -23,7 +23,8 @@ import { rangesOf, type Range } from './ranges.js';
 import type { Maker } from './svg.js';
 import { drawRamp, drawSwatch, rampSize, type Ramp } from './swatches.js';
 import { lineHeight, textLook, widest, wrap, type TextLook } from './text.js';
-import { ticksBetween, type Tick } from './ticks.js';
+import type { Tick } from './ticks.js';
+import { ticksBetween } from './ticktexts.js';
 
 /** Entries, or a range of colours with the texts at its ticks. */
 interface Section {

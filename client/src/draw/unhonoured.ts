@@ -21,7 +21,8 @@ import type { Orientation } from './orientation.js';
 import type { PanelGrid } from './panels.js';
 import type { DrawnScale } from './scales.js';
 import { styleNotes } from './styleuse.js';
-import { baseOf, mostTicks } from './ticks.js';
+import { baseOf } from './ticktexts.js';
+import { mostTicks } from './tickvalues.js';
 
 /** The type of contents that are maps. */
 const mapContent = 10;

@@ -108,6 +108,32 @@ describe('numbers at ticks', () => {
   });
 });
 
+describe('axes have two labels at least where these have room', () => {
+  const panels = (count: number, coordinates = plainAxes, side = '') =>
+    picture(
+      {
+        a: Array.from({ length: 2 * count }, (_, at) => (at % 2 === 0 ? 172 : 233)),
+        b: Array.from({ length: 2 * count }, (_, at) => (at % 2 === 0 ? 0.4 : 9.6)),
+        k: Array.from({ length: 2 * count }, (_, at) => Math.floor(at / 2) + 1),
+      },
+      `<point><x variable="a"/><y variable="b"/></point><faceting><cross>${side}<variableReference ref="k"/></cross></faceting>`,
+      {
+        categorical: { k: Array.from({ length: count }, (_, at) => `${at + 1}`) },
+        coordinates,
+      },
+    );
+
+  test('on each of several panels', () => {
+    expect(panels(3).textsOf('x axis')).toEqual(['180', '200', '220']);
+    expect(panels(7).textsOf('x axis').length).toBeGreaterThanOrEqual(2);
+  });
+
+  test('on upright axes, too', () => {
+    for (const rows of [3, 5, 7, 9])
+      expect(panels(rows, plainAxes, '<unity/>').textsOf('y axis').length).toBeGreaterThanOrEqual(2);
+  });
+});
+
 describe('labels of categories', () => {
   const bars = (texts: string[]) =>
     picture(

@@ -1,0 +1,141 @@
+/** Ticks of axes and ranges: where they stand, and what they say. */
+import type { Format, Ticks } from '../chart/model.js';
+import {
+  dateText,
+  decimalsOf,
+  mergeFormats,
+  numberText,
+  readNumber,
+  withGroups,
+  withoutDecimals,
+} from '../data/format.js';
+import { placeOf } from './directions.js';
+import type { DrawnScale } from './scales.js';
+import type { Tick } from './ticks.js';
+import {
+  basedTicks,
+  dateTicks,
+  isScale,
+  logTicks,
+  mostTicks,
+  shownTicks,
+  steppedTicks,
+} from './tickvalues.js';
+
+/** Shows as much of a date as ticks of that distance need. */
+function datePattern(values: number[]): string {
+  const least = values.reduce(
+    (step, value, at) => (at === 0 ? step : Math.min(step, value - values[at - 1]!)),
+    Infinity,
+  );
+  const day = 86_400;
+  if (least >= 360 * day) return 'yyyy';
+  if (least >= 27 * day) return 'MMM yyyy';
+  if (least >= day) return 'd MMM yyyy';
+  return least >= 60 ? 'd MMM HH:mm' : 'HH:mm:ss';
+}
+
+/** What an axis says of the texts at its ticks, over what its variables say. */
+export function tickFormat(ticks: Ticks | null, scale: DrawnScale): Format | null {
+  return mergeFormats(ticks?.format, scale.direction.format);
+}
+
+function categoryTicks(scale: DrawnScale): Tick[] {
+  return scale.direction.texts.map((text, value) => ({ value, text }));
+}
+
+function decimalsBetween(values: number[]): number {
+  const step = values.length > 1 ? Math.abs(values[1]! - values[0]!) : 0;
+  const even = values.every(
+    (value, at) => at === 0 || Math.abs(value - values[at - 1]! - step) < step * 1e-6,
+  );
+  if (even && step > 0) {
+    const ofStep = decimalsOf(step, 15);
+    // A base may be finer than the step; three digits tell its ticks apart from the values beside them.
+    return Math.max(ofStep, decimalsOf(values[0]!, Math.min(15, ofStep + 3)));
+  }
+  return Math.max(0, ...values.map((value) => decimalsOf(value, 15)));
+}
+
+/** The ticks whose texts are those of their values, each text once. */
+function trueTicks(values: number[], format: Format | null, language: string): Tick[] {
+  const decimals = decimalsBetween(values);
+  const texts = new Set<string>();
+  return values.flatMap((value, at) => {
+    const relabelled = format?.relabels.get(String(value));
+    const text = relabelled ?? numberText(value, format, language, decimals);
+    const near = values[at === 0 ? 1 : at - 1];
+    const tolerance = near === undefined ? Math.abs(value) * 1e-9 : Math.abs(value - near) * 1e-3;
+    const read = Math.abs(readNumber(value, format, decimals) - value) <= tolerance;
+    if (texts.has(text) || !(relabelled !== undefined || read)) return [];
+    texts.add(text);
+    return [{ value, text }];
+  });
+}
+
+/** From here on digits stand in groups: four of them are read as they are. */
+const leastGrouped = 10_000;
+
+/** A format whose decimals are too few for any of the values gives way. */
+function numberTicks(
+  values: number[],
+  own: Format | null,
+  language: string,
+  [low, high]: [number, number],
+): Tick[] {
+  const format = values.some((value) => Math.abs(value) >= leastGrouped) ? withGroups(own) : own;
+  const ticks = trueTicks(values, format, language);
+  const shown = ticks.map(({ value }) => value);
+  if (ticks.length === values.length || !format || isScale(shown, low, high)) return ticks;
+  return trueTicks(values, withoutDecimals(format, decimalsBetween(values)), language);
+}
+
+/** Numbers with true texts between two bounds. */
+export function ticksBetween(
+  low: number,
+  high: number,
+  wanted: number,
+  format: Format | null,
+  language: string,
+): Tick[] {
+  return numberTicks(shownTicks(low, high, wanted, format), format, language, [low, high]);
+}
+
+/** The value at which there is a tick: one of the data, or a share of the axis. Null where the chart names none. */
+export function baseOf(
+  settings: Ticks | null,
+  { direction, domain: [low, high] }: DrawnScale,
+): number | null {
+  const text = settings?.base?.trim() ?? '';
+  const [, number = text, unit = ''] = /^(.*?)\s*(%|px|pt|mm|cm|in)$/.exec(text) ?? [];
+  const share = Number(number) / 100;
+  if (unit === '%') return Number.isNaN(share) ? null : low + share * (high - low);
+  return placeOf(direction, number);
+}
+
+/** All ticks for `wanted` labels at most; the text of a date is by the chart's pattern. */
+export function ticksOf(scale: DrawnScale, settings: Ticks | null, wanted: number, language: string): Tick[] {
+  const format = tickFormat(settings, scale);
+  const [low, high] = scale.domain;
+  if (scale.direction.kind === 'category') return categoryTicks(scale);
+  const base = baseOf(settings, scale);
+  const delta = settings?.delta;
+  if (scale.direction.kind === 'date') {
+    const values =
+      delta && delta > 0 ? steppedTicks(low, high, delta, base ?? low) : dateTicks(low, high, wanted);
+    const pattern = format?.pattern ?? datePattern(values);
+    return values.map((value) => ({ value, text: dateText(value, pattern, language) }));
+  }
+  const stepped = delta && delta > 0 && (high - low) / delta <= mostTicks;
+  const values = stepped
+    ? steppedTicks(low, high, delta, base ?? 0)
+    : scale.method === 'log'
+      ? logTicks(low, high, scale.base, wanted)
+      : basedTicks(shownTicks(low, high, Math.max(2, wanted), format), low, high, base ?? 0);
+  return numberTicks(values, format, language, [low, high]);
+}
+
+/** Counts are whole: no ticks between them. */
+export function wholeOnly(ticks: Tick[]): Tick[] {
+  return ticks.filter(({ value }) => Number.isInteger(value));
+}
