@@ -1,7 +1,6 @@
 /** Ticks of axes and ranges: where they stand, and what they say. */
 import type { Format, Ticks } from '../chart/model.js';
 import {
-  dateText,
   decimalsOf,
   mergeFormats,
   numberText,
@@ -9,31 +8,11 @@ import {
   withGroups,
   withoutDecimals,
 } from '../data/format.js';
+import { dateTicks, dateTicksAt } from './dateticks.js';
 import { placeOf } from './directions.js';
 import type { DrawnScale } from './scales.js';
 import type { Tick } from './ticks.js';
-import {
-  basedTicks,
-  dateTicks,
-  isScale,
-  logTicks,
-  mostTicks,
-  shownTicks,
-  steppedTicks,
-} from './tickvalues.js';
-
-/** Shows as much of a date as ticks of that distance need. */
-function datePattern(values: number[]): string {
-  const least = values.reduce(
-    (step, value, at) => (at === 0 ? step : Math.min(step, value - values[at - 1]!)),
-    Infinity,
-  );
-  const day = 86_400;
-  if (least >= 360 * day) return 'yyyy';
-  if (least >= 27 * day) return 'MMM yyyy';
-  if (least >= day) return 'd MMM yyyy';
-  return least >= 60 ? 'd MMM HH:mm' : 'HH:mm:ss';
-}
+import { basedTicks, isScale, logTicks, mostTicks, shownTicks, steppedTicks } from './tickvalues.js';
 
 /** What an axis says of the texts at its ticks, over what its variables say. */
 export function tickFormat(ticks: Ticks | null, scale: DrawnScale): Format | null {
@@ -121,10 +100,10 @@ export function ticksOf(scale: DrawnScale, settings: Ticks | null, wanted: numbe
   const base = baseOf(settings, scale);
   const delta = settings?.delta;
   if (scale.direction.kind === 'date') {
-    const values =
-      delta && delta > 0 ? steppedTicks(low, high, delta, base ?? low) : dateTicks(low, high, wanted);
-    const pattern = format?.pattern ?? datePattern(values);
-    return values.map((value) => ({ value, text: dateText(value, pattern, language) }));
+    const pattern = format?.pattern ?? null;
+    return delta && delta > 0
+      ? dateTicksAt(steppedTicks(low, high, delta, base ?? low), pattern, language)
+      : dateTicks(scale.domain, wanted, pattern, language);
   }
   const stepped = delta && delta > 0 && (high - low) / delta <= mostTicks;
   const values = stepped

@@ -1,5 +1,5 @@
 /** The values at which ticks stand. */
-import { tickIncrement, ticks as roundValues, utcTicks } from 'd3';
+import { tickIncrement, ticks as roundValues } from 'd3';
 import type { Format } from '../chart/model.js';
 import { mostDecimals } from '../data/format.js';
 
@@ -63,9 +63,4 @@ export function logTicks(low: number, high: number, base: number, wanted: number
     if (shown.length >= 3) return shown;
   }
   return linearTicks(low, high, Math.max(3, Math.min(6, wanted)));
-}
-
-export function dateTicks(low: number, high: number, wanted: number): number[] {
-  const dates = utcTicks(new Date(low * 1000), new Date(high * 1000), Math.max(2, wanted));
-  return dates.map((date) => date.getTime() / 1000);
 }

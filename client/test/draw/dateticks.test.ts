@@ -1,0 +1,52 @@
+import { describe, expect, test } from 'vitest';
+import { dateTicks } from '../../src/draw/dateticks.js';
+import { secondsOf } from '../../src/data/format.js';
+import { picture } from './chart.js';
+
+const between = (low: string, high: string, pattern: string | null, wanted = 8) =>
+  dateTicks([secondsOf(low)!, secondsOf(high)!], wanted, pattern, 'en-US').map(({ text }) => text);
+
+describe('dates at ticks', () => {
+  test('are no finer than their pattern tells apart', () => {
+    expect(between('2024-02-28', '2024-03-01', 'yyyy-MM-dd')).toEqual([
+      '2024-02-28',
+      '2024-02-29',
+      '2024-03-01',
+    ]);
+    expect(between('2020-03-01', '2022-03-01', 'yyyy')).toEqual(['2021', '2022']);
+    expect(between('2020-01-01', '2020-06-01', 'MMM yyyy')).toEqual([
+      'Jan 2020',
+      'Feb 2020',
+      'Mar 2020',
+      'Apr 2020',
+      'May 2020',
+      'Jun 2020',
+    ]);
+  });
+
+  test('have a finer pattern where else there would be no scale', () => {
+    expect(between('2024-02-28', '2024-02-28T03:00:00', 'yyyy-MM-dd', 4)).toEqual([
+      '2024-02-28 00:00',
+      '2024-02-28 01:00',
+      '2024-02-28 02:00',
+      '2024-02-28 03:00',
+    ]);
+    expect(between('2024-02-28', '2024-03-04', 'yyyy', 3)).toEqual([
+      '29 Feb 2024',
+      '2 Mar 2024',
+      '4 Mar 2024',
+    ]);
+    expect(between('2024-02-28T00:00:00', '2024-02-28T00:00:02', 'dd.MM.yyyy', 2)).toContain(
+      '28.02.2024 00:00:01',
+    );
+  });
+
+  test('are each there once with ticks that the chart asks for', () => {
+    const days = [secondsOf('2024-02-28')!, secondsOf('2024-02-29')!];
+    const drawn = picture({ a: days, b: [1, 2] }, '<line><x variable="t"/><y variable="b"/></line>', {
+      rest: '<sourceVariable id="t" source="s" sourceName="a"><format pattern="yyyy-MM-dd"/></sourceVariable><intervalDomain id="d" type="date"><range min="2024-02-28" max="2024-02-29"/></intervalDomain>',
+      coordinates: '<dimension domain="d"><axis><majorTicks delta="43200"/></axis></dimension><dimension/>',
+    });
+    expect(drawn.textsOf('x axis')).toEqual(['2024-02-28', '2024-02-29']);
+  });
+});
