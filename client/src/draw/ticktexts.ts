@@ -14,9 +14,13 @@ import type { DrawnScale } from './scales.js';
 import type { Tick } from './ticks.js';
 import { basedTicks, isScale, logTicks, mostTicks, shownTicks, steppedTicks } from './tickvalues.js';
 
+/** The least number of decimals that a variable has is that of its values, not of the ticks beside them. */
+const withoutLeast = (format: Format | null): Format | null =>
+  format && { ...format, minimumFractionDigits: null };
+
 /** What an axis says of the texts at its ticks, over what its variables say. */
-export function tickFormat(ticks: Ticks | null, scale: DrawnScale): Format | null {
-  return mergeFormats(ticks?.format, scale.direction.format);
+function tickFormat(ticks: Ticks | null, scale: DrawnScale): Format | null {
+  return mergeFormats(ticks?.format, withoutLeast(scale.direction.format));
 }
 
 function categoryTicks(scale: DrawnScale): Tick[] {
@@ -74,9 +78,10 @@ export function ticksBetween(
   low: number,
   high: number,
   wanted: number,
-  format: Format | null,
+  valueFormat: Format | null,
   language: string,
 ): Tick[] {
+  const format = withoutLeast(valueFormat);
   return numberTicks(shownTicks(low, high, wanted, format), format, language, [low, high]);
 }
 

@@ -94,12 +94,24 @@ describe('numbers at ticks', () => {
     ]);
   });
 
+  test('have the decimals between them, whatever is the least that values have', () => {
+    const format = 'maximumFractionDigits="16" minimumFractionDigits="16"';
+    const rest = whole('a').replace('maximumFractionDigits="0"', format);
+    const texts = picture({ a: [0, 0.1, 0.2], b: [1, 2, 3] }, points, { rest }).textsOf('x axis');
+    expect(texts).toContain('0.10');
+    expect(texts.every((text) => text.length === 4)).toBe(true);
+    const ramp = picture(
+      { a: [0, 30], b: [0, 30] },
+      '<point id="p"><x variable="a"/><y variable="b"/><color id="c" variable="whole"/></point>',
+      { rest: `${rest}<legend id="l"><legendTarget target="c"/></legend>` },
+    );
+    expect(ramp.textsOf('Legend')).toEqual(['0', '5', '10', '15', '20', '25', '30']);
+  });
+
   test('are never cut where they stand upright', () => {
-    const rest =
-      '<sourceVariable id="whole" source="s" sourceName="b"><format minimumFractionDigits="14" suffix=" of a unit with a long name"/></sourceVariable>';
-    const drawn = picture({ a: [1, 2], b: [0, 1] }, '<point><x variable="a"/><y variable="whole"/></point>', {
-      rest,
-      coordinates: '<dimension/><dimension><axis><majorTicks delta="1"/></axis></dimension>',
+    const format = '<format minimumFractionDigits="14" suffix=" of a unit with a long name"/>';
+    const drawn = picture({ a: [1, 2], b: [0, 1] }, '<point><x variable="a"/><y variable="b"/></point>', {
+      coordinates: `<dimension/><dimension><axis><majorTicks delta="1">${format}</majorTicks></axis></dimension>`,
     });
     expect(drawn.textsOf('y axis')[1]).toBe('1.00000000000000 of a unit with a long name');
     expect(
