@@ -4,7 +4,7 @@ import { labelsBeside, type Neighbours } from './neighbours.js';
 import type { DrawnScale } from './scales.js';
 import { lineHeight, widest, type TextLook } from './text.js';
 import { askedLabels, layoutAcross, layoutUpright, type Tick } from './ticks.js';
-import { ticksOf } from './ticktexts.js';
+import { ticksOf, type TickWish } from './ticktexts.js';
 
 /** The room along an axis. */
 export interface TickRoom {
@@ -22,10 +22,15 @@ const usualSpare = 40;
 const littleSpare = 20;
 
 /** How many labels have room along an axis of numbers or dates. */
-function wantedTicks(scale: DrawnScale, settings: Ticks | null, room: TickRoom, language: string): number {
+function wantedTicks(
+  scale: DrawnScale,
+  settings: Ticks | null,
+  room: TickRoom,
+  wish: Omit<TickWish, 'wanted'>,
+): number {
   const { length, upright, look, neighbours } = room;
   if (upright) return Math.max(2, Math.min(mostUpright, Math.round(length / (lineHeight(look) * 2.6))));
-  const sample = ticksOf(scale, settings, 5, language).map((tick) => tick.text);
+  const sample = ticksOf(scale, settings, { ...wish, wanted: 5 }).map((tick) => tick.text);
   const little = scale.direction.kind === 'date' || neighbours.count > 1;
   const each = widest(sample, look) + (little ? littleSpare : usualSpare);
   return Math.max(2, Math.min(mostAcross, Math.floor(length / each)));
@@ -58,14 +63,14 @@ export function fittingTicks(
   scale: DrawnScale,
   settings: Ticks | null,
   room: TickRoom,
-  language: string,
+  wish: Omit<TickWish, 'wanted'>,
 ): Tick[] {
-  const make = (number: number): Made => {
-    const ticks = ticksOf(scale, settings, number, language);
+  const make = (count: number): Made => {
+    const ticks = ticksOf(scale, settings, { ...wish, wanted: count });
     const { alone, beside } = labelled(ticks, scale, settings, room);
     return { ticks, labels: beside, fits: alone >= askedLabels(ticks, settings) };
   };
-  let wanted = wantedTicks(scale, settings, room, language);
+  let wanted = wantedTicks(scale, settings, room, wish);
   let made = make(wanted);
   if (scale.direction.kind === 'category' || settings?.delta) return made.ticks;
   while (wanted > 2 && !made.fits) made = make((wanted -= 1));

@@ -41,7 +41,6 @@ import { baselineOf, equalUnits, scaleOf, withFunctions, type DrawnScale } from 
 import type { Maker } from './svg.js';
 import { symbolReaches, withSymbolRoom, type SymbolReach } from './symbolroom.js';
 import { reachBeyond, type Tick } from './ticks.js';
-import { wholeOnly } from './ticktexts.js';
 import { flatNotes, panelNotes, scaleNotes } from './unhonoured.js';
 import type { Data } from '../data/columns.js';
 import type { Chart } from '../chart/model.js';
@@ -138,8 +137,8 @@ function derivedScale(compiled: CompiledGraph, scale: DrawnScale): DrawnScale {
 }
 
 function ticksFor(compiled: CompiledGraph, axis: Axis, scale: DrawnScale, room: TickRoom): Tick[] {
-  const ticks = fittingTicks(scale, axis.ticks, room, compiled.chart.language);
-  return compiled.counts && scale.direction.name === 'y' && !axis.derived ? wholeOnly(ticks) : ticks;
+  const whole = compiled.counts && scale.direction.name === 'y' && !axis.derived;
+  return fittingTicks(scale, axis.ticks, room, { whole, language: compiled.chart.language });
 }
 
 /** How the panels follow each other from left to right, or from the lowest one upwards. */

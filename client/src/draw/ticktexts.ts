@@ -97,29 +97,41 @@ export function baseOf(
   return placeOf(direction, number);
 }
 
-/** All ticks for `wanted` labels at most; the text of a date is by the chart's pattern. */
-export function ticksOf(scale: DrawnScale, settings: Ticks | null, wanted: number, language: string): Tick[] {
-  const format = tickFormat(settings, scale);
-  const [low, high] = scale.domain;
-  if (scale.direction.kind === 'category') return categoryTicks(scale);
-  const base = baseOf(settings, scale);
-  const delta = settings?.delta;
-  if (scale.direction.kind === 'date') {
-    const pattern = format?.pattern ?? null;
-    return delta && delta > 0
-      ? dateTicksAt(steppedTicks(low, high, delta, base ?? low), pattern, language)
-      : dateTicks(scale.domain, wanted, pattern, language);
-  }
-  const stepped = delta && delta > 0 && (high - low) / delta <= mostTicks;
-  const values = stepped
-    ? steppedTicks(low, high, delta, base ?? 0)
-    : scale.method === 'log'
-      ? logTicks(low, high, scale.base, wanted)
-      : basedTicks(shownTicks(low, high, Math.max(2, wanted), format), low, high, base ?? 0);
-  return numberTicks(values, format, language, [low, high]);
+/** What ticks are wanted. */
+export interface TickWish {
+  /** So many labels at most. */
+  wanted: number;
+  /** Of counts, which have nothing between them. */
+  whole: boolean;
+  language: string;
 }
 
-/** Counts are whole: no ticks between them. */
-export function wholeOnly(ticks: Tick[]): Tick[] {
-  return ticks.filter(({ value }) => Number.isInteger(value));
+function numberValues(scale: DrawnScale, settings: Ticks | null, wish: TickWish): number[] {
+  const [low, high] = scale.domain;
+  const format = tickFormat(settings, scale);
+  const base = baseOf(settings, scale) ?? 0;
+  const delta = settings?.delta;
+  if (delta && delta > 0 && (high - low) / delta <= mostTicks) return steppedTicks(low, high, delta, base);
+  if (scale.method === 'log') return logTicks(low, high, scale.base, wish.wanted);
+  const values = shownTicks(low, high, Math.max(2, wish.wanted), format);
+  if (!wish.whole) return basedTicks(values, low, high, base);
+  return values.every(Number.isInteger) ? values : steppedTicks(low, high, 1, 0);
+}
+
+/** All ticks for `wanted` labels at most; the text of a date is by the chart's pattern. */
+export function ticksOf(scale: DrawnScale, settings: Ticks | null, wish: TickWish): Tick[] {
+  const format = tickFormat(settings, scale);
+  const { direction, domain } = scale;
+  if (direction.kind === 'category') return categoryTicks(scale);
+  if (direction.kind === 'date') {
+    const delta = settings?.delta;
+    const base = baseOf(settings, scale);
+    const pattern = format?.pattern ?? null;
+    return delta && delta > 0
+      ? dateTicksAt(steppedTicks(...domain, delta, base ?? domain[0]), pattern, wish.language)
+      : dateTicks(domain, wish.wanted, pattern, wish.language);
+  }
+  const values = numberValues(scale, settings, wish);
+  const shown = wish.whole ? values.filter(Number.isInteger) : values;
+  return numberTicks(shown, format, wish.language, domain);
 }

@@ -108,6 +108,14 @@ describe('numbers at ticks', () => {
     expect(ramp.textsOf('Legend')).toEqual(['0', '5', '10', '15', '20', '25', '30']);
   });
 
+  test('of counts are whole, and have no decimals', () => {
+    const counts = (a: number[]) =>
+      picture({ a }, '<interval><x variable="a"/><binStatistic width="10"/></interval>').textsOf('y axis');
+    expect(counts([1, 2, 12])).toEqual(['0', '1', '2']);
+    expect(counts([1])).toEqual(['0', '1']);
+    expect(counts(Array.from({ length: 30 }, () => 1))).toEqual(['0', '5', '10', '15', '20', '25', '30']);
+  });
+
   test('are never cut where they stand upright', () => {
     const format = '<format minimumFractionDigits="14" suffix=" of a unit with a long name"/>';
     const drawn = picture({ a: [1, 2], b: [0, 1] }, '<point><x variable="a"/><y variable="b"/></point>', {
