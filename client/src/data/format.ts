@@ -3,11 +3,12 @@ import type { Format } from '../chart/model.js';
 
 const minus = '\u2212';
 
-/** How many decimals a number needs, up to `most`. */
-export function decimalsOf(value: number, most = 10): number {
+/** How many decimals a number needs, up to `most`, if it may be wrong by `slack`. */
+export function decimalsOf(value: number, most = 10, slack = 0): number {
+  const tolerance = Math.max(slack, Math.abs(value) * 1e-9);
   for (let decimals = 0; decimals < most; decimals += 1) {
     const factor = 10 ** decimals;
-    if (Math.abs(Math.round(value * factor) / factor - value) <= Math.abs(value) * 1e-9) return decimals;
+    if (Math.abs(Math.round(value * factor) / factor - value) <= tolerance) return decimals;
   }
   return most;
 }
@@ -115,30 +116,58 @@ export function commonDecimals(values: number[], format: Format | null, most: nu
 
 /** From here on digits are too many to be read. */
 const leastHuge = 1e15;
+const leastHugeTick = 1e12;
 const leastPlain = 1e-6;
 
 function isHuge(shown: number, free: boolean): boolean {
   return Math.abs(shown) >= leastHuge || (free && shown !== 0 && Math.abs(shown) < leastPlain);
 }
 
-/** The number that a reader takes from the text of a value at a tick. */
-export function readNumber(value: number, format: Format | null, decimals: number): number {
+/** Whether numbers beside each other are shown with exponents, which they then all are but for 0. */
+export function needExponents(values: number[], format: Format | null): boolean {
+  const factor = shownFactor(format);
   const most = mostDecimals(format);
-  if (isHuge(value, most === null)) return Number(scientific(value, mostOfMantissa));
-  return Number(value.toFixed(clampDigits(most ?? Math.max(decimals, format?.minimumFractionDigits ?? 0))));
+  const plain = !format?.pattern && format?.grouping !== true;
+  return values.some((value) => {
+    const shown = Math.abs(value * factor);
+    const tiny = (most === null || (plain && most > 6)) && shown !== 0 && shown < leastPlain;
+    return tiny || shown >= (plain ? leastHugeTick : leastHuge);
+  });
+}
+
+/** The number that a reader takes from the text of a value at a tick. */
+export function readNumber(
+  value: number,
+  format: Format | null,
+  decimals: number,
+  exponents: boolean,
+): number {
+  if (exponents) return Number(scientific(value, mostOfMantissa));
+  const most = mostDecimals(format) ?? Math.max(decimals, format?.minimumFractionDigits ?? 0);
+  return Number(value.toFixed(clampDigits(most)));
+}
+
+const superscripts = '\u2070\u00b9\u00b2\u00b3\u2074\u2075\u2076\u2077\u2078\u2079';
+
+/** A power of ten as such, with what the format has before and behind it. */
+export function powerText(exponent: number, format: Format | null): string {
+  const digits = Array.from(String(Math.abs(exponent)), (digit) => superscripts[Number(digit)]).join('');
+  return `${format?.prefix ?? ''}10${exponent < 0 ? '\u207b' : ''}${digits}${format?.suffix ?? ''}`;
 }
 
 const mostOfMantissa = 12;
 
 /**
  * `decimals` is what a number gets where its format does not say; by default as many as it needs, up to 6. With
- * exponents, which numbers from 1e15 on always have, it then has all of its digits, and else 3 of them.
+ * exponents, which numbers from 1e15 on always have unless `exponents` says, it then has all of its digits, and else 3
+ * of them.
  */
 export function numberText(
   value: number,
   format: Format | null,
   language: string,
   decimals?: number,
+  exponents?: boolean,
 ): string {
   if (Number.isNaN(value)) return format?.errorCharacter ?? '';
   if (!Number.isFinite(value)) return value > 0 ? '\u221e' : minus + '\u221e';
@@ -151,7 +180,8 @@ export function numberText(
     most,
   );
   const shown = pattern?.percent ? value * 100 : value;
-  const digits = isHuge(shown, format?.maximumFractionDigits == null && !pattern)
+  const huge = exponents ?? isHuge(shown, format?.maximumFractionDigits == null && !pattern);
+  const digits = huge
     ? scientific(shown, decimals === undefined ? 3 : mostOfMantissa)
     : formatter(language, {
         useGrouping: format?.grouping ?? pattern?.grouping ?? false,

@@ -3,7 +3,9 @@ import type { Format, Ticks } from '../chart/model.js';
 import {
   decimalsOf,
   mergeFormats,
+  needExponents,
   numberText,
+  powerText,
   readNumber,
   withGroups,
   withoutDecimals,
@@ -27,13 +29,21 @@ function categoryTicks(scale: DrawnScale): Tick[] {
   return scale.direction.texts.map((text, value) => ({ value, text }));
 }
 
+/** From here on powers of ten are written as such. */
+const leastExponent = 5;
+
+/** How far numbers are off by how they are stored, as are those between them. */
+const roundOff = (values: number[]) =>
+  values.reduce((most, value) => Math.max(most, Math.abs(value)), 0) * 1e-15;
+
 function decimalsBetween(values: number[]): number {
   const step = values.length > 1 ? Math.abs(values[1]! - values[0]!) : 0;
+  const slack = roundOff(values);
   const even = values.every(
-    (value, at) => at === 0 || Math.abs(value - values[at - 1]! - step) < step * 1e-6,
+    (value, at) => at === 0 || Math.abs(value - values[at - 1]! - step) < step * 1e-6 + slack,
   );
   if (even && step > 0) {
-    const ofStep = decimalsOf(step, 15);
+    const ofStep = decimalsOf(step, 15, slack);
     // A base may be finer than the step; three digits tell its ticks apart from the values beside them.
     return Math.max(ofStep, decimalsOf(values[0]!, Math.min(15, ofStep + 3)));
   }
@@ -43,17 +53,28 @@ function decimalsBetween(values: number[]): number {
 /** The ticks whose texts are those of their values, each text once. */
 function trueTicks(values: number[], format: Format | null, language: string): Tick[] {
   const decimals = decimalsBetween(values);
+  const exponents = needExponents(values, format);
   const texts = new Set<string>();
   return values.flatMap((value, at) => {
     const relabelled = format?.relabels.get(String(value));
-    const text = relabelled ?? numberText(value, format, language, decimals);
+    const text =
+      relabelled ??
+      (exponents && value === 0 ? '0' : numberText(value, format, language, decimals, exponents));
     const near = values[at === 0 ? 1 : at - 1];
     const tolerance = near === undefined ? Math.abs(value) * 1e-9 : Math.abs(value - near) * 1e-3;
-    const read = Math.abs(readNumber(value, format, decimals) - value) <= tolerance;
+    const read = Math.abs(readNumber(value, format, decimals, exponents) - value) <= tolerance;
     if (texts.has(text) || !(relabelled !== undefined || read)) return [];
     texts.add(text);
     return [{ value, text }];
   });
+}
+
+/** The exponents of powers of ten, where any of them has too many digits; null of other numbers. */
+function powersOf(values: number[], format: Format | null): number[] | null {
+  if (format?.pattern || format?.grouping === true || (format?.relabels.size ?? 0) > 0) return null;
+  const exponents = values.map((value) => Math.round(Math.log10(value)));
+  const exact = values.every((value, at) => Math.abs(value / 10 ** exponents[at]! - 1) < 1e-9);
+  return exact && exponents.some((exponent) => Math.abs(exponent) >= leastExponent) ? exponents : null;
 }
 
 /** From here on digits stand in groups: four of them are read as they are. */
@@ -133,5 +154,7 @@ export function ticksOf(scale: DrawnScale, settings: Ticks | null, wish: TickWis
   }
   const values = numberValues(scale, settings, wish);
   const shown = wish.whole ? values.filter(Number.isInteger) : values;
+  const powers = scale.method === 'log' && scale.base === 10 ? powersOf(shown, format) : null;
+  if (powers) return shown.map((value, at) => ({ value, text: powerText(powers[at]!, format) }));
   return numberTicks(shown, format, wish.language, domain);
 }

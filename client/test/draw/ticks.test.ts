@@ -108,6 +108,54 @@ describe('numbers at ticks', () => {
     expect(ramp.textsOf('Legend')).toEqual(['0', '5', '10', '15', '20', '25', '30']);
   });
 
+  const upwards = (b: number[], format = '', scale = '') =>
+    picture({ a: b.map((_, at) => at), b }, '<point><x variable="a"/><y variable="v"/></point>', {
+      rest: `<sourceVariable id="v" source="s" sourceName="b">${format}</sourceVariable>`,
+      coordinates: `<dimension/><dimension>${scale}<axis><majorTicks/></axis></dimension>`,
+    }).textsOf('y axis');
+
+  test('have exponents all together, with a plain 0', () => {
+    const tiny = upwards([0, 4e-6, 8e-6].map((value) => value / 10));
+    expect(tiny[0]).toBe('0');
+    expect(tiny.slice(1).every((text) => /^[\d.]+e-7$/.test(text))).toBe(true);
+    const limited = upwards([0, 4e-9], '<format maximumFractionDigits="16"/>');
+    expect(limited[0]).toBe('0');
+    expect(limited[1]).toContain('e-');
+    const huge = upwards([0, 3e12], '<format useGrouping="false"/>');
+    expect(huge).toEqual(['0', '5e11', '1e12', '1.5e12', '2e12', '2.5e12', '3e12']);
+    expect(upwards([0, 3e12], '<format useGrouping="true"/>')).toContain('3,000,000,000,000');
+    expect(upwards([0, 3e12], '<format pattern="0"/>')).toContain('3000000000000');
+  });
+
+  test('show nothing of how numbers are stored', () => {
+    const texts = upwards([100000, 100000.01]);
+    expect(texts.every((text) => /^100,000\.\d{3}$/.test(text))).toBe(true);
+  });
+
+  test('have their thousands set apart from 10,000 on, unless the format says', () => {
+    expect(upwards([0, 20000])).toEqual(expect.arrayContaining(['0', '2,000', '10,000', '20,000']));
+    expect(upwards([0, 20000], '<format useGrouping="false"/>')).toContain('14000');
+    expect(upwards([0, 20000], '<format pattern="0"/>')).toContain('14000');
+    expect(upwards([0, 2000])).toContain('1400');
+  });
+
+  test('of a logarithmic scale are powers where any has many digits', () => {
+    const log = '<scale method="2"/>';
+    expect(upwards([1, 1e6], '', log)).toEqual([
+      '10\u2070',
+      '10\u00b9',
+      '10\u00b2',
+      '10\u00b3',
+      '10\u2074',
+      '10\u2075',
+      '10\u2076',
+    ]);
+    expect(upwards([1e-6, 1], '', log)[0]).toBe('10\u207b\u2076');
+    expect(upwards([1, 1e4], '', log)).toContain('10,000');
+    expect(upwards([1, 1e6], '<format useGrouping="true"/>', log)).toContain('1,000,000');
+    expect(upwards([1, 1e6], '<format suffix=" m"/>', log)).toContain('10\u00b3 m');
+  });
+
   test('of counts are whole, and have no decimals', () => {
     const counts = (a: number[]) =>
       picture({ a }, '<interval><x variable="a"/><binStatistic width="10"/></interval>').textsOf('y axis');
