@@ -51,7 +51,7 @@ function labelled(ticks: Tick[], scale: DrawnScale, settings: Ticks | null, room
 interface Made {
   ticks: Tick[];
   labels: number;
-  /** Whether all of the labels have room. */
+  /** Whether they are not too many, and all of the labels have room. */
   fits: boolean;
 }
 
@@ -65,10 +65,11 @@ export function fittingTicks(
   room: TickRoom,
   wish: Omit<TickWish, 'wanted'>,
 ): Tick[] {
+  const most = room.upright ? mostUpright : mostAcross;
   const make = (count: number): Made => {
     const ticks = ticksOf(scale, settings, { ...wish, wanted: count });
     const { alone, beside } = labelled(ticks, scale, settings, room);
-    return { ticks, labels: beside, fits: alone >= askedLabels(ticks, settings) };
+    return { ticks, labels: beside, fits: ticks.length <= most && alone >= askedLabels(ticks, settings) };
   };
   let wanted = wantedTicks(scale, settings, room, wish);
   let made = make(wanted);
@@ -77,8 +78,9 @@ export function fittingTicks(
   if (made.labels >= fewLabels) return made.ticks;
   const finer = Array.from({ length: Math.max(0, mostAcross - wanted) }, (_, at) => make(wanted + 1 + at));
   const fitting = [made, ...finer].filter(({ fits }) => fits);
-  const most = (some: Made[]) => some.reduce((best, each) => (each.labels > best.labels ? each : best), made);
-  const best = fitting.find(({ labels }) => labels >= fewLabels) ?? most(fitting);
+  const largest = (some: Made[]) =>
+    some.reduce((best, each) => (each.labels > best.labels ? each : best), made);
+  const best = fitting.find(({ labels }) => labels >= fewLabels) ?? largest(fitting);
   // One label tells nothing of a scale: rather ticks of which some have none.
   const thinned = best.labels >= 2 ? best : finer.find(({ labels }) => labels >= 2);
   return (thinned ?? best).ticks;

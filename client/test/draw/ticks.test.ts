@@ -68,11 +68,11 @@ describe('numbers at ticks', () => {
       picture({ a, b: a }, points, {
         rest: whole('a').replace('maximumFractionDigits="0"', format),
       }).textsOf('x axis');
-    expect(ticks([0, 20_000])).toContain('2,000');
+    expect(ticks([0, 20_000])).toContain('5,000');
     expect(ticks([-20_000, 0])).toContain('\u221220,000');
     expect(ticks([0, 9_000])).toContain('8000');
-    expect(ticks([0, 20_000], 'useGrouping="false"')).toContain('2000');
-    expect(ticks([0, 20_000], 'pattern="0"')).toContain('2000');
+    expect(ticks([0, 20_000], 'useGrouping="false"')).toContain('5000');
+    expect(ticks([0, 20_000], 'pattern="0"')).toContain('5000');
   });
 
   test('stand at their base', () => {
@@ -133,10 +133,10 @@ describe('numbers at ticks', () => {
   });
 
   test('have their thousands set apart from 10,000 on, unless the format says', () => {
-    expect(upwards([0, 20000])).toEqual(expect.arrayContaining(['0', '2,000', '10,000', '20,000']));
-    expect(upwards([0, 20000], '<format useGrouping="false"/>')).toContain('14000');
-    expect(upwards([0, 20000], '<format pattern="0"/>')).toContain('14000');
-    expect(upwards([0, 2000])).toContain('1400');
+    expect(upwards([0, 20000])).toEqual(expect.arrayContaining(['0', '5,000', '10,000', '20,000']));
+    expect(upwards([0, 20000], '<format useGrouping="false"/>')).toContain('15000');
+    expect(upwards([0, 20000], '<format pattern="0"/>')).toContain('15000');
+    expect(upwards([0, 2000])).toContain('1500');
   });
 
   test('of a logarithmic scale are powers where any has many digits', () => {
@@ -154,6 +154,12 @@ describe('numbers at ticks', () => {
     expect(upwards([1, 1e4], '', log)).toContain('10,000');
     expect(upwards([1, 1e6], '<format useGrouping="true"/>', log)).toContain('1,000,000');
     expect(upwards([1, 1e6], '<format suffix=" m"/>', log)).toContain('10\u00b3 m');
+  });
+
+  test('are nine at most along an upright axis', () => {
+    const counts = Array.from({ length: 60 }, (_, at) => upwards([0, 10 + at * 7]).length);
+    expect(Math.max(...counts)).toBeLessThanOrEqual(9);
+    expect(Math.min(...counts)).toBeGreaterThanOrEqual(4);
   });
 
   test('of counts are whole, and have no decimals', () => {
