@@ -4,6 +4,7 @@ import type { Axis, Style } from '../chart/model.js';
 import { plainText } from '../chart/labels.js';
 import { none, safeColor } from './colors.js';
 import { ownTexts } from './looks.js';
+import { minorTicks } from './minorticks.js';
 import type { DrawnScale } from './scales.js';
 import type { Maker } from './svg.js';
 import { labelsBeside, type Neighbours, type PanelLabels } from './neighbours.js';
@@ -189,10 +190,15 @@ export function drawTicks(
   const marks =
     axis.ticks?.markStyle.visible === false || !axis.ticks ? [] : distinctMarks(drawn, labels.lines, length);
   if (marks.length > 0 && size > 0) {
-    const d = marks.map(({ value }) => {
+    const mark = (value: number, reach: number) => {
       const place = Math.round(at(value) * 100) / 100;
-      return upright ? `M${edge},${place} h${outward * size}` : `M${place},${edge} v${outward * size}`;
-    });
+      return upright ? `M${edge},${place} h${outward * reach}` : `M${place},${edge} v${outward * reach}`;
+    };
+    const minor = minorTicks(scale, ticks, axis.ticks, length);
+    const d = [
+      ...marks.map(({ value }) => mark(value, size)),
+      ...minor.map((value) => mark(value, size / 2)),
+    ];
     group.append(
       maker.make('path', {
         d: d.join(' '),
