@@ -8,6 +8,12 @@ const day = 86_400;
 const inSeconds = (dates: Date[]) => dates.map((date) => date.getTime() / 1000);
 
 function roundDates(low: number, high: number, wanted: number): number[] {
+  const months = (high - low) / Math.max(1, wanted) / (30.4 * day);
+  // Between quarters and years are halves.
+  if (months > 4.2 && months < 8.5) {
+    const halves = utcMonth.every(6)!;
+    return inSeconds(halves.range(halves.ceil(new Date(low * 1000)), new Date(high * 1000 + 1)));
+  }
   return inSeconds(utcTicks(new Date(low * 1000), new Date(high * 1000), wanted));
 }
 

@@ -2,6 +2,7 @@
 import { scaleLinear, scaleLog, scalePow, scaleSymlog, tickIncrement } from 'd3';
 import type { Domain, Scale } from '../chart/model.js';
 import { pixels, type Length } from '../chart/markup.js';
+import { decimalsOf, mostDecimals } from '../data/format.js';
 import { placeOf, type Direction } from './directions.js';
 import type { Layer, Shape } from './layers.js';
 
@@ -123,6 +124,18 @@ function bound(domain: Domain | null, direction: Direction, which: 'minimum' | '
   return text ? placeOf(direction, text) : null;
 }
 
+const day = 86_400;
+
+/** The bounds where there is only one value: far enough from it for ticks of its own digits. */
+function around(value: number, direction: Direction, baseline: boolean): [number, number] {
+  if (value === 0 && baseline) return [0, 1];
+  const ofDate = () => (value % day === 0 ? day : 3_600);
+  const most = mostDecimals(direction.format) ?? 15;
+  const unit = 10 ** -decimalsOf(value, Math.min(most, 15));
+  const room = direction.kind === 'date' ? ofDate() : Math.max(unit, Math.abs(value) * 0.05);
+  return [value - room, value + room];
+}
+
 function linearDomain(direction: Direction, reach: Reach, domain: Domain | null): [number, number] {
   const minimum = bound(domain, direction, 'minimum');
   const maximum = bound(domain, direction, 'maximum');
@@ -130,8 +143,7 @@ function linearDomain(direction: Direction, reach: Reach, domain: Domain | null)
   let high = maximum ?? reach.high;
   if (!(Number.isFinite(low) && Number.isFinite(high)))
     [low, high] = [minimum ?? 0, maximum ?? (minimum ?? 0) + 1];
-  if (low === high)
-    [low, high] = low === 0 ? [0, 1] : [low - Math.abs(low) * 0.05, high + Math.abs(high) * 0.05];
+  if (low === high) [low, high] = around(low, direction, reach.baseline);
   const { dimension } = direction;
   const usual = reach.lines && direction.name === 'x' ? roomOfLines : roomAround;
   const span = high - low;

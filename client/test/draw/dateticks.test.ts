@@ -24,6 +24,16 @@ describe('dates at ticks', () => {
     ]);
   });
 
+  test('stand at halves of years, too', () => {
+    expect(between('2021-01-01', '2023-01-01', 'yyyy-MM', 4)).toEqual([
+      '2021-01',
+      '2021-07',
+      '2022-01',
+      '2022-07',
+      '2023-01',
+    ]);
+  });
+
   test('have a finer pattern where else there would be no scale', () => {
     expect(between('2024-02-28', '2024-02-28T03:00:00', 'yyyy-MM-dd', 4)).toEqual([
       '2024-02-28 00:00',
@@ -49,4 +59,12 @@ describe('dates at ticks', () => {
     });
     expect(drawn.textsOf('x axis')).toEqual(['2024-02-28', '2024-02-29']);
   });
+});
+
+test('a single date has dates around it', () => {
+  const at = secondsOf('2024-02-29')!;
+  const drawn = picture({ a: [at, at], b: [1, 2] }, '<point><x variable="t"/><y variable="b"/></point>', {
+    rest: '<sourceVariable id="t" source="s" sourceName="a"><format pattern="yyyy-MM-dd"/></sourceVariable>',
+  });
+  expect(drawn.textsOf('x axis')).toEqual(['2024-02-28', '2024-02-29', '2024-03-01']);
 });

@@ -9,7 +9,7 @@ const along = (a: number[]) => picture({ a, b: a }, points, { rest: whole('a') }
 describe('numbers at ticks', () => {
   test('are no finer than their decimals', () => {
     expect(along([1, 2, 3, 4])).toEqual(['1', '2', '3', '4']);
-    expect(along([7, 7, 7])).toEqual(['7']);
+    expect(along([7, 7, 7])).toEqual(['6', '7', '8']);
   });
 
   test('have more decimals where else there would be no scale', () => {
@@ -160,6 +160,16 @@ describe('numbers at ticks', () => {
     const counts = Array.from({ length: 60 }, (_, at) => upwards([0, 10 + at * 7]).length);
     expect(Math.max(...counts)).toBeLessThanOrEqual(9);
     expect(Math.min(...counts)).toBeGreaterThanOrEqual(4);
+  });
+
+  test('are several where there is one value', () => {
+    const points = (b: number, format = '<format maximumFractionDigits="0"/>') => upwards([b, b, b], format);
+    expect(points(5)).toEqual(['4', '5', '6']);
+    expect(points(0)).toEqual(['\u22121', '0', '1']);
+    expect(points(1000).length).toBeGreaterThan(2);
+    expect(points(1000)).toContain('1000');
+    expect(points(0.25, '')).toContain('0.250');
+    expect(points(0.001, '<format maximumFractionDigits="3"/>')).toEqual(['0.000', '0.001', '0.002']);
   });
 
   test('of counts are whole, and have no decimals', () => {
