@@ -55,6 +55,11 @@ interface Made {
   fits: boolean;
 }
 
+/** Whether all labels of the ticks have room. */
+export function hasRoom(ticks: Tick[], scale: DrawnScale, settings: Ticks | null, room: TickRoom): boolean {
+  return labelled(ticks, scale, settings, room).alone >= askedLabels(ticks, settings);
+}
+
 /** So many are wanted at least: fewer tell little of a scale. */
 const fewLabels = 3;
 

@@ -37,7 +37,8 @@ import type { Patterns } from './patterns.js';
 import type { Scope } from './plan.js';
 import { drawPanel, type GridLines, type PanelFrame } from './plot.js';
 import { position } from './positions.js';
-import { baselineOf, equalUnits, scaleOf, withFunctions, type DrawnScale } from './scales.js';
+import { commonTicks, equalUnits, hasSameRatio, sizeOfAspect, sizeOfSameRatio } from './sameratio.js';
+import { baselineOf, scaleOf, withFunctions, type DrawnScale } from './scales.js';
 import type { Maker } from './svg.js';
 import { symbolReaches, withSymbolRoom, type SymbolReach } from './symbolroom.js';
 import { reachBeyond, type Tick } from './ticks.js';
@@ -167,21 +168,27 @@ function axesOf(
   // Below the panels are the labels of other axes; on top and at the sides titles may reach beyond them.
   const titleLength = (upright: boolean) =>
     upright ? rooms.top + rows * (size.height + size.gapY) - size.gapY : whole.width - edgeRoom;
-  const axes = (['x', 'y'] as const).flatMap((name) =>
-    (compiled[name].dimension?.axes ?? []).map((axis): DrawnAxis => {
+  const wished = (['x', 'y'] as const).flatMap((name) =>
+    (compiled[name].dimension?.axes ?? []).map((axis) => {
       const place = placeOfAxis(axis, name, transposed);
       const upright = isUpright(place);
-      const length = upright ? size.height : size.width;
       const scale = axis.derived ? derivedScale(compiled, scales[name]) : scales[name];
       const neighbours = neighboursOf(compiled, size, upright);
+      const length = upright ? size.height : size.width;
       const room = { length, upright, look: labelLookOf(axis), neighbours };
       const ticks = axis.ticks ? ticksFor(compiled, axis, scale, room) : [];
-      return layoutAxis(axis, scale, place, ticks, {
-        length,
-        titleLength: titleLength(upright),
-        labels: whole.width * 0.3,
-        neighbours,
-      });
+      return { axis, place, scale, room, ticks };
+    }),
+  );
+  const together = hasSameRatio(compiled.scales, compiled.orientation);
+  const wish = { whole: false, language: compiled.chart.language };
+  const ticks = together ? commonTicks(wished, wish) : wished.map((each) => each.ticks);
+  const axes = wished.map(({ axis, place, scale, room }, at) =>
+    layoutAxis(axis, scale, place, ticks[at]!, {
+      length: room.length,
+      titleLength: titleLength(room.upright),
+      labels: whole.width * 0.3,
+      neighbours: room.neighbours,
     }),
   );
   return behindEachOther(axes);
@@ -214,14 +221,16 @@ function panelSize(compiled: CompiledGraph, whole: Rectangle, rooms: Layout['roo
   const upright = Math.max(30, whole.height - rooms.top - rooms.bottom);
   const gapX = counts.columns > 1 ? gapsOf(compiled, 'columns', across / counts.columns) : 0;
   const gapY = counts.rows > 1 ? gapsOf(compiled, 'rows', upright / counts.rows) : 0;
-  let width = Math.max(8, (across - gapX * (counts.columns - 1)) / counts.columns);
-  let height = Math.max(8, (upright - gapY * (counts.rows - 1)) / counts.rows);
-  const aspect = compiled.graph.layout?.aspect;
-  if (aspect && aspect > 0) {
-    if (width / height > aspect) width = height * aspect;
-    else height = width / aspect;
-  }
-  return { width, height, gapX, gapY };
+  const room = {
+    width: Math.max(8, (across - gapX * (counts.columns - 1)) / counts.columns),
+    height: Math.max(8, (upright - gapY * (counts.rows - 1)) / counts.rows),
+  };
+  const { scales, orientation } = compiled;
+  const shaped = sizeOfAspect(room, compiled.graph.layout?.aspect ?? null);
+  const size = hasSameRatio(scales, orientation)
+    ? sizeOfSameRatio(scales, room, shaped, orientation.transposed)
+    : shaped;
+  return { ...size, gapX, gapY };
 }
 
 function axisRoom(axes: DrawnAxis[], place: AxisPlace): number {
@@ -267,7 +276,7 @@ function layoutOf(compiled: CompiledGraph, whole: Rectangle, named: number): Lay
   // Labels need to know how long axes are, which need to know how much room labels take.
   for (let pass = 0; pass < 3; pass += 1) {
     const size = panelSize(compiled, whole, rooms);
-    scales = scalesFor(compiled, size.width, size.height);
+    scales = scalesFor(compiled, size);
     axes = axesOf(compiled, scales, size, rooms, whole);
     const across = (each: Headers) => fitHeaders(each, size.width, size.gapX, whole.height * 0.25);
     const upright = (each: Headers) => fitHeaders(each, size.height, size.gapY, whole.width * 0.2);
@@ -293,13 +302,14 @@ function layoutOf(compiled: CompiledGraph, whole: Rectangle, named: number): Lay
     height,
     columnStarts: starts(width, gapX, counts.columns),
     rowStarts: topDown ? rowStarts : rowStarts.reverse(),
-    scales: scalesFor(compiled, width, height),
+    scales: scalesFor(compiled, { width, height }),
   };
 }
 
 /** The scales of panels of that size: with room for symbols, and equal units where the chart wants them. */
-function scalesFor(compiled: CompiledGraph, width: number, height: number): Layout['scales'] {
+function scalesFor(compiled: CompiledGraph, size: { width: number; height: number }): Layout['scales'] {
   const { orientation, symbols, chart } = compiled;
+  const { width, height } = size;
   const lengths = orientation.transposed ? { x: height, y: width } : { x: width, y: height };
   const standing = compiled.panels.flat().find((layer) => layer.kind === 'bars' || layer.kind === 'area');
   const roomy = (name: 'x' | 'y') => {
@@ -307,13 +317,8 @@ function scalesFor(compiled: CompiledGraph, width: number, height: number): Layo
     const baseline = name === 'y' && standing ? standing.baseline : null;
     return withSymbolRoom(compiled.scales[name], symbols, domain, lengths[name], baseline);
   };
-  const [x, y] = [roomy('x'), roomy('y')];
-  const fits =
-    x.method === 'linear' &&
-    y.method === 'linear' &&
-    x.direction.kind === 'number' &&
-    y.direction.kind === 'number';
-  return orientation.sameRatio && fits ? equalUnits(x, y, lengths.x, lengths.y) : { x, y };
+  const scales = { x: roomy('x'), y: roomy('y') };
+  return hasSameRatio(scales, orientation) ? equalUnits(scales, size, orientation.transposed) : scales;
 }
 
 function gridLines(layout: Layout, across: boolean): GridLines | null {

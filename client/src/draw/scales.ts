@@ -257,20 +257,3 @@ export function baselineOf(direction: Direction, panels: Layer[][]): number {
   if (!byLogarithm) return origin ?? 0;
   return origin !== null && origin > 0 ? origin : 1;
 }
-
-/** Equal lengths of the units of x and y in an area of that size: the scale that has room to spare is widened. */
-export function equalUnits(
-  x: DrawnScale,
-  y: DrawnScale,
-  width: number,
-  height: number,
-): { x: DrawnScale; y: DrawnScale } {
-  const perPixel = (scale: DrawnScale, size: number) => (scale.domain[1] - scale.domain[0]) / size;
-  const wanted = Math.max(perPixel(x, width), perPixel(y, height));
-  const widened = (scale: DrawnScale, size: number) => {
-    const middle = (scale.domain[0] + scale.domain[1]) / 2;
-    const half = (wanted * size) / 2;
-    return withFunctions({ ...scale, domain: [middle - half, middle + half] });
-  };
-  return { x: widened(x, width), y: widened(y, height) };
-}

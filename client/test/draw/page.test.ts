@@ -170,6 +170,33 @@ describe('equal units', () => {
       .map((mark) => [number(mark, 'cx'), number(mark, 'cy')] as const);
     expect((second![0] - first![0]) / 10).toBeCloseTo(first![1] - second![1], 1);
   });
+
+  test('leave at most a third of a panel without data, which is smaller then', () => {
+    for (const layout of ['', '<facetLayout cellAspect="1"/>']) {
+      const drawn = picture({ a: [40, 50, 60], b: [13, 15, 17] }, `${points}${layout}`, {
+        coordinates: `${plainAxes}<sameRatioTransform center="true"/>`,
+      });
+      const panel = drawn.svg.querySelector('g[aria-label="Data"] rect')!;
+      const places = drawn.marks('dot').map((mark) => number(mark, 'cy'));
+      const used = Math.max(...places) - Math.min(...places);
+      expect(used / number(panel, 'height')).toBeGreaterThan(0.6);
+      expect(number(panel, 'width')).toBeGreaterThan(450);
+    }
+  });
+
+  test('have one distance of ticks', () => {
+    const steps = (b: number[]) => {
+      const drawn = picture({ a: [40, 50, 60], b }, points, {
+        coordinates: `${plainAxes}<sameRatioTransform center="true"/>`,
+      });
+      return ['x axis', 'y axis'].map((name) => {
+        const [first, second] = drawn.textsOf(name).map(Number);
+        return second! - first!;
+      });
+    };
+    expect(steps([13, 15, 17])).toEqual([2, 2]);
+    expect(steps([20, 60, 80])).toEqual([10, 10]);
+  });
 });
 
 describe('panels', () => {
