@@ -2,7 +2,7 @@
 import { scaleLinear, scaleLog, scalePow, scaleSymlog, tickIncrement } from 'd3';
 import type { Domain, Scale } from '../chart/model.js';
 import { pixels, type Length } from '../chart/markup.js';
-import { decimalsOf, mostDecimals } from '../data/format.js';
+import { decimalsOf, mostDecimals, numberText } from '../data/format.js';
 import { placeOf, type Direction } from './directions.js';
 import type { Layer, Shape } from './layers.js';
 
@@ -196,6 +196,29 @@ function boundNotes(direction: Direction, panels: Layer[][], [low, high]: [numbe
   ];
 }
 
+const plainNumber = (value: number) => numberText(value, null, 'en-US');
+
+/** Says what of bars and areas is not to be seen because of where their scale begins. */
+function footNotes(direction: Direction, panels: Layer[][], [low, high]: [number, number]): string[] {
+  if (direction.name !== 'y' || direction.kind !== 'number') return [];
+  const standing = panels.flat().filter((layer) => isStanding(layer) && layer.shapes.length > 0);
+  const foot = baselineOf(direction, panels);
+  const at = foot < low ? low : foot > high ? high : foot;
+  const notes = (['bars', 'area'] as const)
+    .filter((kind) => at !== foot && standing.some((layer) => layer.kind === kind))
+    .map(
+      (kind) =>
+        `${kind === 'bars' ? 'Bars' : 'Areas'} begin at ${plainNumber(at)}, not at ${plainNumber(foot)}.`,
+    );
+  if (direction.dimension?.scale?.method !== 'log') return notes;
+  const bars = standing.filter(({ kind }) => kind === 'bars').flatMap(({ shapes }) => shapes);
+  const flat = bars.filter(({ y1, y2 }) => y1 === foot && y2 === foot).length;
+  if (flat === 0) return notes;
+  const [count, are] = flat === 1 ? ['1 bar', 'is'] : [`${flat} bars`, 'are'];
+  const where = `where bars begin on a logarithmic scale`;
+  return [...notes, `${count} ${are} not to be seen: the value is ${plainNumber(foot)}, ${where}.`];
+}
+
 /** Makes the two functions of a scale. */
 export function withFunctions(scale: Omit<DrawnScale, 'unit' | 'value'>): DrawnScale {
   const made =
@@ -239,6 +262,7 @@ export function scaleOf(
         : linearDomain(direction, reach, domain);
   if (direction.kind !== 'category' && (domain?.minimum || domain?.maximum))
     notes.push(...boundNotes(direction, panels, ordered(bounds)));
+  notes.push(...footNotes(direction, panels, ordered(bounds)));
   return withFunctions({
     direction,
     domain: ordered(bounds),

@@ -43,7 +43,7 @@ describe('scales and ticks', () => {
         rest: '<intervalDomain id="d"><range min="50" max="100" exact="true"/></intervalDomain>',
       },
     );
-    expect(drawn.notes).toEqual(['1 of 2 values lies outside the y axis.']);
+    expect(drawn.notes).toEqual(['1 of 2 values lies outside the y axis.', 'Bars begin at 50, not at 0.']);
     expect(drawn.svg.querySelectorAll('[clip-path]').length).toBeGreaterThan(0);
   });
 
@@ -79,6 +79,32 @@ describe('scales and ticks', () => {
     const negative = bars([10, -5, 1000]);
     expect(heights(negative)).toHaveLength(2);
     expect(negative.notes.join()).toContain('not above 0');
+  });
+
+  test('say where bars and areas begin if that is not their base line', () => {
+    const standing = (element: string, range: string, b = [3, 4, 12]) =>
+      picture({ a: [1, 2, 3], b }, `<${element}><x variable="a"/><y variable="b"/></${element}>`, {
+        coordinates: '<dimension/><dimension domain="d"/>',
+        rest: `<intervalDomain id="d">${range}</intervalDomain>`,
+      }).notes;
+    expect(standing('interval', '<range min="3"/>')).toEqual(['Bars begin at 3, not at 0.']);
+    expect(standing('area', '<range min="2.5"/>')).toEqual(['Areas begin at 2.5, not at 0.']);
+    expect(standing('interval', '<range max="-3"/>', [-9, -5, -4])).toEqual([
+      'Bars begin at \u22123, not at 0.',
+    ]);
+    expect(standing('interval', '<range min="-3"/>')).toEqual([]);
+    expect(standing('point', '<range min="3"/>')).toEqual([]);
+  });
+
+  test('by a logarithm say which bars are not to be seen', () => {
+    const notes = (b: number[]) =>
+      picture({ k: [1, 2, 3], b }, '<interval><x variable="k"/><y variable="b"/></interval>', {
+        categorical: kinds,
+        coordinates: '<dimension/><dimension><scale method="2"/></dimension>',
+      }).notes;
+    const why = 'not to be seen: the value is 1, where bars begin on a logarithmic scale.';
+    expect(notes([1, 10, 100])).toEqual([`1 bar is ${why}`]);
+    expect(notes([1, 1, 100])).toEqual([`2 bars are ${why}`]);
   });
 
   test('by a logarithm show a stack as high as its sum', () => {
