@@ -39,6 +39,8 @@ export interface Shape {
   label?: string;
   /** The row of the source, where it shows one. */
   row?: number;
+  /** It has no value of its own, but lies on the line between its neighbours. */
+  between?: true;
   /** How many cases it stands for, where they were counted. */
   cases?: number;
 }

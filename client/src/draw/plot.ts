@@ -58,7 +58,7 @@ const nouns: Record<Layer['kind'], [string, string]> = {
 
 /** What a group of marks shows, and how many there are. */
 export function layerName(layer: Layer): string {
-  const count = layer.shapes.length;
+  const count = layer.shapes.filter((shape) => !shape.between).length;
   const noun = nouns[layer.kind][count === 1 ? 0 : 1];
   return layer.group.name ? `${layer.group.name}: ${count} ${noun}` : `${count} ${noun}`;
 }

@@ -82,6 +82,41 @@ function stackAlongY(layers: Layer[], baseline: number): void {
   }
 }
 
+/** Between two places of an area, which is straight there. Null beside a missing value. */
+function betweenShapes(before: Shape, after: Shape, x: number): Shape | null {
+  const share = (x - before.x) / (after.x - before.x);
+  const y = before.y + share * (after.y - before.y);
+  return Number.isNaN(y) ? null : { x, y, between: true };
+}
+
+/** The shapes of an area with one at each of the places that lie within it. */
+function withPlaces(shapes: Shape[], places: Float64Array): Shape[] {
+  const result: Shape[] = [];
+  let next = 0;
+  for (const [at, shape] of shapes.entries()) {
+    const before = shapes[at - 1];
+    while (next < places.length && places[next]! < shape.x) {
+      const between = before && betweenShapes(before, shape, places[next]!);
+      if (between) result.push(between);
+      next += 1;
+    }
+    if (places[next] === shape.x) next += 1;
+    result.push(shape);
+  }
+  return result;
+}
+
+/** Areas stand on each other at all places of any of them, from their own first place to their last. */
+function alignAreas(layers: Layer[]): void {
+  const stacked = layers.filter(
+    ({ kind, element }) => kind === 'area' && element.modifier === stackModifier && element.y.length < 2,
+  );
+  if (stacked.length < 2) return;
+  const all = new Set(stacked.flatMap(({ shapes }) => shapes.map(({ x }) => x)));
+  const places = Float64Array.from(all).sort();
+  for (const layer of stacked) layer.shapes = withPlaces(layer.shapes, places);
+}
+
 /** Gives the shapes of each panel their room. */
 export function position(panels: Layer[][], x: Direction, baseline: number): void {
   // One step for all, so that bars of all panels are equally wide.
@@ -91,6 +126,7 @@ export function position(panels: Layer[][], x: Direction, baseline: number): voi
       placeAlongX(layer, x, step);
       layer.baseline = baseline;
     }
+    if (x.kind !== 'category') alignAreas(layers);
     stackAlongY(layers, baseline);
   }
 }

@@ -480,3 +480,41 @@ test('names of lines across stand where no line runs', () => {
   expect(across).toBeGreaterThan(0.4 * 600);
   expect(across).toBeLessThan(0.7 * 600);
 });
+
+describe('stacked areas', () => {
+  const areas = (a: number[], b: (number | null)[], g: number[]) =>
+    picture(
+      { a, b, g },
+      '<area positionModifier="3"><x variable="a"/><y variable="b"/><color variable="g"/></area>',
+      {
+        categorical: { g: ['low', 'high'] },
+        coordinates: `<dimension/><dimension domain="d"/>`,
+        rest: '<intervalDomain id="d"><range min="0" max="10" exact="true"/></intervalDomain>',
+      },
+    );
+  /** Of each area: how many corners it has. */
+  const corners = (drawn: Picture) =>
+    drawn.marks('area').map((mark) => (mark.getAttribute('d')!.match(/[ML]/g) ?? []).length);
+  const highest = (mark: Element) =>
+    Math.min(
+      ...Array.from(mark.getAttribute('d')!.matchAll(/[ML][\d.]+,([\d.]+)/g), (found) => Number(found[1])),
+    );
+
+  test('stand on each other where they have no place in common', () => {
+    const drawn = areas([0, 2, 4, 1, 3], [2, 2, 2, 4, 4], [1, 1, 1, 2, 2]);
+    // Five places and three, upwards and back.
+    expect(corners(drawn).sort()).toEqual([10, 6].sort());
+    const tops = drawn.marks('area').map(highest);
+    const height = Number(drawn.svg.querySelector('g[aria-label="Data"] rect')!.getAttribute('height'));
+    expect(tops.map((top) => Math.round((1 - top / height) * 10)).sort()).toEqual([2, 6]);
+    expect(drawn.names()).toContain('low: 3 places on an area');
+    expect(drawn.names()).toContain('high: 2 places on an area');
+  });
+
+  test('stay broken at missing values', () => {
+    const drawn = areas([0, 2, 4, 1, 3], [2, null, 2, 4, 4], [1, 1, 1, 2, 2]);
+    const tops = drawn.marks('area').map(highest);
+    const height = Number(drawn.svg.querySelector('g[aria-label="Data"] rect')!.getAttribute('height'));
+    expect(tops.map((top) => Math.round((1 - top / height) * 10)).sort()).toEqual([2, 4]);
+  });
+});
