@@ -218,6 +218,14 @@ function hideKinds(element: Element): void {
   }
 }
 
+/** Plot writes the usual anchor of texts on its root alone, from which `collect` takes them away. */
+function anchorTexts(element: Element): void {
+  for (const text of [element, ...Array.from(element.querySelectorAll('[data-kind="text"]'))]) {
+    if (text.getAttribute('data-kind') === 'text' && !text.hasAttribute('text-anchor'))
+      text.setAttribute('text-anchor', 'middle');
+  }
+}
+
 /** Moves what Plot has drawn into groups with names. */
 function collect(
   svg: Element,
@@ -235,6 +243,7 @@ function collect(
       const whole = element.getAttribute('data-layer')!.endsWith(' whole');
       element.removeAttribute('data-layer');
       hideKinds(element);
+      anchorTexts(element);
       if (clip && clipped && !whole) element.setAttribute('clip-path', `url(#${content.clipId})`);
     }
     const group = name === '' ? maker.make('g', {}) : maker.group(name, 'graphics-object');
