@@ -46,7 +46,7 @@ export function labelsOf(canvas: Canvas, layers: Layer[], notes: string[]): Labe
   for (const layer of layers) {
     const labeling = layer.element.labeling[0];
     if (!labeling || labeling.style.visible === false) continue;
-    const labels = placeLabels(canvas, layer, notes);
+    const labels = placeLabels(canvas, layer, layers, notes);
     const look = textLook(labeling.style, ownTexts.dataLabel);
     // Beside a box are its own whiskers, which a halo on top would cut.
     const apart = layer.kind === 'boxes';

@@ -362,7 +362,7 @@ function errorMarks(canvas: Canvas, layer: Layer): Plot.Markish[] {
 }
 
 /** The lines of a whisker's ends are half as wide as the box. */
-const capShare = 0.5;
+export const capShare = 0.5;
 
 function boxMarks(canvas: Canvas, layer: Layer): Plot.Markish[] {
   const { shapes, look } = layer;

@@ -35,4 +35,77 @@ describe('labels of bars', () => {
     expect(label.x).toBeCloseTo(numberOf(bar!, 'x') + numberOf(bar!, 'width') / 2, 0);
     expect(label.y).toBeLessThan(numberOf(bar!, 'y'));
   });
+
+  test('stand below bars that go down, and at the left of those that go to the left', () => {
+    const down = bars();
+    const [, bar] = down.marks('rect');
+    expect(placeOf(down, '\u221220').y).toBeGreaterThan(numberOf(bar!, 'y') + numberOf(bar!, 'height'));
+    const across = bars(`${plainAxes}<transposeTransform/>`);
+    const [, turned] = across.marks('rect');
+    expect(placeOf(across, '\u221220').anchor).toBe('end');
+    expect(placeOf(across, '\u221220').x).toBeLessThan(numberOf(turned!, 'x'));
+  });
+
+  test('of an inverted scale stand where the bars end on the page', () => {
+    const inverted =
+      '<dimension><axis><majorTicks/></axis></dimension><dimension><scale invert="true"/><axis><majorTicks/></axis></dimension>';
+    const drawn = bars(inverted);
+    const [bar, other] = drawn.marks('rect');
+    expect(placeOf(drawn, '30').y).toBeGreaterThan(numberOf(bar!, 'y') + numberOf(bar!, 'height'));
+    expect(placeOf(drawn, '\u221220').y).toBeLessThan(numberOf(other!, 'y'));
+  });
+});
+
+describe('labels of outliers', () => {
+  const calm = Array.from({ length: 40 }, (_, at) => 10 + (at % 5));
+  const boxes = (outliers: number[], coordinates = plainAxes) =>
+    picture(
+      {
+        k: [...calm, ...outliers].map(() => 1),
+        b: [...calm, ...outliers],
+        n: [...calm, ...outliers].map((_, at) => 1000 + at),
+      },
+      '<schema showCollidingLabels="true"><tukeyStatistic/><labeling variable="n"/><x variable="k"/><y variable="b"/></schema>',
+      { categorical: kinds, coordinates },
+    );
+  const shown = (drawn: Picture) => drawn.textsOf('Labels of data').map((text) => placeOf(drawn, text));
+
+  test('stand at the right where they have room', () => {
+    const drawn = boxes([30, 40, 60]);
+    expect(shown(drawn).map(({ anchor }) => anchor)).toEqual(['start', 'start', 'start']);
+    expect(new Set(shown(drawn).map(({ x }) => x)).size).toBe(1);
+  });
+
+  test('stand on the other side or further out where they would cover each other', () => {
+    const drawn = boxes([40, 40.01, 40.02, 40.03]);
+    const places = shown(drawn);
+    expect(places).toHaveLength(4);
+    expect(places.map(({ anchor }) => anchor).sort()).toEqual(['end', 'end', 'start', 'start']);
+    // A label of four digits has more than 20 pixels.
+    for (const side of ['start', 'end']) {
+      const [near, far] = places.filter(({ anchor }) => anchor === side).map(({ x }) => x);
+      expect(Math.abs(near! - far!)).toBeGreaterThan(20);
+    }
+    expect(drawn.notes).toEqual([]);
+  });
+
+  test('that have no room at all are counted in a note', () => {
+    const drawn = boxes(Array.from({ length: 9 }, (_, at) => 40 + at / 100));
+    expect(shown(drawn)).toHaveLength(6);
+    expect(drawn.notes).toEqual(['3 labels of outliers have no room.']);
+  });
+
+  test('of horizontal boxes go upwards and downwards', () => {
+    const drawn = boxes([40, 40.01, 40.02], `${plainAxes}<transposeTransform/>`);
+    const places = shown(drawn);
+    expect(places.map(({ anchor }) => anchor)).toEqual(['middle', 'middle', 'middle']);
+    const heights = places.map(({ y }) => y).sort((a, b) => a - b);
+    expect(heights[1]! - heights[0]!).toBeGreaterThan(10);
+    expect(heights[2]! - heights[1]!).toBeGreaterThan(10);
+  });
+
+  test('of one value that have no room together are the first and how many more', () => {
+    const many = boxes([...calm, ...calm, ...calm].concat(Array.from({ length: 30 }, () => 40)));
+    expect(many.textsOf('Labels of data')).toEqual(['1160 +29']);
+  });
 });
