@@ -262,14 +262,18 @@ function roomsOf(
   };
 }
 
+/** The share of a graph's height, or width, that the texts over its panels, or beside them, take. */
+const mostHeaders = 0.25;
+
 function layoutOf(compiled: CompiledGraph, whole: Rectangle, named: number): Layout {
   const { grid, graph } = compiled;
-  let headers: Layout['headers'] = {
+  const wanted: Layout['headers'] = {
     top: headersOf(grid, 'columns', graph, false),
     bottom: headersOf(grid, 'columns', graph, true),
     left: headersOf(grid, 'rows', graph, true),
     right: headersOf(grid, 'rows', graph, false),
   };
+  let headers = wanted;
   let rooms: Layout['rooms'] = { left: 60, right: 15, top: 10 + headers.top.room, bottom: 50 };
   let { scales } = compiled;
   let axes: DrawnAxis[] = [];
@@ -278,9 +282,9 @@ function layoutOf(compiled: CompiledGraph, whole: Rectangle, named: number): Lay
     const size = panelSize(compiled, whole, rooms);
     scales = scalesFor(compiled, size);
     axes = axesOf(compiled, scales, size, rooms, whole);
-    const across = (each: Headers) => fitHeaders(each, size.width, size.gapX, whole.height * 0.25);
-    const upright = (each: Headers) => fitHeaders(each, size.height, size.gapY, whole.width * 0.2);
-    const { top, bottom, left, right } = headers;
+    const across = (each: Headers) => fitHeaders(each, size.width, size.gapX, whole.height * mostHeaders);
+    const upright = (each: Headers) => fitHeaders(each, size.height, size.gapY, whole.width * mostHeaders);
+    const { top, bottom, left, right } = wanted;
     headers = { top: across(top), bottom: across(bottom), left: upright(left), right: upright(right) };
     rooms = roomsOf(axes, headers, named, size.width, countsOf(grid).columns);
   }

@@ -117,8 +117,7 @@ export function headersOf(grid: PanelGrid, name: 'columns' | 'rows', graph: Grap
       ...visibleLine(level, { look, rule: ruleOf(level, null), spans }),
     );
   }
-  const room = lines.reduce((sum, line) => sum + heightOf(line), 0);
-  return { lines, room: lines.length > 0 ? room + gapToPanels : 0 };
+  return { lines, room: roomOf(lines) };
 }
 
 const mostLines = 3;
@@ -126,7 +125,14 @@ const gapBetweenTexts = 8;
 /** So that no letter touches a rule. */
 const roomOfTurned = 6;
 
-function fitLine(line: HeaderLine, length: number, gap: number, mostAcross: number): HeaderLine {
+/** Texts that do not fit along the panels are turned, if they may, and shortened to `mostAcross`. */
+function fitLine(
+  line: HeaderLine,
+  length: number,
+  gap: number,
+  mayTurn: boolean,
+  mostAcross: number,
+): HeaderLine {
   const { look, spans } = line;
   const spare = spans.length > 1 ? Math.max(0, gapBetweenTexts - gap) : 0;
   const rooms = spans.map(({ from, to }) => (to - from) * (length + gap) - gap - spare);
@@ -135,7 +141,7 @@ function fitLine(line: HeaderLine, length: number, gap: number, mostAcross: numb
     text.split(/\s+/).every((word) => textWidth(word, look) <= rooms[at]!),
   );
   const fits = whole && wrapped.every((lines) => lines.length <= mostLines);
-  const turned = !fits && spans.length > 1 && rooms.every((room) => room >= look.size);
+  const turned = mayTurn && !fits && spans.length > 1 && rooms.every((room) => room >= look.size);
   const lines = spans.map(({ text }, at) =>
     fits ? wrapped[at]! : [shorten(text, turned ? mostAcross : Math.max(1, rooms[at]!), look)],
   );
@@ -148,11 +154,32 @@ function fitLine(line: HeaderLine, length: number, gap: number, mostAcross: numb
   };
 }
 
-/** Texts of panels that long, with gaps between them, wrapped or turned; shortened only where that is not enough. */
-export function fitHeaders(headers: Headers, length: number, gap: number, mostAcross: number): Headers {
-  const lines = headers.lines.map((line) => fitLine(line, length, gap, mostAcross));
-  const room = lines.reduce((sum, line) => sum + heightOf(line), 0);
-  return { lines, room: lines.length > 0 ? room + gapToPanels : 0 };
+const roomOf = (lines: HeaderLine[]) =>
+  lines.length > 0 ? lines.reduce((sum, line) => sum + heightOf(line), 0) + gapToPanels : 0;
+
+/** What their look is multiplied with where texts of panels would take too much of the page. */
+const scales = [1, 0.9, 0.8, 0.7, 0.6];
+
+/** In panels that are narrower than so many sizes of their texts a shortened one would say nothing. */
+const leastSizes = 4;
+
+/**
+ * Texts of panels that long, with gaps between them, wrapped or turned. Where all of them would take more than `most`
+ * they are smaller; where that is not enough they are not turned, but shortened.
+ */
+export function fitHeaders(headers: Headers, length: number, gap: number, most: number): Headers {
+  const fit = (scale: number, mayTurn: (look: TextLook) => boolean, mostAcross: number) =>
+    headers.lines.map((line) => {
+      const look = { ...line.look, size: line.look.size * scale };
+      return fitLine({ ...line, look }, length, gap, mayTurn(look), mostAcross);
+    });
+  for (const scale of scales) {
+    const lines = fit(scale, () => true, most);
+    if (roomOf(lines) <= most) return { lines, room: roomOf(lines) };
+  }
+  const share = (most / Math.max(1, headers.lines.length)) * 1.25;
+  const lines = fit(scales[scales.length - 1]!, (look) => length < leastSizes * look.size, share);
+  return { lines, room: roomOf(lines) };
 }
 
 type Span = HeaderLine['spans'][number];

@@ -109,3 +109,42 @@ describe('labels of outliers', () => {
     expect(many.textsOf('Labels of data')).toEqual(['1160 +29']);
   });
 });
+
+describe('texts of panels', () => {
+  const large = (names: string[]) =>
+    picture(
+      { a: names.map(() => 1), b: names.map(() => 1), k: names.map((_, at) => at + 1) },
+      '<point><x variable="a"/><y variable="b"/></point><faceting><cross><variableReference ref="k"/></cross></faceting>' +
+        '<facetLayout><facetLevel level="1"><axis><label style="s"><text>Group</text></label><majorTicks style="s"/></axis></facetLevel></facetLayout>',
+      { categorical: { k: names }, rest: '<style id="s" font_size="24pt"/>' },
+    );
+  const sizes = (drawn: Picture) =>
+    Array.from(drawn.svg.querySelectorAll('g[aria-label="Columns of panels"] text')).map((text) =>
+      numberOf(text, 'font-size'),
+    );
+  /** The height of a panel of a page of 500 pixels, whose axis takes less than 50. */
+  const panelHeight = (drawn: Picture) =>
+    numberOf(drawn.svg.querySelector('g[aria-label^="Panel:"] rect')!, 'height');
+
+  test('become smaller, and are not turned, where they would take more than a quarter of the graph', () => {
+    const drawn = large(['Torgersen Island', 'Biscoe Islands', 'Dreamlike Island', 'Another Island']);
+    expect(panelHeight(drawn)).toBeGreaterThan(0.75 * 500 - 50);
+    for (const size of sizes(drawn)) {
+      expect(size).toBeLessThan(32);
+      expect(size).toBeGreaterThanOrEqual(0.6 * 32);
+    }
+    expect(drawn.textsOf('Columns of panels').slice(1)).toEqual([
+      'TorgersenIsland',
+      'BiscoeIslands',
+      'DreamlikeIsland',
+      'AnotherIsland',
+    ]);
+  });
+
+  test('are shortened where that is not enough', () => {
+    const drawn = large(Array.from({ length: 5 }, (_, at) => `Unbreakable-name-number-${at}`));
+    expect(panelHeight(drawn)).toBeGreaterThan(0.75 * 500 - 50);
+    expect(drawn.textsOf('Columns of panels')[1]).toMatch(/^Unbr.*\u2026$/);
+    expect(drawn.notes).toContain('Labels of panels that have no room are shortened.');
+  });
+});
