@@ -4,7 +4,7 @@ import type { Data } from '../data/columns.js';
 import { none, readable, safeColor } from './colors.js';
 import type { Figures } from './figures.js';
 import { drawBox, drawFrame, hasBox, frameTexts, layFrame, type LaidFrame } from './frames.js';
-import { drawGraph, type CompiledGraph } from './graph.js';
+import { drawGraph, type CompiledGraph, type LineNames } from './graph.js';
 import {
   drawLegend,
   layLegend,
@@ -18,8 +18,9 @@ import { shares } from './legendlayout.js';
 import { ownTexts } from './looks.js';
 import { pageSize, Places, rectangle, type Rectangle } from './page.js';
 import { Patterns } from './patterns.js';
+import { smallText } from './smalltexts.js';
 import type { Maker } from './svg.js';
-import { lineHeight, textWidth, wrap } from './text.js';
+import { lineHeight, widest, wrap, type TextLook } from './text.js';
 
 type Side = 'left' | 'right' | 'top' | 'bottom' | 'free';
 
@@ -231,23 +232,23 @@ function layPage(
   return { width, height, frames, legends, graphs: rooms };
 }
 
-/** Lines that a legend does not explain are named at their ends. */
-function nameLines(compiled: CompiledGraph, chart: Chart): { text: string; color: string; y: number }[] {
+/** Lines that a legend does not explain are named at their ends, or within panels that have no room there. */
+function nameLines(compiled: CompiledGraph, chart: Chart): LineNames {
   const explained = new Set(chart.legends.flatMap((legend) => legend.targets));
-  if (compiled.grid.panels.length !== 1 || compiled.orientation.transposed) return [];
-  return (compiled.panels[0] ?? []).flatMap((layer) => {
-    const { element } = layer;
-    if (
-      layer.kind !== 'line' ||
-      element.name === '' ||
-      explained.has(element.id) ||
-      layer.group.categories.length > 0
-    )
-      return [];
-    const shown = layer.shapes.filter((shape) => !Number.isNaN(shape.y));
-    const last = shown[shown.length - 1];
-    return last ? [{ text: element.name, color: layer.look.stroke, y: last.y }] : [];
+  const look = { ...smallText([compiled.graph], ownTexts.guideLabel), weight: 'bold' };
+  const named = compiled.panels.flat().filter(({ kind, element, group, look, shapes }) => {
+    const isNamed = kind === 'line' && element.name !== '' && !explained.has(element.id) && look.visible;
+    return isNamed && group.categories.length === 0 && shapes.some((shape) => !Number.isNaN(shape.y));
   });
+  if (compiled.grid.panels.length !== 1 || compiled.orientation.transposed) {
+    const within = named.map((layer) => [layer, { ...look, color: layer.look.stroke }] as const);
+    return { beside: [], within: new Map(within), look };
+  }
+  const beside = named.map((layer) => {
+    const shown = layer.shapes.filter((shape) => !Number.isNaN(shape.y));
+    return { text: layer.element.name, color: layer.look.stroke, y: shown[shown.length - 1]!.y };
+  });
+  return { beside, within: new Map(), look };
 }
 
 /** What the chart shows is told below it, where a reader could not know it. */
@@ -266,6 +267,7 @@ function drawNotes(
   texts: string[],
   width: number,
   top: number,
+  own: TextLook,
   paper: string,
   maker: Maker,
 ): { group: SVGElement | null; height: number } {
@@ -274,7 +276,7 @@ function drawNotes(
     texts.length > mostNotes
       ? [...texts.slice(0, mostNotes), `And ${texts.length - mostNotes} more notes.`]
       : texts;
-  const look = { ...ownTexts.note, color: readable(paper, ownTexts.note.color) };
+  const look = { ...own, color: readable(paper, own.color) };
   const lines = shown.flatMap((text) => wrap(text, width - 2 * pageMargin, look));
   const group = maker.group('Notes', 'note');
   group.append(maker.text(lines, pageMargin, top + look.size, look));
@@ -299,15 +301,16 @@ export function compose(
   const pageColor = safeColor(chart.pageStyle.color) ?? '#ffffff';
   const patterns = new Patterns(maker, pageColor === none ? '#ffffff' : pageColor);
   const drawn = graphs.map((compiled, at) => {
-    const named = nameLines(compiled, chart);
-    const look = { ...ownTexts.guideLabel, size: 12, weight: 'bold' };
-    const room = named.length > 0 ? Math.max(...named.map(({ text }) => textWidth(text, look))) + 14 : 0;
+    const lineNames = nameLines(compiled, chart);
+    const { beside, look } = lineNames;
+    const names = beside.map(({ text }) => text);
+    const room = names.length > 0 ? widest(names, look) + 1.2 * look.size : 0;
     const scope = {
       patterns,
       maker,
       paper: pageColor,
       clipPrefix: `${maker.prefix}-clip-${at}`,
-      lineNames: named,
+      lineNames,
     };
     return drawGraph(compiled, layout.graphs[at]!, room, scope);
   });
@@ -319,6 +322,7 @@ export function compose(
     [...captionsOf(graphs), ...new Set(notes)],
     layout.width,
     layout.height,
+    smallText(chart.graphs, ownTexts.note),
     pageColor,
     maker,
   );

@@ -27,7 +27,6 @@ import {
   type Headers,
 } from './headers.js';
 import type { Layer } from './layers.js';
-import { ownTexts } from './looks.js';
 import type { Neighbours } from './neighbours.js';
 import { isReflected, orientationOf, type Orientation } from './orientation.js';
 import { showOverlaid } from './overlaid.js';
@@ -41,6 +40,7 @@ import { commonTicks, equalUnits, hasSameRatio, sizeOfAspect, sizeOfSameRatio } 
 import { baselineOf, scaleOf, withFunctions, type DrawnScale } from './scales.js';
 import type { Maker } from './svg.js';
 import { symbolReaches, withSymbolRoom, type SymbolReach } from './symbolroom.js';
+import { lineHeight, type TextLook } from './text.js';
 import { reachBeyond, type Tick } from './ticks.js';
 import { flatNotes, panelNotes, scaleNotes } from './unhonoured.js';
 import type { Data } from '../data/columns.js';
@@ -84,7 +84,7 @@ export function compileGraph(graph: Graph, chart: Chart, data: Data, notes: stri
   }
   position(panels, x, baselineOf(y, panels));
   notes.push(...showOverlaid(panels));
-  const guides = guidesOf(graph.guides, x, y, notes);
+  const guides = guidesOf(graph, x, y, notes);
   const places = (name: 'x' | 'y') => guides.flatMap(({ at }) => (at?.direction === name ? [at.place] : []));
   const scales = {
     x: scaleOf(x, panels, places('x'), notes),
@@ -379,29 +379,32 @@ export interface GraphScope {
   maker: Maker;
   paper: string;
   clipPrefix: string;
-  /** Names beside the ends of lines. */
-  lineNames: { text: string; color: string; y: number }[];
+  lineNames: LineNames;
 }
 
-const leastDistance = 15;
+/** What lines are called that no legend explains. */
+export interface LineNames {
+  /** Beside the ends of lines, at a place along y. */
+  beside: { text: string; color: string; y: number }[];
+  /** Within panels. */
+  within: Map<Layer, TextLook>;
+  look: TextLook;
+}
 
 /** Names at the heights of their lines, moved apart where they would cover each other. */
 function drawLineNames(layout: Layout, scope: GraphScope): SVGElement {
   const { maker } = scope;
   const group = maker.group('Names of lines', 'group');
-  const wanted = scope.lineNames
+  const { beside, look } = scope.lineNames;
+  const wanted = beside
     .map((name) => ({ ...name, at: (1 - layout.scales.y.unit(name.y)) * layout.height }))
     .sort((a, b) => a.at - b.at);
   let last = -Infinity;
   for (const name of wanted) {
-    last = Math.max(name.at, last + leastDistance);
-    const look = {
-      ...ownTexts.guideLabel,
-      size: 12,
-      weight: 'bold',
-      color: readableShade(scope.paper, name.color),
-    };
-    group.append(maker.text([name.text], layout.width + 6, last + 4, look));
+    last = Math.max(name.at, last + lineHeight(look));
+    const color = readableShade(scope.paper, name.color);
+    const x = layout.width + look.size / 2;
+    group.append(maker.text([name.text], x, last + look.size * 0.35, { ...look, color }));
   }
   return group;
 }
@@ -442,6 +445,7 @@ function drawOne(
     name: panelName(panel, compiled),
     layers: compiled.panels[at]!,
     guides: compiled.guides,
+    lineNames: scope.lineNames.within,
     canvas: {
       ...scales,
       transposed,
@@ -511,7 +515,7 @@ export function drawGraph(
   const allWidth = Math.max(...layout.columnStarts) + layout.width;
   const allHeight = Math.max(...layout.rowStarts) + layout.height;
   group.append(...drawHeaders(layout, allWidth, allHeight, maker));
-  if (scope.lineNames.length > 0) group.append(drawLineNames(layout, scope));
+  if (scope.lineNames.beside.length > 0) group.append(drawLineNames(layout, scope));
   for (const axis of layout.axes) {
     const title = drawAxisTitle(axis, allWidth, allHeight, layout.rooms, maker);
     if (title) group.append(title);

@@ -1,46 +1,59 @@
 /** Reference lines and function lines, and their names beside them. */
 import * as Plot from '@observablehq/plot';
-import { leastIndex } from 'd3';
-import type { Guide } from '../chart/model.js';
+import type { Graph, Guide } from '../chart/model.js';
 import { parseExpression, type Expression } from '../data/expression.js';
-import { none, readable } from './colors.js';
+import { readable } from './colors.js';
 import { holds } from './conditions.js';
 import { placeOf, type Direction } from './directions.js';
 import { ownLook, ownTexts, styled, type Look } from './looks.js';
-import type { Layer, Shape } from './layers.js';
+import type { Layer } from './layers.js';
+import {
+  alongLine,
+  linesOfName,
+  nameMark,
+  placesAlong,
+  spotOf,
+  Surroundings,
+  type NamePlace,
+  type Spot,
+} from './linenames.js';
 import type { Canvas } from './marks.js';
 import type { Panel } from './panels.js';
-import { textWidth } from './text.js';
+import { smallText } from './smalltexts.js';
+import type { TextLook } from './text.js';
 
 /** A guide as it is drawn: at a place along a direction, or along a function of x. */
 export interface DrawnGuide {
   guide: Guide;
   look: Look;
+  /** The look of its name. */
+  text: TextLook;
   at: { direction: 'x' | 'y'; place: number } | null;
   expression: Expression | null;
 }
 
 /** The guides that can be drawn; what cannot is noted. */
-export function guidesOf(guides: Guide[], x: Direction, y: Direction, notes: string[]): DrawnGuide[] {
-  return guides.flatMap((guide): DrawnGuide[] => {
+export function guidesOf(graph: Graph, x: Direction, y: Direction, notes: string[]): DrawnGuide[] {
+  const text = smallText([graph], ownTexts.guideLabel);
+  return graph.guides.flatMap((guide): DrawnGuide[] => {
     if (guide.kind !== 'line' && guide.kind !== 'function') return [];
     const kind = guide.kind === 'function' ? { ...ownLook('guide'), dashes: [] } : ownLook('guide');
     const look = styled(kind, guide.style, 'guide');
     for (const direction of [x, y]) {
-      const text = guide[direction.name];
-      const place = text ? placeOf(direction, text) : null;
+      const wanted = guide[direction.name];
+      const place = wanted ? placeOf(direction, wanted) : null;
       if (place !== null)
-        return [{ guide, look, at: { direction: direction.name, place }, expression: null }];
+        return [{ guide, look, text, at: { direction: direction.name, place }, expression: null }];
     }
-    const text = guide.value ?? guide.y ?? '';
+    const formula = guide.value ?? guide.y ?? '';
     try {
-      const expression = parseExpression(text);
+      const expression = parseExpression(formula);
       const unknown = expression.names.find((name) => name !== 'x');
       if (unknown) throw new Error(`${unknown} is not known`);
-      return [{ guide, look, at: null, expression }];
+      return [{ guide, look, text, at: null, expression }];
     } catch (error) {
       const reason = error instanceof Error ? error.message : String(error);
-      notes.push(`The guide ${guide.name || guide.id} at "${text}" is not drawn: ${reason}.`);
+      notes.push(`The guide ${guide.name || guide.id} at "${formula}" is not drawn: ${reason}.`);
       return [];
     }
   });
@@ -58,79 +71,6 @@ function curve(expression: Expression, canvas: Canvas): { x: number; y: number }
   });
 }
 
-interface NamePlace {
-  /** Shares of the width, and of the height from below. */
-  across: number;
-  up: number;
-  anchor: 'start' | 'end';
-  above: boolean;
-}
-
-/** The place of a shape in pixels, from the left and from below. */
-function pixelsOf(shape: Shape, canvas: Canvas): [number, number] {
-  const [x, y] = [canvas.x.unit(shape.x), canvas.y.unit(shape.y)];
-  return canvas.transposed ? [y * canvas.width, x * canvas.height] : [x * canvas.width, y * canvas.height];
-}
-
-/** Pieces of a line that are looked at by themselves are that long, in pixels. */
-const pieceOfLine = 6;
-
-/** Places between two corners of a line, where it runs on. */
-function between([x1, y1]: [number, number], [x2, y2]: [number, number]): [number, number][] {
-  const pieces = Math.ceil(Math.hypot(x2 - x1, y2 - y1) / pieceOfLine);
-  if (!Number.isFinite(pieces) || pieces > 1_000) return [];
-  return Array.from({ length: Math.max(0, pieces - 1) }, (_, at) => {
-    const share = (at + 1) / pieces;
-    return [x1 + share * (x2 - x1), y1 + share * (y2 - y1)];
-  });
-}
-
-/** All places that marks cover, as far as names have to keep away from them. */
-function coveredPlaces(canvas: Canvas, layers: Layer[]): [number, number][] {
-  return layers.flatMap((layer) => {
-    const places = layer.shapes.map((shape) => pixelsOf(shape, canvas));
-    if (layer.kind !== 'line') return places;
-    return places.flatMap((place, at) => (at === 0 ? [place] : [...between(places[at - 1]!, place), place]));
-  });
-}
-
-/** How many marks a name there would cover. */
-function covered(place: NamePlace, name: string, canvas: Canvas, marks: [number, number][]): number {
-  const width = textWidth(name, ownTexts.guideLabel) + 8;
-  const height = ownTexts.guideLabel.size + 6;
-  const left = place.across * canvas.width - (place.anchor === 'end' ? width : 0);
-  const bottom = place.up * canvas.height - (place.above ? 0 : height);
-  if (left < -1 || left + width > canvas.width + 1) return Infinity;
-  const hides = ([across, up]: [number, number]) =>
-    across >= left && across <= left + width && up >= bottom && up <= bottom + height;
-  return marks.filter(hides).length;
-}
-
-/** The first of the places where a name covers the fewest shapes. */
-function freest(places: NamePlace[], name: string, canvas: Canvas, layers: Layer[]): NamePlace {
-  const marks = coveredPlaces(canvas, layers);
-  return places[leastIndex(places, (place) => covered(place, name, canvas, marks)) ?? 0]!;
-}
-
-function nameMark(name: string, place: NamePlace, canvas: Canvas, line: Look): Plot.Markish {
-  const look = ownTexts.guideLabel;
-  const [across, upright] = canvas.transposed ? [canvas.y, canvas.x] : [canvas.x, canvas.y];
-  return Plot.text([{ x: across.value(place.across), y: upright.value(place.up) }], {
-    x: 'x',
-    y: 'y',
-    text: () => name,
-    textAnchor: place.anchor,
-    lineAnchor: place.above ? 'bottom' : 'top',
-    dx: place.anchor === 'end' ? -5 : 5,
-    dy: place.above ? -4 : 4,
-    fontFamily: look.family,
-    fontSize: look.size,
-    fill: readable(canvas.paper, look.color, line.stroke),
-    stroke: canvas.paper === none ? '#ffffff' : canvas.paper,
-    strokeWidth: 3,
-  });
-}
-
 const stroke = (look: Look) => ({
   stroke: look.stroke,
   strokeWidth: look.strokeWidth,
@@ -140,63 +80,101 @@ const stroke = (look: Look) => ({
 });
 
 interface GuideMarks {
+  title: string;
   line: Plot.Markish;
   name: Plot.Markish | null;
 }
 
-function lineMarks(drawn: DrawnGuide, canvas: Canvas, layers: Layer[]): GuideMarks {
-  const { direction, place } = drawn.at!;
-  const upright = (direction === 'x') === !canvas.transposed;
-  const at = (direction === 'x' ? canvas.x : canvas.y).unit(place);
-  const line = upright ? Plot.ruleX([place], stroke(drawn.look)) : Plot.ruleY([place], stroke(drawn.look));
-  const { name } = drawn.guide;
-  if (!name || at < 0 || at > 1) return { line, name: null };
-  const beside = (up: number): NamePlace[] => [
-    { across: at, up, anchor: at > 0.75 ? 'end' : 'start', above: up === 0 },
-    { across: at, up, anchor: at > 0.75 ? 'start' : 'end', above: up === 0 },
-  ];
-  // At an end of the line, above or below it, before places that are not at an end.
-  const sides = [true, false];
-  const ends = sides.flatMap((above): NamePlace[] => [
-    { across: 1, up: at, anchor: 'end', above },
-    { across: 0, up: at, anchor: 'start', above },
-  ]);
-  const inner = [0.9, 0.8, 0.7, 0.6, 0.5, 0.4, 0.3].flatMap((across) =>
-    sides.map((above): NamePlace => ({ across, up: at, anchor: 'end', above })),
+/** Whether a straight line runs from below to the top of the page. */
+const isUpright = ({ at }: DrawnGuide, canvas: Canvas) => (at!.direction === 'x') === !canvas.transposed;
+
+/** Where a straight line is between 0 and 1 of what it crosses. */
+const shareOf = ({ at }: DrawnGuide, canvas: Canvas) =>
+  (at!.direction === 'x' ? canvas.x : canvas.y).unit(at!.place);
+
+/** The places that a guide runs through. */
+function runOf(drawn: DrawnGuide, canvas: Canvas): Spot[] {
+  const { width, height } = canvas;
+  if (!drawn.at) {
+    const shown = curve(drawn.expression!, canvas).filter(({ y }) => !Number.isNaN(y));
+    return shown.map((place) => spotOf(place, canvas));
+  }
+  const at = shareOf(drawn, canvas);
+  if (!(at >= 0 && at <= 1)) return [];
+  return alongLine(
+    isUpright(drawn, canvas)
+      ? [
+          [at * width, 0],
+          [at * width, height],
+        ]
+      : [
+          [0, at * height],
+          [width, at * height],
+        ],
   );
-  const places = upright ? [...beside(1), ...beside(0)] : [...ends, ...inner];
-  return { line, name: nameMark(name, freest(places, name, canvas, layers), canvas, drawn.look) };
 }
 
-function functionMarks(drawn: DrawnGuide, canvas: Canvas, layers: Layer[]): GuideMarks {
+/** Shares of an upright line at which its name may stand, from the top. */
+const heights = [1, 0, 0.9, 0.8, 0.7, 0.6, 0.5, 0.4, 0.3, 0.2, 0.1];
+
+/** Beside an upright line, first at its ends. */
+function placesBeside(at: number, { width, height }: Canvas): NamePlace[] {
+  const anchors = at > 0.75 ? (['end', 'start'] as const) : (['start', 'end'] as const);
+  return heights.flatMap((up) =>
+    anchors.map((anchor): NamePlace => ({ spot: [at * width, up * height], anchor, above: up === 0 })),
+  );
+}
+
+function lineOf(drawn: DrawnGuide, canvas: Canvas): Plot.Markish {
+  if (drawn.at) {
+    const { place } = drawn.at;
+    const upright = isUpright(drawn, canvas);
+    return upright ? Plot.ruleX([place], stroke(drawn.look)) : Plot.ruleY([place], stroke(drawn.look));
+  }
   const places = curve(drawn.expression!, canvas);
-  const shown = places.filter(({ y }) => !Number.isNaN(y));
   const turned = canvas.transposed ? places.map(({ x, y }) => ({ x: y, y: x })) : places;
-  const line = Plot.line(turned, { x: 'x', y: 'y', ...stroke(drawn.look) });
-  const { name } = drawn.guide;
-  if (!name || shown.length === 0) return { line, name: null };
-  const ends = [shown[shown.length - 1]!, shown[0]!].map(({ x, y }, at): NamePlace => {
-    const [across, up] = canvas.transposed
-      ? [canvas.y.unit(y), canvas.x.unit(x)]
-      : [canvas.x.unit(x), canvas.y.unit(y)];
-    return { across, up, anchor: at === 0 ? 'end' : 'start', above: up < 0.95 };
-  });
-  return { line, name: nameMark(name, freest(ends, name, canvas, layers), canvas, drawn.look) };
+  return Plot.line(turned, { x: 'x', y: 'y', ...stroke(drawn.look) });
 }
 
-/** The marks of a guide in a panel; null where a condition hides it there. */
-export function guideMarks(
-  drawn: DrawnGuide,
-  panel: Panel,
-  canvas: Canvas,
-  layers: Layer[],
-  notes: string[],
-): GuideMarks | null {
+function nameOf(drawn: DrawnGuide, run: Spot[], around: Surroundings, notes: string[]): Plot.Markish | null {
+  const { canvas } = around;
+  const { name } = drawn.guide;
+  if (!name || run.length === 0) return null;
+  const color = readable(canvas.paper, drawn.text.color, drawn.look.stroke);
+  const look = { ...drawn.text, color };
+  const upright = drawn.at !== null && isUpright(drawn, canvas);
+  const share = upright ? shareOf(drawn, canvas) : 0;
+  const lines = linesOfName(name, Math.max(share, 1 - share) * canvas.width, look);
+  const places = upright ? placesBeside(share, canvas) : placesAlong(run);
+  const place = around.freest(places, lines, look, drawn.at ? run : null);
+  if (!place) notes.push(`The name of the line "${name}" has no room.`);
+  return place && nameMark(lines, place, canvas, look);
+}
+
+/** A guide in a panel, as its conditions there want it; null where they hide it. */
+function guideIn(drawn: DrawnGuide, panel: Panel, notes: string[]): DrawnGuide | null {
   let { look } = drawn;
   for (const condition of drawn.guide.conditions) {
     if (holds(condition.when, panel, notes)) look = styled(look, condition.style, 'guide');
   }
-  if (!look.visible) return null;
-  const here = { ...drawn, look };
-  return drawn.at ? lineMarks(here, canvas, layers) : functionMarks(here, canvas, layers);
+  return look.visible ? { ...drawn, look } : null;
+}
+
+/** The guides of a panel with their names, and what further names have to keep away from. */
+export function guideMarks(
+  guides: DrawnGuide[],
+  panel: Panel,
+  canvas: Canvas,
+  layers: Layer[],
+  notes: string[],
+): { guides: GuideMarks[]; around: Surroundings } {
+  const shown = guides.flatMap((drawn) => guideIn(drawn, panel, notes) ?? []);
+  const runs = shown.map((drawn) => runOf(drawn, canvas));
+  const around = new Surroundings(canvas, layers, runs);
+  const made = shown.map((drawn, at) => ({
+    title: drawn.guide.name,
+    line: lineOf(drawn, canvas),
+    name: nameOf(drawn, runs[at]!, around, notes),
+  }));
+  return { guides: made, around };
 }

@@ -4,16 +4,18 @@ import { group as groupBy } from 'd3';
 import { pixels } from '../chart/markup.js';
 import type { Style } from '../chart/model.js';
 import { lineColor } from './axes.js';
-import { none } from './colors.js';
+import { none, readableShade } from './colors.js';
 import { guideMarks, type DrawnGuide } from './guides.js';
 import type { Layer, Shape } from './layers.js';
 import { stackDots } from './dots.js';
 import { labelsOf } from './labelmarks.js';
+import { layerNameMark, type Surroundings } from './linenames.js';
 import { isWhole, marksAbove, marksOf, type Canvas } from './marks.js';
 import type { Panel } from './panels.js';
 import { drawSlices } from './pie.js';
 import type { DrawnScale } from './scales.js';
 import type { Maker } from './svg.js';
+import type { TextLook } from './text.js';
 
 const types: Record<DrawnScale['method'], Plot.ScaleType> = {
   linear: 'linear',
@@ -76,6 +78,8 @@ export interface PanelContent {
   name: string;
   layers: Layer[];
   guides: DrawnGuide[];
+  /** Lines that have their names within the panel. */
+  lineNames: Map<Layer, TextLook>;
   canvas: Canvas;
   gridlines: { across: GridLines | null; upright: GridLines | null };
   frame: PanelFrame;
@@ -132,17 +136,26 @@ function contentOf(content: PanelContent): Named[] {
     if (late.length > 0) above.push({ name: marks.length > 0 ? '' : name, marks: late, clipped: true });
   }
   named.push(...above);
-  const guides = content.guides.flatMap((guide) => {
-    const made = guideMarks(guide, content.panel, canvas, layers, content.notes);
-    return made ? [{ made, name: guide.guide.name }] : [];
-  });
-  for (const { made, name } of guides) {
-    named.push({ name: name ? `Guide: ${name}` : 'Guide', marks: [made.line], clipped: true });
+  const { guides, around } = guideMarks(content.guides, content.panel, canvas, layers, content.notes);
+  for (const { line, title } of guides) {
+    named.push({ name: title ? `Guide: ${title}` : 'Guide', marks: [line], clipped: true });
   }
-  for (const { made } of guides) if (made.name) named.push({ name: '', marks: [made.name], clipped: false });
+  for (const { name } of guides) if (name) named.push({ name: '', marks: [name], clipped: false });
+  named.push(...namesOf(content, around));
   named.push(...baselineOf(content));
   if (labels.above.length > 0) named.push({ name: 'Labels of data', marks: labels.above, clipped: false });
   return named;
+}
+
+/** The names of lines that nothing else explains. */
+function namesOf({ layers, lineNames, canvas, notes }: PanelContent, around: Surroundings): Named[] {
+  return layers.flatMap((layer) => {
+    const look = lineNames.get(layer);
+    if (!look) return [];
+    const mark = layerNameMark(layer, around, { ...look, color: readableShade(canvas.paper, look.color) });
+    if (!mark) notes.push(`The name of the line "${layer.element.name}" has no room.`);
+    return mark ? [{ name: '', marks: [mark], clipped: false }] : [];
+  });
 }
 
 /** The line on which bars stand. */

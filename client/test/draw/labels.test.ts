@@ -148,3 +148,83 @@ describe('texts of panels', () => {
     expect(drawn.notes).toContain('Labels of panels that have no room are shortened.');
   });
 });
+
+describe('names of lines', () => {
+  const series = { a: [0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10], b: [5, 0, 5, 0, 5, 0, 5, 0, 5, 0, 5] };
+  const line = '<line id="l" name="The line"><x variable="a"/><y variable="b"/></line>';
+  const name = (drawn: Picture, text: string) =>
+    Array.from(drawn.svg.querySelectorAll('text')).find((each) => each.textContent === text)!;
+
+  test('and of guides have the font of the labels of axes, a little smaller', () => {
+    const axes =
+      '<dimension><axis><majorTicks style="s"/></axis></dimension><dimension><axis><majorTicks/></axis></dimension>';
+    const drawn = picture(series, `${line}<lineGuide name="The guide" y="2"/><planeGuide name="p"/>`, {
+      coordinates: axes,
+      rest: '<style id="s" font_size="15pt" font_family="serif"/>',
+    });
+    const note = drawn.svg.querySelector('g[aria-label="Notes"] text')!;
+    for (const text of [name(drawn, 'The line'), name(drawn, 'The guide'), note]) {
+      expect(Number(drawn.look(text, 'font-size'))).toBeCloseTo(0.92 * 20, 0);
+      expect(drawn.look(text, 'font-family')).toContain('Times');
+    }
+  });
+
+  test('stand in the panels that have the line, also in transposed charts', () => {
+    const panels = '<faceting><cross><variableReference ref="k"/></cross></faceting>';
+    const faceted = picture({ ...series, k: series.a.map((at) => (at < 5 ? 1 : 2)) }, line + panels, {
+      categorical: kinds,
+    });
+    expect(faceted.texts().filter((text) => text === 'The line')).toHaveLength(2);
+    expect(faceted.notes).toEqual([]);
+    const turned = picture(series, line, { coordinates: `${plainAxes}<transposeTransform/>` });
+    expect(turned.texts()).toContain('The line');
+  });
+
+  test('that have no room are told in a note', () => {
+    const panels = '<faceting><cross><variableReference ref="k"/></cross></faceting>';
+    const long = `<line id="l" name="${'Unbreakable'.repeat(20)}"><x variable="a"/><y variable="b"/></line>`;
+    const many = { a: [] as number[], b: [] as number[], k: [] as number[] };
+    for (let at = 0; at < 400; at += 1) {
+      many.a.push(at % 2);
+      many.b.push(at % 3);
+      many.k.push(1 + (at % 40));
+    }
+    const texts = Array.from({ length: 40 }, (_, at) => `c${at}`);
+    const drawn = picture(many, long + panels, { categorical: { k: texts } });
+    expect(drawn.notes).toContain(`The name of the line "${'Unbreakable'.repeat(20)}" has no room.`);
+  });
+
+  /** The rectangle of a name of a guide, from the left and the top of its panel. */
+  const rectangleOf = (drawn: Picture, text: string) => {
+    const found = name(drawn, text);
+    const [across, down] = [found, found.parentNode as Element]
+      .map((each) => /translate\(([-\d.]+),([-\d.]+)\)/.exec(each.getAttribute('transform') ?? ''))
+      .reduce(([x, y], match) => [x! + Number(match?.[1] ?? 0), y! + Number(match?.[2] ?? 0)], [0, 0]);
+    const width = 0.5 * 11 * text.length;
+    const left = drawn.look(found, 'text-anchor') === 'end' ? across! - width : across!;
+    return { left, right: left + width, down: down! };
+  };
+
+  test('of guides that lie close to each other are on both sides of them', () => {
+    const drawn = picture(
+      { a: [0, 10], b: [0, 10] },
+      '<point><x variable="a"/><y variable="b"/></point><lineGuide name="First" y="5"/><lineGuide name="Second" y="5.05"/>',
+    );
+    const rules = drawn.marks('rule').map((mark) => numberOf(mark, 'y1'));
+    const [low, high] = [Math.max(...rules), Math.min(...rules)];
+    const downs = ['First', 'Second'].map((text) => rectangleOf(drawn, text).down);
+    for (const down of downs) expect(down < high || down > low).toBe(true);
+    expect(Math.abs(downs[0]! - downs[1]!)).toBeGreaterThan(5);
+  });
+
+  test('of upright guides are wrapped where they would leave the panel', () => {
+    const drawn = picture(
+      { a: [0, 10], b: [0, 10] },
+      `<point><x variable="a"/><y variable="b"/></point><lineGuide name="${'A long name of a line '.repeat(4).trim()}" x="5"/>`,
+    );
+    const shown = drawn.texts().filter((text) => text.startsWith('A long name'));
+    expect(shown).toEqual([
+      'A long name of a line A long name of a line A long nameof a line A long name of a line',
+    ]);
+  });
+});
