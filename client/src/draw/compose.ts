@@ -3,7 +3,16 @@ import type { Chart, Legend, Location } from '../chart/model.js';
 import type { Data } from '../data/columns.js';
 import { none, readable, safeColor } from './colors.js';
 import type { Figures } from './figures.js';
-import { drawBox, drawFrame, hasBox, frameTexts, layFrame, type LaidFrame } from './frames.js';
+import {
+  drawBox,
+  drawFrame,
+  frameTexts,
+  hasBox,
+  layFrame,
+  paddingOf,
+  usualPadding,
+  type LaidFrame,
+} from './frames.js';
 import { drawGraph, type CompiledGraph, type LineNames } from './graph.js';
 import {
   drawLegend,
@@ -263,8 +272,16 @@ export function captionsOf(graphs: CompiledGraph[]): string[] {
 
 const mostNotes = 6;
 
+/** Where texts begin that stand at the left of the page. */
+function leftOf(frames: LaidFrame[]): number {
+  const shown = frames.filter(({ lines, look }) => lines.length > 0 && look.align === 'start');
+  const lefts = shown.map(({ box, frame }) => box.left + paddingOf(frame.style).left);
+  return Math.min(...(lefts.length > 0 ? lefts : [usualPadding]));
+}
+
 function drawNotes(
   texts: string[],
+  left: number,
   width: number,
   top: number,
   own: TextLook,
@@ -277,9 +294,9 @@ function drawNotes(
       ? [...texts.slice(0, mostNotes), `And ${texts.length - mostNotes} more notes.`]
       : texts;
   const look = { ...own, color: readable(paper, own.color) };
-  const lines = shown.flatMap((text) => wrap(text, width - 2 * pageMargin, look));
+  const lines = shown.flatMap((text) => wrap(text, width - left - pageMargin, look));
   const group = maker.group('Notes', 'note');
-  group.append(maker.text(lines, pageMargin, top + look.size, look));
+  group.append(maker.text(lines, left, top + look.size, look));
   return { group, height: lines.length * lineHeight(look) + 8 };
 }
 
@@ -320,6 +337,7 @@ export function compose(
   const frames = layout.frames.map((frame) => drawFrame(frame, maker));
   const below = drawNotes(
     [...captionsOf(graphs), ...new Set(notes)],
+    leftOf(layout.frames),
     layout.width,
     layout.height,
     smallText(chart.graphs, ownTexts.note),

@@ -1,9 +1,9 @@
 /** Label frames: titles, footnotes, summaries of statistics, and boxes around the page. */
 import { pixels } from '../chart/markup.js';
-import type { Chart, Label, LabelFrame, Style } from '../chart/model.js';
-import { mergeFormats, numberText } from '../data/format.js';
+import type { Chart, Format, Label, LabelFrame, Style } from '../chart/model.js';
+import { decimalsOf, mergeFormats, numberText, readNumber } from '../data/format.js';
 import { none, safeColor } from './colors.js';
-import { figureOf, type Figures } from './figures.js';
+import { figureOf, type Described, type Figures } from './figures.js';
 import { ownTexts } from './looks.js';
 import type { Rectangle } from './page.js';
 import type { Maker } from './svg.js';
@@ -32,6 +32,8 @@ function ownLookOf(role: string): TextLook {
   return role.startsWith('statisticsSummary') ? ownTexts.summary : ownTexts.otherLabel;
 }
 
+type Figure = Extract<Label['pieces'][number], { target: string }>;
+
 function figureText(label: Label, at: number, chart: Chart, figures: Figures, notes: string[]): string {
   const piece = label.pieces[at]!;
   if (piece.kind === 'text') return piece.text;
@@ -45,8 +47,38 @@ function figureText(label: Label, at: number, chart: Chart, figures: Figures, no
     );
     return '\u2013';
   }
-  return numberText(figure(shown), mergeFormats(piece.format, null), chart.language, 2);
+  const value = figure(shown);
+  const format = piece.figure === countFigure ? piece.format : alike(piece, label, shown);
+  if (Number.isNaN(value)) return format?.errorCharacter ?? '\u2013';
+  return numberText(value, mergeFormats(format, null), chart.language, usualDecimals);
 }
+
+const countFigure = 6;
+
+/** The format of a figure, with as many decimals as others of the same values show where they may have fewer. */
+function alike(piece: Figure, label: Label, shown: Described): Format | null {
+  const others = label.pieces.flatMap((each) =>
+    each.kind !== 'text' && each.target === piece.target && each.figure !== countFigure ? [each] : [],
+  );
+  const decimals = others.map(({ figure, format }) => {
+    const value = figureOf[figure]?.(shown) ?? NaN;
+    if (Number.isNaN(value)) return 0;
+    if (format?.minimumFractionDigits == null)
+      return Math.min(usualDecimals, format?.maximumFractionDigits ?? usualDecimals);
+    return decimalsOf(readNumber(value, mergeFormats(format, null), usualDecimals, false), mostDecimals);
+  });
+  const { format } = piece;
+  const most = format?.maximumFractionDigits;
+  const least = format?.minimumFractionDigits;
+  if (!format || format.pattern || most == null || least == null) return format;
+  return {
+    ...format,
+    minimumFractionDigits: Math.min(most, Math.max(least, ...decimals)),
+  };
+}
+
+const usualDecimals = 2;
+const mostDecimals = 12;
 
 /** The frames with their texts; figures are computed here. */
 export function frameTexts(chart: Chart, figures: Figures, notes: string[]): FrameText[] {
@@ -59,7 +91,7 @@ export function frameTexts(chart: Chart, figures: Figures, notes: string[]): Fra
   });
 }
 
-const usualPadding = 4;
+export const usualPadding = 4;
 
 export function paddingOf(style: Style): { top: number; right: number; bottom: number; left: number } {
   const all = style.padding ? pixels(style.padding, 100) : usualPadding;

@@ -228,3 +228,47 @@ describe('names of lines', () => {
     ]);
   });
 });
+
+describe('figures of a summary', () => {
+  const summary = (values: number[]) =>
+    picture({ a: values }, '<interval id="p"><x variable="a"/><binStatistic/></interval>', {
+      rest:
+        '<labelFrame id="f"><label><descriptionGroup target="p"><text>M=</text>' +
+        '<description name="5"><format maximumFractionDigits="2" minimumFractionDigits="0"/></description>' +
+        '<text>;SD=</text><description name="7"><format maximumFractionDigits="2" minimumFractionDigits="0"/></description>' +
+        '<text>;N=</text><description name="6"><format maximumFractionDigits="0"/></description>' +
+        '</descriptionGroup></label></labelFrame>',
+    }).texts();
+
+  test('have equally many decimals', () => {
+    expect(summary([1, 2, 2.5])).toContain('M=1.83;SD=0.76;N=3');
+    expect(summary([1, 2, 4])).toContain('M=2.33;SD=1.53;N=3');
+    expect(summary([1, 3])).toContain('M=2.00;SD=1.41;N=2');
+    expect(summary([1, 2, 3])).toContain('M=2;SD=1;N=3');
+  });
+
+  test('that a single value does not have are a dash', () => {
+    expect(summary([3.7])).toContain('M=3.7;SD=\u2013;N=1');
+  });
+});
+
+describe('notes', () => {
+  test('begin where footnotes begin', () => {
+    const noted = (padding: string) => {
+      const drawn = picture(
+        { a: [1], b: [1] },
+        '<point><x variable="a"/><y variable="b"/></point><planeGuide name="p"/>',
+        {
+          rest: `<labelFrame id="f" style="s"><label purpose="4"><text>A footnote</text></label></labelFrame><style id="s" ${padding}/>`,
+        },
+      );
+      const find = (start: string) =>
+        Array.from(drawn.svg.querySelectorAll('text')).find((text) => text.textContent!.startsWith(start))!;
+      return [numberOf(find('A footnote'), 'x'), numberOf(find('The plane guide'), 'x')];
+    };
+    for (const padding of ['', 'padding="10px"']) {
+      const [footnote, note] = noted(padding);
+      expect(note).toBe(footnote);
+    }
+  });
+});
