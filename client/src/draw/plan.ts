@@ -100,7 +100,7 @@ export function planOf(element: ChartElement, scope: Scope): Plan | null {
   const grouping = groupingOf(element, chart, data, scope.x.cluster ?? scope.y.cluster);
   notes.push(...aestheticNotes(element, kind, ranged, chart));
   notes.push(...alikeNotes(element, kind, grouping, scope.grid, chart));
-  const binned = element.bins !== null && !element.bins.dots;
+  const binned = element.bins !== null && !element.bins.dots && scope.x.kind !== 'category';
   return {
     element,
     kind,
@@ -109,7 +109,7 @@ export function planOf(element: ChartElement, scope: Scope): Plan | null {
     grouping,
     ranges,
     summary: summaryOf(element, scope),
-    bins: binned && scope.x.kind !== 'category' ? binsOf(present(first.numbers), element.bins!) : null,
+    bins: binned ? binsOf(present(first.numbers), element.bins!, scope.x.kind === 'date') : null,
     weights,
     source: first.source,
     rows: first.numbers.length,

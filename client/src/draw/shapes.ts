@@ -1,5 +1,5 @@
 /** The shapes of an element's rows: one for each row, for each class or place of a statistic, or for each box. */
-import { binOf } from '../statistics/bins.js';
+import { binOf, boundsOf } from '../statistics/bins.js';
 import type { Values } from '../data/columns.js';
 import { densityOf } from '../statistics/density.js';
 import { confidenceInterval, type Summary } from '../statistics/summary.js';
@@ -168,13 +168,9 @@ function summaryShapes(places: Places, rows: ArrayLike<number>, summary: Summary
     const y = kept.length === 0 ? null : share ? sampleSum(sample) : summary.compute(sample);
     const varied = variedOf(places.plan, kept.length > 0 ? kept : members);
     if (y === null || Number.isNaN(y) || !varied) continue;
-    const shape: Shape = {
-      x: bins ? bins.start + (place + 0.5) * bins.width : place,
-      y,
-      varied,
-      cases: kept.length,
-    };
-    if (bins) [shape.x1, shape.x2] = [bins.start + place * bins.width, bins.start + (place + 1) * bins.width];
+    const [x1, x2] = bins ? boundsOf(bins, place) : [place, place];
+    const shape: Shape = { x: (x1 + x2) / 2, y, varied, cases: kept.length };
+    if (bins) Object.assign(shape, { x1, x2 });
     if (summary.errorBar) Object.assign(shape, confidenceInterval(sample));
     shapes.push(shape);
   }

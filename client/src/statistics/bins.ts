@@ -1,13 +1,15 @@
 /** Classes of values for histograms. */
-import { extent, thresholdScott, tickStep } from 'd3';
+import { bisectRight, extent, thresholdScott, tickStep, utcMonth, utcYear } from 'd3';
 import type { BinStatistic } from '../chart/model.js';
 import type { Numbers } from './summary.js';
 
-/** Classes of equal width, each with its lower bound and without its upper one but for the last. */
+/** Classes of equal width unless they have edges, each with its lower bound and without its upper one but for the last. */
 export interface Bins {
   start: number;
   width: number;
   count: number;
+  /** The bounds of all classes where they are not equally wide, as those of months. */
+  edges?: number[];
 }
 
 /** More would be no picture. */
@@ -27,8 +29,46 @@ function chosen(values: Numbers, low: number, high: number): Bins {
   return upTo(Math.floor(low / width) * width, width, high);
 }
 
+const minute = 60;
+const hour = 60 * minute;
+const day = 24 * hour;
+/** The first Monday; days begin at midnight, weeks on Mondays. */
+const firstMonday = 4 * day;
+
+const ofTime = [1, 5, 15, 30].flatMap((count) => [count, count * minute]);
+const widthsOfDates = [...ofTime, hour, 6 * hour, 12 * hour, day, 2 * day, 7 * day, 14 * day];
+const ofMonths = [1, 2, 3, 6].map((count) => ({ unit: utcMonth, count, width: count * 30.44 * day }));
+const ofYears = [1, 2, 5, 10, 20, 50, 100].map((count) => ({
+  unit: utcYear,
+  count,
+  width: count * 365.25 * day,
+}));
+
+const nearest = <T>(all: T[], width: number, widthOf: (each: T) => number): T =>
+  all.reduce((best, each) =>
+    Math.abs(Math.log(widthOf(each) / width)) < Math.abs(Math.log(widthOf(best) / width)) ? each : best,
+  );
+
+/** Classes as calendars have them, about as wide as Scott's rule wants. */
+function chosenDates(values: Numbers, low: number, high: number): Bins {
+  if (low === high) return { start: Math.floor(low / day) * day, width: day, count: 1 };
+  const wanted = (high - low) / Math.max(1, Math.min(200, thresholdScott(values, low, high)));
+  const even = nearest(widthsOfDates, wanted, (width) => width);
+  const calendar = nearest([...ofMonths, ...ofYears], wanted, ({ width }) => width);
+  if (nearest([even, calendar.width], wanted, (width) => width) === even) {
+    const from = even % (7 * day) === 0 ? firstMonday : 0;
+    return upTo(Math.floor((low - from) / even) * even + from, even, high);
+  }
+  const unit = calendar.unit.every(calendar.count)!;
+  const dates = [unit.floor(new Date(low * 1000))];
+  while (dates[dates.length - 1]!.getTime() <= high * 1000 && dates.length <= mostBins)
+    dates.push(unit.ceil(new Date(dates[dates.length - 1]!.getTime() + 1000)));
+  const edges = dates.map((date) => date.getTime() / 1000);
+  return { start: edges[0]!, width: calendar.width, count: edges.length - 1, edges };
+}
+
 /** The classes that the chart asks for; what it leaves open has round bounds. Null without values. */
-export function binsOf(values: Numbers, wanted: BinStatistic): Bins | null {
+export function binsOf(values: Numbers, wanted: BinStatistic, ofDates = false): Bins | null {
   const [low, high] = extent(values);
   if (low === undefined || high === undefined) return null;
   if (wanted.width !== null && wanted.width > 0) {
@@ -37,7 +77,7 @@ export function binsOf(values: Numbers, wanted: BinStatistic): Bins | null {
     const below = Math.max(0, Math.ceil((start - low) / wanted.width));
     return upTo(start - below * wanted.width, wanted.width, high);
   }
-  const automatic = chosen(values, low, high);
+  const automatic = ofDates ? chosenDates(values, low, high) : chosen(values, low, high);
   if (wanted.count !== null && wanted.count >= 1) {
     const count = Math.min(mostBins, Math.round(wanted.count));
     const start = Math.min(wanted.start ?? low, low);
@@ -49,6 +89,13 @@ export function binsOf(values: Numbers, wanted: BinStatistic): Bins | null {
 
 /** The number of the class of a value, from 0. */
 export function binOf(bins: Bins, value: number): number {
-  const at = Math.floor((value - bins.start) / bins.width + 1e-9);
+  const at = bins.edges
+    ? bisectRight(bins.edges, value) - 1
+    : Math.floor((value - bins.start) / bins.width + 1e-9);
   return Math.max(0, Math.min(bins.count - 1, at));
+}
+
+/** The bounds of a class. */
+export function boundsOf({ start, width, edges }: Bins, at: number): [number, number] {
+  return edges ? [edges[at]!, edges[at + 1]!] : [start + at * width, start + (at + 1) * width];
 }

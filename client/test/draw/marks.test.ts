@@ -518,3 +518,18 @@ describe('stacked areas', () => {
     expect(tops.map((top) => Math.round((1 - top / height) * 10)).sort()).toEqual([2, 4]);
   });
 });
+
+test('bars over classes of dates have the bounds of a calendar', () => {
+  const day = 86_400;
+  const first = Date.UTC(2021, 0, 1) / 1000;
+  const days = Array.from({ length: 365 }, (_, at) => first + at * day);
+  const drawn = picture({ a: days }, '<interval><x variable="t"/><binStatistic/></interval>', {
+    rest: '<sourceVariable id="t" source="s" sourceName="a"><format pattern="yyyy-MM-dd"/></sourceVariable>',
+    coordinates: '<dimension lowerMargin="0%" upperMargin="0%"/><dimension/>',
+  });
+  const bars = drawn.marks('rect').sort((a, b) => number(a, 'x') - number(b, 'x'));
+  expect(bars).toHaveLength(6);
+  const wide = (at: number) => number(bars[at]!, 'width');
+  // January and February have 59 days, March and April 61.
+  expect(wide(1) / wide(0)).toBeCloseTo(61 / 59, 2);
+});

@@ -1,5 +1,5 @@
 import { describe as suite, expect, test } from 'vitest';
-import { binOf, binsOf } from '../../src/statistics/bins.js';
+import { binOf, binsOf, boundsOf } from '../../src/statistics/bins.js';
 import { bandwidthOf, densityOf } from '../../src/statistics/density.js';
 import { studentProbability, studentQuantile } from '../../src/statistics/student.js';
 import { confidenceInterval, describe, summaries } from '../../src/statistics/summary.js';
@@ -58,6 +58,48 @@ suite('summaries', () => {
 
   test('a number that is not known has no meaning', () => {
     expect(summaries.get(14)).toBeUndefined();
+  });
+});
+
+suite('bins of dates', () => {
+  const at = (text: string) => Date.parse(`${text}Z`) / 1000;
+  /** So many values, evenly from one date to another. */
+  const made = (from: string, to: string, count = 200) => {
+    const [low, high] = [at(from), at(to)];
+    const values = Array.from({ length: count }, (_, index) => low + ((high - low) * index) / (count - 1));
+    return binsOf(values, { count: null, start: null, width: null, dots: false }, true)!;
+  };
+  const textOf = (seconds: number) => new Date(seconds * 1000).toISOString().slice(0, 16);
+
+  test('are those of a calendar, from midnight on', () => {
+    const months = made('2021-01-09T05:00', '2022-11-29T05:00');
+    expect([0, 1, 2].map((bin) => textOf(boundsOf(months, bin)[0]))).toEqual([
+      '2021-01-01T00:00',
+      '2021-04-01T00:00',
+      '2021-07-01T00:00',
+    ]);
+    expect(textOf(boundsOf(months, months.count - 1)[1])).toBe('2023-01-01T00:00');
+    const weeks = made('2024-01-03T05:00', '2024-03-01T05:00');
+    expect(weeks.width).toBe(7 * 86_400);
+    expect(textOf(weeks.start)).toBe('2024-01-01T00:00');
+    const hours = made('2024-01-03T05:00', '2024-01-05T05:00');
+    expect(hours.width).toBe(6 * 3_600);
+    expect(textOf(hours.start)).toBe('2024-01-03T00:00');
+  });
+
+  test('have each date in one of them', () => {
+    const years = made('1950-05-05T00:00', '2020-05-05T00:00');
+    expect(textOf(boundsOf(years, 0)[0])).toBe('1950-01-01T00:00');
+    for (const text of ['1950-05-05T00:00', '1960-01-01T00:00', '1989-12-31T23:59', '2020-05-05T00:00']) {
+      const [low, high] = boundsOf(years, binOf(years, at(text)));
+      expect(low).toBeLessThanOrEqual(at(text));
+      expect(high).toBeGreaterThan(at(text));
+    }
+  });
+
+  test('of one date are its day', () => {
+    const one = made('2024-01-03T05:00', '2024-01-03T05:00', 2);
+    expect([textOf(one.start), one.width, one.count]).toEqual(['2024-01-03T00:00', 86_400, 1]);
   });
 });
 
