@@ -9,7 +9,15 @@ import type { DrawnScale } from './scales.js';
 import type { Maker } from './svg.js';
 import { labelsBeside, type Neighbours, type PanelLabels } from './neighbours.js';
 import { atMost, lineHeight, textLook, widest, wrap, type TextLook } from './text.js';
-import { askedLabels, layoutAcross, layoutUpright, tickLength, type Tick, type TickLayout } from './ticks.js';
+import {
+  leastLabelSize,
+  askedLabels,
+  layoutAcross,
+  layoutUpright,
+  tickLength,
+  type Tick,
+  type TickLayout,
+} from './ticks.js';
 
 export type AxisPlace = 'bottom' | 'top' | 'left' | 'right';
 
@@ -64,6 +72,15 @@ export interface AxisRoom {
   neighbours: Neighbours;
 }
 
+/** Names of categories are smaller where all of them have room then. */
+function roomyLook(look: TextLook, asked: number, arranged: (look: TextLook) => TickLayout): TextLook {
+  const fits = (some: TextLook) => arranged(some).lines.filter((each) => each.length > 0).length >= asked;
+  if (fits(look)) return look;
+  for (let size = Math.ceil(look.size) - 1; size >= leastLabelSize; size -= 1)
+    if (fits({ ...look, size })) return { ...look, size };
+  return look;
+}
+
 /** Finds room for an axis beside a panel, its title beside all panels. */
 export function layoutAxis(
   axis: Axis,
@@ -72,14 +89,16 @@ export function layoutAxis(
   ticks: Tick[],
   { length, titleLength, labels: mostRoom, neighbours }: AxisRoom,
 ): DrawnAxis {
-  const labelLook = labelLookOf(axis);
   const titleLook = { ...textLook(axis.label?.style ?? {}, ownTexts.axisLabel), align: 'middle' as const };
   const upright = isUpright(place);
   // Angles of charts run against the clock, those of SVG with it.
   const settings = axis.ticks && axis.ticks.angle ? { ...axis.ticks, angle: -axis.ticks.angle } : axis.ticks;
-  const layout = upright
-    ? layoutUpright(ticks, scale, length, settings, labelLook, mostRoom)
-    : layoutAcross(ticks, scale, length, settings, labelLook, mostRoom);
+  const layoutBy = upright ? layoutUpright : layoutAcross;
+  const arranged = (look: TextLook) => layoutBy(ticks, scale, length, settings, look, mostRoom);
+  const asked = askedLabels(ticks, settings);
+  const named = scale.direction.kind === 'category' && asked * leastLabelSize <= length;
+  const labelLook = named ? roomyLook(labelLookOf(axis), asked, arranged) : labelLookOf(axis);
+  const layout = arranged(labelLook);
   const title = titleOf(axis, titleLength, titleLook);
   const labels = axis.ticks?.style.visible === false ? 0 : layout.depth + gapToLabels;
   const room =

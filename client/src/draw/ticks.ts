@@ -135,12 +135,18 @@ export function layoutAcross(
   if (fits && wrapped.every((lines) => lines.length <= 3)) return done(wrapped, 0, false);
   const angle = room + gapBetweenLabels >= height * 1.5 ? -45 : -90;
   const every = everyFor(ticks, scale, length, () =>
-    angle === -90 ? height - gapBetweenLabels : height * 1.2 - gapBetweenLabels,
+    angle === -90 ? tightHeight(look) - gapBetweenLabels : height * 1.2 - gapBetweenLabels,
   );
   return done(single(every), angle, false);
 }
 
 const mostLines = 3;
+
+/** Smaller labels are hard to read, in pixels. */
+export const leastLabelSize = 9;
+
+/** What a line of labels beside each other takes; of the smallest ones not more than its letters. */
+const tightHeight = (look: TextLook) => (look.size <= leastLabelSize ? look.size : lineHeight(look));
 
 /** Names may be shortened, numbers never. */
 function inLines(text: string, most: number, width: number, look: TextLook): string[] {
@@ -164,7 +170,7 @@ export function layoutUpright(
   const named = scale.direction.kind === 'category';
   const arranged = (most: number) => {
     const lines = ticks.map(({ text }) => (named ? inLines(text, most, mostWidth, look) : [text]));
-    const need = (_: string, at: number) => lines[at]!.length * height - gapBetweenLabels + 2;
+    const need = (_: string, at: number) => lines[at]!.length * tightHeight(look) - gapBetweenLabels + 2;
     return { lines, every: everyFor(ticks, scale, length, need) };
   };
   let most = named ? mostLines : 1;

@@ -243,6 +243,19 @@ describe('labels of categories', () => {
     expect(place).toBeGreaterThan(90 * Math.SQRT1_2);
   });
 
+  test('are smaller where all of them have room then', () => {
+    const sizes = (count: number) => {
+      const drawn = bars(Array.from({ length: count }, (_, at) => `Station number ${at}`));
+      const labels = Array.from(drawn.svg.querySelectorAll('g[aria-label="x axis"] text'));
+      return { count: labels.length, size: Number(labels[0]!.getAttribute('font-size')), notes: drawn.notes };
+    };
+    expect(sizes(20)).toEqual({ count: 20, size: 12, notes: [] });
+    expect(sizes(60)).toEqual({ count: 60, size: 9, notes: [] });
+    const many = sizes(90);
+    expect(many.size).toBe(12);
+    expect(many.notes).toEqual([`${90 - many.count} labels of the axis x have no room.`]);
+  });
+
   test('are thinned with their ticks where these would merge', () => {
     const marks = (count: number) => {
       const drawn = bars(Array.from({ length: count }, (_, at) => `${at}`));
