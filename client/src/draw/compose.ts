@@ -28,6 +28,7 @@ import { ownTexts } from './looks.js';
 import { pageSize, Places, rectangle, type Rectangle } from './page.js';
 import { Patterns } from './patterns.js';
 import { smallText } from './smalltexts.js';
+import { summaryCaptions } from './statisticnames.js';
 import type { Maker } from './svg.js';
 import { lineHeight, widest, wrap, type TextLook } from './text.js';
 
@@ -267,6 +268,7 @@ export function captionsOf(graphs: CompiledGraph[]): string[] {
   if (elements.some((layer) => layer.kind === 'errors')) {
     captions.push('Error bars show the 95% confidence interval of the mean.');
   }
+  captions.push(...graphs.flatMap(({ panels, y }) => summaryCaptions(panels.flat(), y)));
   return captions;
 }
 

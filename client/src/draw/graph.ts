@@ -38,6 +38,7 @@ import { drawPanel, type GridLines, type PanelFrame } from './plot.js';
 import { position } from './positions.js';
 import { commonTicks, equalUnits, hasSameRatio, sizeOfAspect, sizeOfSameRatio } from './sameratio.js';
 import { baselineOf, scaleOf, withFunctions, type DrawnScale } from './scales.js';
+import { namedByStatistic } from './statisticnames.js';
 import type { Maker } from './svg.js';
 import { symbolReaches, withSymbolRoom, type SymbolReach } from './symbolroom.js';
 import { lineHeight, type TextLook } from './text.js';
@@ -169,7 +170,8 @@ function axesOf(
   const titleLength = (upright: boolean) =>
     upright ? rooms.top + rows * (size.height + size.gapY) - size.gapY : whole.width - edgeRoom;
   const wished = (['x', 'y'] as const).flatMap((name) =>
-    (compiled[name].dimension?.axes ?? []).map((axis) => {
+    (compiled[name].dimension?.axes ?? []).map((own) => {
+      const axis = namedByStatistic(own, compiled[name], compiled.panels.flat());
       const place = placeOfAxis(axis, name, transposed);
       const upright = isUpright(place);
       const scale = axis.derived ? derivedScale(compiled, scales[name]) : scales[name];

@@ -272,3 +272,32 @@ describe('notes', () => {
     }
   });
 });
+
+describe('statistics', () => {
+  const bars = (method: string, y = '', coordinates = plainAxes) =>
+    picture(
+      { k: [1, 1, 2], b: [1, 2, 3] },
+      `<interval><x variable="k"/>${y}<summaryStatistic method="${method}"/></interval>`,
+      { categorical: kinds, coordinates },
+    );
+  const titled =
+    '<dimension><axis><majorTicks/></axis></dimension><dimension><axis><label><text>Mean length</text></label><majorTicks/></axis></dimension>';
+
+  test('give their axis a name where the chart gives it none', () => {
+    expect(bars('3').texts()).toContain('Percent');
+    expect(bars('10').texts()).toContain('Count');
+    expect(bars('12').texts()).toContain('Cumulative percent');
+    const density = '<area><x variable="a"/><distributionStatistic/></area>';
+    expect(picture({ a: [1, 2, 4] }, density).texts()).toContain('Density');
+    const own = bars('3', '', titled).texts();
+    expect(own).toContain('Mean length');
+    expect(own).not.toContain('Percent');
+  });
+
+  test('are told below the chart where no title of an axis does', () => {
+    const y = '<y variable="b"/>';
+    expect(bars('2', y).textsOf('Notes')).toEqual(['Bars show the mean of the b.']);
+    expect(bars('4', y).textsOf('Notes')).toEqual(['Bars show the median of the b.']);
+    expect(bars('2', y, titled).textsOf('Notes')).toEqual([]);
+  });
+});

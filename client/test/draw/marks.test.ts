@@ -402,7 +402,7 @@ describe('densities', () => {
       { a: [1, 2, 2, 3, 3, 3, 4] },
       '<area><x variable="a"/><distributionStatistic/></area>',
     );
-    expect(drawn.textsOf('y axis').length).toBeGreaterThan(3);
+    expect(drawn.textsOf('Density axis').length).toBeGreaterThan(3);
     expect(drawn.marks('area')).toHaveLength(1);
   });
 });
