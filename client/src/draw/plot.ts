@@ -289,7 +289,9 @@ export function drawPanel(content: PanelContent, maker: Maker): SVGElement {
   }
   if (named.length > 0) group.append(...collect(plotted(content, named, maker), named, content, maker, clip));
   const slices = content.layers.filter((layer) => layer.kind === 'slices');
-  if (slices.length > 0) group.append(drawSlices(slices, canvas, content.legendText, maker));
+  if (slices.length > 0) {
+    group.append(drawSlices(slices, canvas, content.legendText, content.notes, maker));
+  }
   if (frame.stroke !== none) {
     group.append(
       maker.make('rect', {

@@ -301,3 +301,42 @@ describe('statistics', () => {
     expect(bars('2', y, titled).textsOf('Notes')).toEqual([]);
   });
 });
+
+describe('shares of slices', () => {
+  const pie = (weights: number[]) =>
+    picture(
+      { k: weights.map((_, at) => at + 1), b: weights },
+      '<interval positionModifier="3"><y variable="b"/><color variable="k"/></interval>',
+      {
+        categorical: { k: weights.map((_, at) => `c${at}`) },
+        coordinates: `${plainAxes}<polarTransform/>`,
+      },
+    );
+  const places = (drawn: Picture) =>
+    Array.from(drawn.svg.querySelectorAll('g[aria-label="Shares"] text')).map((text) => ({
+      x: numberOf(text, 'x'),
+      y: numberOf(text, 'y'),
+    }));
+
+  test('too small for a figure beside them have one at the end of a line', () => {
+    const drawn = pie([50, 40, 1, 1, 1, 1, 0.01, 6]);
+    expect(drawn.textsOf('Shares').sort()).toEqual(
+      ['50.0%', '40.0%', '1.0%', '1.0%', '1.0%', '1.0%', '<0.1%', '6.0%'].sort(),
+    );
+    const lines = drawn.svg.querySelectorAll('g[aria-label="Shares"]')[0]!.previousSibling as Element;
+    expect(lines.querySelectorAll('path').length).toBeGreaterThanOrEqual(5);
+    const all = places(drawn);
+    all.forEach((one, at) =>
+      all.slice(at + 1).forEach((other) => {
+        expect(Math.max(Math.abs(one.y - other.y), Math.abs(one.x - other.x) / 3)).toBeGreaterThan(13);
+      }),
+    );
+  });
+
+  test('that have no room at all are counted in a note', () => {
+    const drawn = pie(Array.from({ length: 120 }, (_, at) => 100 + at));
+    const shown = drawn.textsOf('Shares').length;
+    expect(drawn.notes).toContain(`${120 - shown} shares of slices have no room.`);
+    expect(shown).toBeGreaterThan(40);
+  });
+});
