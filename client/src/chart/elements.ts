@@ -86,12 +86,18 @@ function readParts(markup: Markup, styleOf: StyleOf): ChartElement['parts'] {
   };
 }
 
+/** Programs that have no name for an element give its id: that says nothing to a reader. */
+function nameOf(markup: Markup): string {
+  const name = markup.reference('name');
+  return name === markup.id ? '' : name;
+}
+
 export function readElement(markup: Markup, styleOf: StyleOf): ChartElement {
   const summary = markup.child('summaryStatistic');
   return {
     kind: markup.name as ElementKind,
     id: markup.id,
-    name: markup.reference('name'),
+    name: nameOf(markup),
     style: styleOf(markup.reference('style')),
     parts: readParts(markup, styleOf),
     coordinates: markup.reference('coordinates'),

@@ -1,8 +1,9 @@
 /** Puts the parts of a page together: titles, graphs, legends, footnotes, and what has to be said below. */
+import type { CompiledGraph } from './compilegraph.js';
 import type { Chart, Legend, Location } from '../chart/model.js';
 import type { Data } from '../data/columns.js';
-import { none, readable, safeColor } from './colors.js';
-import type { Figures } from './figures.js';
+import { none, readable, safeColor } from './svg/colors.js';
+import type { Figures } from './compile/figures.js';
 import {
   drawBox,
   drawFrame,
@@ -13,7 +14,7 @@ import {
   usualPadding,
   type LaidFrame,
 } from './frames.js';
-import { drawGraph, type CompiledGraph, type LineNames } from './graph.js';
+import { drawGraph, type LineNames } from './graph.js';
 import {
   drawLegend,
   layLegend,
@@ -22,15 +23,15 @@ import {
   type LaidLegend,
   type LegendScope,
   type OpenLegend,
-} from './legends.js';
-import { shares } from './legendlayout.js';
-import { ownTexts } from './looks.js';
+} from './legends/legends.js';
+import { shares } from './legends/legendlayout.js';
+import { ownTexts } from './compile/looks.js';
 import { pageSize, Places, rectangle, type Rectangle } from './page.js';
-import { Patterns } from './patterns.js';
+import { Patterns } from './svg/patterns.js';
 import { smallText } from './smalltexts.js';
-import { summaryCaptions } from './statisticnames.js';
-import type { Maker } from './svg.js';
-import { lineHeight, widest, wrap, type TextLook } from './text.js';
+import { summaryCaptions } from './notes/statisticnames.js';
+import type { Maker } from './svg/svg.js';
+import { lineHeight, widest, wrap, type TextLook } from './svg/text.js';
 
 type Side = 'left' | 'right' | 'top' | 'bottom' | 'free';
 
@@ -281,25 +282,37 @@ function leftOf(frames: LaidFrame[]): number {
   return Math.min(...(lefts.length > 0 ? lefts : [usualPadding]));
 }
 
-function drawNotes(
+interface Below {
+  width: number;
+  /** Where texts begin that stand at the left. */
+  left: number;
+  look: TextLook;
+}
+
+/** Sentences from so far down; none is no group. */
+function drawSentences(
   texts: string[],
-  left: number,
-  width: number,
+  group: SVGElement,
   top: number,
-  own: TextLook,
-  paper: string,
+  { width, left, look }: Below,
   maker: Maker,
-): { group: SVGElement | null; height: number } {
-  if (texts.length === 0) return { group: null, height: 0 };
-  const shown =
-    texts.length > mostNotes
-      ? [...texts.slice(0, mostNotes), `And ${texts.length - mostNotes} more notes.`]
-      : texts;
-  const look = { ...own, color: readable(paper, own.color) };
-  const lines = shown.flatMap((text) => wrap(text, width - left - pageMargin, look));
-  const group = maker.group('Notes', 'note');
+): { groups: SVGElement[]; height: number } {
+  if (texts.length === 0) return { groups: [], height: 0 };
+  const lines = texts.flatMap((text) => wrap(text, width - left - pageMargin, look));
   group.append(maker.text(lines, left, top + look.size, look));
-  return { group, height: lines.length * lineHeight(look) + 8 };
+  return { groups: [group], height: lines.length * lineHeight(look) };
+}
+
+/** What is told below the chart, and then what is not drawn as the chart says, the first sentences of it. */
+function drawBelow(captions: string[], notes: string[], top: number, below: Below, maker: Maker) {
+  const shown =
+    notes.length > mostNotes
+      ? [...notes.slice(0, mostNotes), `And ${notes.length - mostNotes} more notes.`]
+      : notes;
+  const told = drawSentences(captions, maker.group('What is shown', 'group'), top, below, maker);
+  const noted = drawSentences(shown, maker.group('Notes', 'note'), top + told.height, below, maker);
+  const height = told.height + noted.height;
+  return { groups: [...told.groups, ...noted.groups], height: height > 0 ? height + 8 : 0 };
 }
 
 export interface Composed {
@@ -337,15 +350,10 @@ export function compose(
     drawLegend(laid, box.left, box.top, { patterns, paper: pageColor, maker }),
   );
   const frames = layout.frames.map((frame) => drawFrame(frame, maker));
-  const below = drawNotes(
-    [...captionsOf(graphs), ...new Set(notes)],
-    leftOf(layout.frames),
-    layout.width,
-    layout.height,
-    smallText(chart.graphs, ownTexts.note),
-    pageColor,
-    maker,
-  );
+  const own = smallText(chart.graphs, ownTexts.note);
+  const look = { ...own, color: readable(pageColor, own.color) };
+  const place = { width: layout.width, left: leftOf(layout.frames), look };
+  const below = drawBelow(captionsOf(graphs), [...new Set(notes)], layout.height, place, maker);
   const height = Math.ceil(layout.height + below.height);
   const page = maker.make('rect', { width: layout.width, height, fill: pageColor, 'aria-hidden': 'true' });
   const outline = drawBox(
@@ -361,7 +369,7 @@ export function compose(
     ...frames,
     ...drawn,
     ...legends,
-    ...(below.group ? [below.group] : []),
+    ...below.groups,
   ];
   return { parts, width: layout.width, height };
 }

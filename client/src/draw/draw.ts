@@ -3,14 +3,14 @@ import type { Chart } from '../chart/model.js';
 import { Data } from '../data/columns.js';
 import type { Received } from '../received.js';
 import { compose } from './compose.js';
-import { Figures } from './figures.js';
+import { Figures } from './compile/figures.js';
 import { frameTexts } from './frames.js';
-import { compileGraph, type CompiledGraph } from './graph.js';
-import { ownTexts } from './looks.js';
-import { hashOf, Maker } from './svg.js';
+import { compileGraph, type CompiledGraph } from './compilegraph.js';
+import { ownTexts } from './compile/looks.js';
+import { hashOf, Maker } from './svg/svg.js';
 import { dataTable, type DataTable } from './table.js';
-import { wrap } from './text.js';
-import { chartNotes, contentNotes } from './unhonoured.js';
+import { wrap } from './svg/text.js';
+import { chartNotes, contentNotes } from './notes/unhonoured.js';
 
 /** A chart as a picture, and what a reader gets beside it. */
 export interface Drawn {

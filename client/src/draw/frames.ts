@@ -2,12 +2,12 @@
 import { pixels } from '../chart/markup.js';
 import type { Chart, Format, Label, LabelFrame, Style } from '../chart/model.js';
 import { decimalsOf, mergeFormats, numberText, readNumber } from '../data/format.js';
-import { none, safeColor } from './colors.js';
-import { figureOf, type Described, type Figures } from './figures.js';
-import { ownTexts } from './looks.js';
+import { none, safeColor } from './svg/colors.js';
+import { figureOf, type Described, type Figures } from './compile/figures.js';
+import { ownTexts } from './compile/looks.js';
 import type { Rectangle } from './page.js';
-import type { Maker } from './svg.js';
-import { atMost, lineHeight, textLook, wrap, type TextLook } from './text.js';
+import type { Maker } from './svg/svg.js';
+import { atMost, lineHeight, textLook, wrap, type TextLook } from './svg/text.js';
 
 export interface FrameText {
   frame: LabelFrame;

@@ -1,7 +1,7 @@
 /** Texts that the client adds by itself, in the look that the chart gives to the labels of its axes. */
 import type { Graph } from '../chart/model.js';
-import { ownTexts } from './looks.js';
-import { textLook, type TextLook } from './text.js';
+import { ownTexts } from './compile/looks.js';
+import { textLook, type TextLook } from './svg/text.js';
 
 /** They are that much smaller than labels of axes. */
 const share = 0.92;

@@ -3,10 +3,10 @@ import type { Format } from '../chart/model.js';
 import type { Data, Values } from '../data/columns.js';
 import { commonDecimals, mergeFormats, numberText, shownFactor, withDecimals } from '../data/format.js';
 import { summaries } from '../statistics/summary.js';
-import type { CompiledGraph } from './graph.js';
-import type { Direction } from './directions.js';
-import type { Layer, Shape } from './layers.js';
-import type { Panel } from './panels.js';
+import type { CompiledGraph } from './compilegraph.js';
+import type { Direction } from './compile/directions.js';
+import type { Layer, Shape } from './compile/layers.js';
+import type { Panel } from './compile/panels.js';
 
 export interface DataTable {
   header: string[];

@@ -1,7 +1,7 @@
 import { readdirSync, readFileSync } from 'node:fs';
 import { describe, expect, test } from 'vitest';
 import { color } from 'd3';
-import { contrast, groupColors, groupSymbols } from '../../src/draw/colors.js';
+import { contrast, groupColors, groupSymbols } from '../../src/draw/svg/colors.js';
 import { number, picture, plainAxes, Picture } from './chart.js';
 
 const least = 3;

@@ -1,5 +1,5 @@
 import { describe, expect, test } from 'vitest';
-import { dateTicks } from '../../src/draw/dateticks.js';
+import { dateTicks } from '../../src/draw/axes/dateticks.js';
 import { secondsOf } from '../../src/data/format.js';
 import { picture } from './chart.js';
 

@@ -180,6 +180,12 @@ describe('names of lines', () => {
     expect(turned.texts()).toContain('The line');
   });
 
+  test('are not drawn where a program gave the id of a line as its name', () => {
+    const named = (name: string) => picture(series, line.replace('The line', name)).texts();
+    expect(named('The line')).toContain('The line');
+    expect(named('l')).not.toContain('l');
+  });
+
   test('that have no room are told in a note', () => {
     const panels = '<faceting><cross><variableReference ref="k"/></cross></faceting>';
     const long = `<line id="l" name="${'Unbreakable'.repeat(20)}"><x variable="a"/><y variable="b"/></line>`;
@@ -296,9 +302,18 @@ describe('statistics', () => {
 
   test('are told below the chart where no title of an axis does', () => {
     const y = '<y variable="b"/>';
-    expect(bars('2', y).textsOf('Notes')).toEqual(['Bars show the mean of the b.']);
-    expect(bars('4', y).textsOf('Notes')).toEqual(['Bars show the median of the b.']);
-    expect(bars('2', y, titled).textsOf('Notes')).toEqual([]);
+    expect(bars('2', y).textsOf('What is shown')).toEqual(['Bars show the mean of the b.']);
+    expect(bars('4', y).textsOf('What is shown')).toEqual(['Bars show the median of the b.']);
+    expect(bars('2', y, titled).textsOf('What is shown')).toEqual([]);
+    const unknown = bars('2', `${y}<z variable="b"/>`);
+    const [told, noted] = ['What is shown', 'Notes'].map((name) =>
+      unknown.svg.querySelector(`g[aria-label="${name}"]`),
+    );
+    expect(told!.textContent).toBe('Bars show the mean of the b.');
+    expect(noted!.textContent).toMatch(/three dimensions/);
+    expect(numberOf(noted!.querySelector('text')!, 'y')).toBeGreaterThan(
+      numberOf(told!.querySelector('text')!, 'y') + 10,
+    );
   });
 });
 

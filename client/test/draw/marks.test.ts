@@ -65,7 +65,7 @@ describe('points', () => {
     const drawn = picture({ a: many, b: many }, `<point>${xy}</point>`);
     expect(drawn.marks('dot').length).toBeGreaterThan(48_000);
     expect(drawn.marks('dot').length).toBeLessThan(52_000);
-    expect(drawn.notes.join()).toContain('Of 60000 rows a random sample');
+    expect(drawn.notes.join()).toContain('Of 60,000 rows a random sample');
   });
 
   test('pile up in stacks that do not cover each other', () => {
@@ -326,7 +326,10 @@ describe('boxes and error bars', () => {
     const row = drawn.drawn.dataTable.rows[0]!;
     expect(row[1]).toBe('3');
     expect(Number(row[2])).toBeCloseTo(3 - 2.776445 * Math.SQRT1_2, 4);
-    expect(drawn.textsOf('Notes').join()).toContain('95% confidence interval');
+    expect(drawn.textsOf('What is shown')).toEqual([
+      'Error bars show the 95% confidence interval of the mean.',
+    ]);
+    expect(drawn.textsOf('Notes')).toEqual([]);
     expect(drawn.notes).toEqual([]);
   });
 

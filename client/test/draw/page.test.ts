@@ -1,7 +1,7 @@
 import { describe, expect, test } from 'vitest';
-import { contrast, readableShade } from '../../src/draw/colors.js';
-import { textWidth, wrap } from '../../src/draw/text.js';
-import { sansSerif } from '../../src/draw/text.js';
+import { contrast, readableShade } from '../../src/draw/svg/colors.js';
+import { textWidth, wrap } from '../../src/draw/svg/text.js';
+import { sansSerif } from '../../src/draw/svg/text.js';
 import { chartText, Picture, picture, plainAxes, number, tableOf, variables } from './chart.js';
 
 const points = '<point id="p"><x variable="a"/><y variable="b"/></point>';

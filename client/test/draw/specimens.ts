@@ -1,7 +1,7 @@
 /** Charts that together have every element of the markup, each part of them with an id by which it can be changed. */
 import { XMLSerializer } from '@xmldom/xmldom';
 import { draw } from '../../src/draw/draw.js';
-import { hashOf } from '../../src/draw/svg.js';
+import { hashOf } from '../../src/draw/svg/svg.js';
 import { makeDocument, parseXml } from '../../src/node/document.js';
 import { svgText } from '../../src/node/svgText.js';
 import { chartText, receivedOf, tableOf } from './chart.js';

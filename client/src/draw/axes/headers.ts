@@ -1,0 +1,274 @@
+/** The texts over columns and beside rows of panels. */
+import { plainText } from '../../chart/labels.js';
+import { pixels } from '../../chart/markup.js';
+import type { Graph, PanelLevel } from '../../chart/model.js';
+import { none, safeColor } from '../svg/colors.js';
+import { ownTexts } from '../compile/looks.js';
+import type { PanelGrid, PanelSide } from '../compile/panels.js';
+import type { Maker } from '../svg/svg.js';
+import { lineHeight, shorten, textLook, textWidth, widest, wrap, type TextLook } from '../svg/text.js';
+
+/** A line between texts and what they name. */
+interface Rule {
+  stroke: string;
+  width: number;
+}
+
+interface HeaderLine {
+  look: TextLook;
+  /** A title has a rule over all that it is the title of. */
+  rule: Rule | null;
+  /** Texts over so many neighbouring strips each. */
+  spans: { from: number; to: number; text: string; lines?: string[] }[];
+  /** Its texts run across the panels' side, where they have no room along it. */
+  turned?: boolean;
+  /** What its texts take, in pixels; by default a line of text. */
+  depth?: number;
+}
+
+export interface Headers {
+  lines: HeaderLine[];
+  /** What they take beside the panels, in pixels. */
+  room: number;
+}
+
+const gapToPanels = 5;
+const ruleRoom = 5;
+
+const ownRule: Rule = { stroke: '#b3b3b3', width: 0.75 };
+
+/** The line of a level where the chart gives it a colour; else `otherwise`. */
+function ruleOf(level: PanelLevel | undefined, otherwise: Rule | null): Rule | null {
+  const style = level?.axis?.style ?? {};
+  const stroke = style.visible === false ? undefined : safeColor(style.color);
+  if (!stroke || stroke === none) return otherwise;
+  return { stroke, width: style.strokeWidth ? pixels(style.strokeWidth, 1) : 1 };
+}
+
+const depthOf = (line: HeaderLine) => line.depth ?? lineHeight(line.look);
+const heightOf = (line: HeaderLine) => depthOf(line) + (line.rule ? ruleRoom : 0);
+
+function titleLine(level: PanelLevel | undefined, count: number): HeaderLine[] {
+  const text = plainText(level?.axis?.label ?? null);
+  if (text === '' || level?.axis?.label?.style.visible === false) return [];
+  const look = {
+    ...textLook(level?.axis?.label?.style ?? {}, ownTexts.panelTitle),
+    align: 'middle' as const,
+  };
+  return [{ look, rule: ownRule, spans: [{ from: 0, to: count, text }] }];
+}
+
+function labelLook(level: PanelLevel | undefined): TextLook {
+  return { ...textLook(level?.axis?.ticks?.style ?? {}, ownTexts.panelLabel), align: 'middle' };
+}
+
+/** Neighbours that have the same categories down to this variable share a label. */
+function spansOf(side: PanelSide, at: number): HeaderLine['spans'] {
+  const spans: HeaderLine['spans'] = [];
+  const key = (strip: number) =>
+    side.strips[strip]!.categories.slice(0, at + 1)
+      .map((each) => each.code)
+      .join('|');
+  side.strips.forEach((strip, index) => {
+    const last = spans[spans.length - 1];
+    if (last && key(index) === key(index - 1)) last.to = index + 1;
+    else spans.push({ from: index, to: index + 1, text: strip.categories[at]?.text ?? '' });
+  });
+  return spans;
+}
+
+/** The level of panels that stand for measures of a blend: one that no variable has. */
+export function blendLevel(grid: PanelGrid, name: 'columns' | 'rows', graph: Graph): PanelLevel | undefined {
+  const taken = [...grid.columns.variables, ...grid.rows.variables].map((variable) => variable.level);
+  const free = (graph.layout?.levels ?? []).filter((each) => !taken.includes(each.level));
+  return free[name === 'rows' && grid.blended.columns.length > 0 ? 1 : 0];
+}
+
+/** Over columns and at the right of rows, unless the chart says that a level is not opposite. */
+const isNear = (level: PanelLevel | undefined) => level?.axis?.opposite === false;
+
+function visibleLine(level: PanelLevel | undefined, line: HeaderLine): HeaderLine[] {
+  return level?.axis?.ticks?.style.visible === false ? [] : [line];
+}
+
+/** The headers below columns or at the left of rows where `near`, else those on the other side. */
+export function headersOf(grid: PanelGrid, name: 'columns' | 'rows', graph: Graph, near: boolean): Headers {
+  const levels = graph.layout?.levels ?? [];
+  const side = grid[name];
+  const blended = grid.blended[name];
+  const lines: HeaderLine[] = side.variables.flatMap((variable, at) => {
+    const level = levels.find((each) => each.level === variable.level);
+    if (isNear(level) !== near) return [];
+    const rule = ruleOf(level, at < side.variables.length - 1 ? ownRule : null);
+    return [
+      ...titleLine(level, side.strips.length),
+      ...visibleLine(level, { look: labelLook(level), rule, spans: spansOf(side, at) }),
+    ];
+  });
+  const level = blendLevel(grid, name, graph);
+  if (blended.length > 0 && isNear(level) === near) {
+    const spans = blended.map((text, at) => ({ from: at, to: at + 1, text }));
+    const look = {
+      ...textLook(level?.axis?.ticks?.style ?? {}, ownTexts.panelTitle),
+      align: 'middle' as const,
+    };
+    lines.push(
+      ...titleLine(level, blended.length),
+      ...visibleLine(level, { look, rule: ruleOf(level, null), spans }),
+    );
+  }
+  return { lines, room: roomOf(lines) };
+}
+
+const mostLines = 3;
+const gapBetweenTexts = 8;
+/** So that no letter touches a rule. */
+const roomOfTurned = 6;
+
+/** Texts that do not fit along the panels are turned, if they may, and shortened to `mostAcross`. */
+function fitLine(
+  line: HeaderLine,
+  length: number,
+  gap: number,
+  mayTurn: boolean,
+  mostAcross: number,
+): HeaderLine {
+  const { look, spans } = line;
+  const spare = spans.length > 1 ? Math.max(0, gapBetweenTexts - gap) : 0;
+  const rooms = spans.map(({ from, to }) => (to - from) * (length + gap) - gap - spare);
+  const wrapped = spans.map(({ text }, at) => wrap(text, Math.max(1, rooms[at]!), look));
+  const whole = spans.every(({ text }, at) =>
+    text.split(/\s+/).every((word) => textWidth(word, look) <= rooms[at]!),
+  );
+  const fits = whole && wrapped.every((lines) => lines.length <= mostLines);
+  const turned = mayTurn && !fits && spans.length > 1 && rooms.every((room) => room >= look.size);
+  const lines = spans.map(({ text }, at) =>
+    fits ? wrapped[at]! : [shorten(text, turned ? mostAcross : Math.max(1, rooms[at]!), look)],
+  );
+  const most = Math.max(1, ...lines.map((each) => each.length));
+  return {
+    ...line,
+    turned,
+    depth: turned ? widest(lines.flat(), look) + roomOfTurned : most * lineHeight(look),
+    spans: spans.map((span, at) => ({ ...span, lines: lines[at]! })),
+  };
+}
+
+const roomOf = (lines: HeaderLine[]) =>
+  lines.length > 0 ? lines.reduce((sum, line) => sum + heightOf(line), 0) + gapToPanels : 0;
+
+/** What their look is multiplied with where texts of panels would take too much of the page. */
+const scales = [1, 0.9, 0.8, 0.7, 0.6];
+
+/** In panels that are narrower than so many sizes of their texts a shortened one would say nothing. */
+const leastSizes = 4;
+
+/**
+ * Texts of panels that long, with gaps between them, wrapped or turned. Where all of them would take more than `most`
+ * they are smaller; where that is not enough they are not turned, but shortened.
+ */
+export function fitHeaders(headers: Headers, length: number, gap: number, most: number): Headers {
+  const fit = (scale: number, mayTurn: (look: TextLook) => boolean, mostAcross: number) =>
+    headers.lines.map((line) => {
+      const look = { ...line.look, size: line.look.size * scale };
+      return fitLine({ ...line, look }, length, gap, mayTurn(look), mostAcross);
+    });
+  for (const scale of scales) {
+    const lines = fit(scale, () => true, most);
+    if (roomOf(lines) <= most) return { lines, room: roomOf(lines) };
+  }
+  const share = (most / Math.max(1, headers.lines.length)) * 1.25;
+  const lines = fit(scales[scales.length - 1]!, (look) => length < leastSizes * look.size, share);
+  return { lines, room: roomOf(lines) };
+}
+
+type Span = HeaderLine['spans'][number];
+
+const isShortened = ({ text, lines }: Span) =>
+  lines?.length === 1 && lines[0] !== text && lines[0]!.endsWith('\u2026');
+
+const shownOf = (span: Span, text: SVGElement, maker: Maker) =>
+  isShortened(span) ? maker.withWhole(text, span.text) : text;
+
+/** Says that texts are shortened, if they are. */
+export function headerNotes(headers: Headers[]): string[] {
+  const spans = headers.flatMap(({ lines }) => lines.flatMap((line) => line.spans));
+  return spans.some(isShortened) ? ['Labels of panels that have no room are shortened.'] : [];
+}
+
+function drawRule({ stroke, width }: Rule, d: string, maker: Maker): SVGElement {
+  return maker.make('path', { d, stroke, 'stroke-width': width, fill: none, 'aria-hidden': 'true' });
+}
+
+/** Over the columns, whose places are given, or `below` them; `edge` is where their room is next to the panels. */
+export function drawColumnHeaders(
+  headers: Headers,
+  starts: number[],
+  width: number,
+  edge: number,
+  below: boolean,
+  maker: Maker,
+): SVGElement {
+  const group = maker.group('Columns of panels', 'group');
+  let y = below ? edge + gapToPanels : edge - headers.room;
+  for (const line of below ? [...headers.lines].reverse() : headers.lines) {
+    const { look, spans, rule } = line;
+    const shift = below && rule ? ruleRoom : 0;
+    const first = y + look.size * 0.95 + shift;
+    const at = below ? y + 1 : y + depthOf(line) + 1;
+    for (const span of spans) {
+      const { from, to, text, lines = [text] } = span;
+      const left = starts[from]!;
+      const right = starts[to - 1]! + width;
+      const middle = (left + right) / 2;
+      const up = `translate(${Math.round(middle + look.size * 0.35)},${Math.round(y + shift + depthOf(line) / 2)}) rotate(-90)`;
+      const shown = line.turned
+        ? maker.text(lines, 0, 0, look, { transform: up })
+        : maker.text(lines, middle, first, look);
+      group.append(shownOf(span, shown, maker));
+      if (rule) group.append(drawRule(rule, `M${left.toFixed(2)},${at} H${right.toFixed(2)}`, maker));
+    }
+    y += heightOf(line);
+  }
+  return group;
+}
+
+/** Beside the rows, turned; `edge` is where their room is next to the panels. */
+export function drawRowHeaders(
+  headers: Headers,
+  starts: number[],
+  height: number,
+  edge: number,
+  left: boolean,
+  maker: Maker,
+): SVGElement {
+  const group = maker.group('Rows of panels', 'group');
+  const outward = left ? -1 : 1;
+  let across = edge + outward * gapToPanels;
+  // The category stands next to its panels, the title outside.
+  for (const line of [...headers.lines].reverse()) {
+    const { look, spans, rule } = line;
+    const at = across + outward;
+    if (rule) across += outward * ruleRoom;
+    for (const span of spans) {
+      const { from, to, text, lines = [text] } = span;
+      const middle = (starts[from]! + starts[to - 1]! + height) / 2;
+      const [top, bottom] = [
+        Math.min(starts[from]!, starts[to - 1]!),
+        Math.max(starts[from]!, starts[to - 1]!),
+      ];
+      if (rule) group.append(drawRule(rule, `M${at.toFixed(2)},${top} V${bottom + height}`, maker));
+      if (line.turned) {
+        const align = left ? ('end' as const) : ('start' as const);
+        const shown = maker.text(lines, across, middle + look.size * 0.35, { ...look, align });
+        group.append(shownOf(span, shown, maker));
+        continue;
+      }
+      const first = look.size * 0.3 + (lines.length - 1) * lineHeight(look);
+      const transform = `translate(${Math.round(across + outward * first)},${Math.round(middle)}) rotate(${outward * 90})`;
+      group.append(shownOf(span, maker.text(lines, 0, 0, look, { transform }), maker));
+    }
+    across += outward * depthOf(line);
+  }
+  return group;
+}

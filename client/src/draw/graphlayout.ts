@@ -1,0 +1,246 @@
+/** How large the panels of a graph are, and what stands around them: axes, and texts of panels. */
+import { pixels } from '../chart/markup.js';
+import type { Axis } from '../chart/model.js';
+import {
+  axisNotes,
+  behindEachOther,
+  isUpright,
+  labelLookOf,
+  layoutAxis,
+  type AxisPlace,
+  type DrawnAxis,
+} from './axes/axes.js';
+import type { CompiledGraph } from './compilegraph.js';
+import { fittingTicks, type TickRoom } from './axes/fitting.js';
+import { fitHeaders, headerNotes, headersOf, type Headers } from './axes/headers.js';
+import type { Neighbours } from './axes/neighbours.js';
+import { isReflected } from './compile/orientation.js';
+import type { Rectangle } from './page.js';
+import type { PanelGrid } from './compile/panels.js';
+import { commonTicks, equalUnits, hasSameRatio, sizeOfAspect, sizeOfSameRatio } from './axes/sameratio.js';
+import { withFunctions, type DrawnScale } from './compile/scales.js';
+import { namedByStatistic } from './notes/statisticnames.js';
+import { withSymbolRoom } from './axes/symbolroom.js';
+import { reachBeyond, type Tick } from './axes/ticks.js';
+
+export interface Layout {
+  axes: DrawnAxis[];
+  headers: Record<AxisPlace, Headers>;
+  rooms: Record<AxisPlace, number>;
+  width: number;
+  height: number;
+  columnStarts: number[];
+  rowStarts: number[];
+  scales: { x: DrawnScale; y: DrawnScale };
+}
+
+const defaultGap = 0.05;
+const edgeRoom = 10;
+
+function placeOfAxis(axis: Axis, name: 'x' | 'y', transposed: boolean): AxisPlace {
+  const upright = (name === 'y') !== transposed;
+  if (upright) return axis.opposite ? 'right' : 'left';
+  return axis.opposite ? 'top' : 'bottom';
+}
+
+/** The second axis as shares of all that the bars show, in percent. */
+function derivedScale(compiled: CompiledGraph, scale: DrawnScale): DrawnScale {
+  const bars = compiled.panels.flat().filter((layer) => layer.kind === 'bars');
+  const total = bars.reduce((sum, layer) => sum + layer.shapes.reduce((part, shape) => part + shape.y, 0), 0);
+  if (!(total > 0)) {
+    compiled.notes.push('A derived axis shows shares of all that bars show; here it repeats the first axis.');
+    return scale;
+  }
+  const [low, high] = scale.domain;
+  const direction = { ...scale.direction, format: null };
+  return withFunctions({ ...scale, direction, domain: [(100 * low) / total, (100 * high) / total] });
+}
+
+function ticksFor(compiled: CompiledGraph, axis: Axis, scale: DrawnScale, room: TickRoom): Tick[] {
+  const whole = compiled.counts && scale.direction.name === 'y' && !axis.derived;
+  return fittingTicks(scale, axis.ticks, room, { whole, language: compiled.chart.language });
+}
+
+/** How the panels follow each other from left to right, or from the lowest one upwards. */
+function neighboursOf(compiled: CompiledGraph, { gapX, gapY }: PanelSize, upright: boolean): Neighbours {
+  const counts = countsOf(compiled.grid);
+  const count = upright ? counts.rows : counts.columns;
+  const screen = upright ? 1 : 0;
+  const lowest = upright && (compiled.graph.layout?.topDown ?? true) ? count - 1 : 0;
+  const [first, second] = [lowest, lowest === 0 ? 1 : lowest - 1].map((place) =>
+    isReflected(compiled.orientation, screen, place),
+  );
+  const mirrored = first !== second;
+  return { count, gap: upright ? gapY : gapX, mirrored, turned: mirrored ? !first : first! };
+}
+
+function axesOf(
+  compiled: CompiledGraph,
+  scales: Layout['scales'],
+  size: PanelSize,
+  rooms: Layout['rooms'],
+  whole: Rectangle,
+): DrawnAxis[] {
+  if (compiled.orientation.polar) return [];
+  const { transposed } = compiled.orientation;
+  const { rows } = countsOf(compiled.grid);
+  // Below the panels are the labels of other axes; on top and at the sides titles may reach beyond them.
+  const titleLength = (upright: boolean) =>
+    upright ? rooms.top + rows * (size.height + size.gapY) - size.gapY : whole.width - edgeRoom;
+  const wished = (['x', 'y'] as const).flatMap((name) =>
+    (compiled[name].dimension?.axes ?? []).map((own) => {
+      const axis = namedByStatistic(own, compiled[name], compiled.panels.flat());
+      const place = placeOfAxis(axis, name, transposed);
+      const upright = isUpright(place);
+      const scale = axis.derived ? derivedScale(compiled, scales[name]) : scales[name];
+      const neighbours = neighboursOf(compiled, size, upright);
+      const length = upright ? size.height : size.width;
+      const room = { length, upright, look: labelLookOf(axis), neighbours };
+      const ticks = axis.ticks ? ticksFor(compiled, axis, scale, room) : [];
+      return { axis, place, scale, room, ticks };
+    }),
+  );
+  const together = hasSameRatio(compiled.scales, compiled.orientation);
+  const wish = { whole: false, language: compiled.chart.language };
+  const ticks = together ? commonTicks(wished, wish) : wished.map((each) => each.ticks);
+  const axes = wished.map(({ axis, place, scale, room }, at) =>
+    layoutAxis(axis, scale, place, ticks[at]!, {
+      length: room.length,
+      titleLength: titleLength(room.upright),
+      labels: whole.width * 0.3,
+      neighbours: room.neighbours,
+    }),
+  );
+  return behindEachOther(axes);
+}
+
+interface PanelSize {
+  width: number;
+  height: number;
+  gapX: number;
+  gapY: number;
+}
+
+function gapsOf(compiled: CompiledGraph, side: 'columns' | 'rows', size: number): number {
+  const [variable] = compiled.grid[side].variables;
+  const level = compiled.graph.layout?.levels.find((each) => each.level === (variable?.level ?? 1));
+  return level?.gap ? pixels(level.gap, size) : size * defaultGap;
+}
+
+export function countsOf(grid: PanelGrid): { columns: number; rows: number } {
+  return {
+    columns: grid.columns.strips.length * Math.max(1, grid.blended.columns.length),
+    rows: grid.rows.strips.length * Math.max(1, grid.blended.rows.length),
+  };
+}
+
+/** One panel less its gap; a chart with an aspect keeps it. */
+function panelSize(compiled: CompiledGraph, whole: Rectangle, rooms: Layout['rooms']): PanelSize {
+  const counts = countsOf(compiled.grid);
+  const across = Math.max(30, whole.width - rooms.left - rooms.right);
+  const upright = Math.max(30, whole.height - rooms.top - rooms.bottom);
+  const gapX = counts.columns > 1 ? gapsOf(compiled, 'columns', across / counts.columns) : 0;
+  const gapY = counts.rows > 1 ? gapsOf(compiled, 'rows', upright / counts.rows) : 0;
+  const room = {
+    width: Math.max(8, (across - gapX * (counts.columns - 1)) / counts.columns),
+    height: Math.max(8, (upright - gapY * (counts.rows - 1)) / counts.rows),
+  };
+  const { scales, orientation } = compiled;
+  const shaped = sizeOfAspect(room, compiled.graph.layout?.aspect ?? null);
+  const size = hasSameRatio(scales, orientation)
+    ? sizeOfSameRatio(scales, room, shaped, orientation.transposed)
+    : shaped;
+  return { ...size, gapX, gapY };
+}
+
+export function axisRoom(axes: DrawnAxis[], place: AxisPlace): number {
+  return Math.max(0, ...axes.filter((axis) => axis.place === place).map((axis) => axis.offset + axis.room));
+}
+
+function roomsOf(
+  axes: DrawnAxis[],
+  headers: Layout['headers'],
+  named: number,
+  width: number,
+  columns: number,
+): Layout['rooms'] {
+  const room = (place: AxisPlace) => axisRoom(axes, place);
+  const sideways = axes.filter((axis) => !isUpright(axis.place));
+  const beyond = sideways.map(({ layout, labels, scale, place, labelLook }) => {
+    const reach = (index: number) =>
+      reachBeyond({ ...layout, lines: labels(index).lines }, scale, width, place === 'bottom', labelLook);
+    return { left: reach(0).left, right: reach(columns - 1).right };
+  });
+  const overhang = (side: 'left' | 'right') => Math.max(edgeRoom, ...beyond.map((reach) => reach[side] + 4));
+  // Turned texts do not touch the edge of the page.
+  const beside = (taken: number) => (taken > 0 ? taken + 4 : 0);
+  return {
+    left: Math.max(room('left') + headers.left.room, overhang('left')) + 2,
+    right: Math.max(room('right') + beside(headers.right.room), overhang('right'), named),
+    top: Math.max(room('top') + headers.top.room, edgeRoom),
+    bottom: Math.max(room('bottom') + headers.bottom.room, edgeRoom),
+  };
+}
+
+/** The share of a graph's height, or width, that the texts over its panels, or beside them, take. */
+const mostHeaders = 0.25;
+
+export function layoutOf(compiled: CompiledGraph, whole: Rectangle, named: number): Layout {
+  const { grid, graph } = compiled;
+  const wanted: Layout['headers'] = {
+    top: headersOf(grid, 'columns', graph, false),
+    bottom: headersOf(grid, 'columns', graph, true),
+    left: headersOf(grid, 'rows', graph, true),
+    right: headersOf(grid, 'rows', graph, false),
+  };
+  let headers = wanted;
+  let rooms: Layout['rooms'] = { left: 60, right: 15, top: 10 + headers.top.room, bottom: 50 };
+  let { scales } = compiled;
+  let axes: DrawnAxis[] = [];
+  // Labels need to know how long axes are, which need to know how much room labels take.
+  for (let pass = 0; pass < 3; pass += 1) {
+    const size = panelSize(compiled, whole, rooms);
+    scales = scalesFor(compiled, size);
+    axes = axesOf(compiled, scales, size, rooms, whole);
+    const across = (each: Headers) => fitHeaders(each, size.width, size.gapX, whole.height * mostHeaders);
+    const upright = (each: Headers) => fitHeaders(each, size.height, size.gapY, whole.width * mostHeaders);
+    const { top, bottom, left, right } = wanted;
+    headers = { top: across(top), bottom: across(bottom), left: upright(left), right: upright(right) };
+    rooms = roomsOf(axes, headers, named, size.width, countsOf(grid).columns);
+  }
+  compiled.notes.push(...headerNotes(Object.values(headers)), ...axisNotes(axes));
+  const { width, height, gapX, gapY } = panelSize(compiled, whole, rooms);
+  const counts = countsOf(compiled.grid);
+  const taken = (size: number, gap: number, count: number) => size * count + gap * (count - 1);
+  const spareX = whole.width - rooms.left - rooms.right - taken(width, gapX, counts.columns);
+  rooms.left += Math.max(0, spareX / 2);
+  const topDown = compiled.graph.layout?.topDown ?? true;
+  const starts = (size: number, gap: number, count: number) =>
+    Array.from({ length: count }, (_, at) => at * (size + gap));
+  const rowStarts = starts(height, gapY, counts.rows);
+  return {
+    axes,
+    headers,
+    rooms,
+    width,
+    height,
+    columnStarts: starts(width, gapX, counts.columns),
+    rowStarts: topDown ? rowStarts : rowStarts.reverse(),
+    scales: scalesFor(compiled, { width, height }),
+  };
+}
+
+/** The scales of panels of that size: with room for symbols, and equal units where the chart wants them. */
+function scalesFor(compiled: CompiledGraph, size: { width: number; height: number }): Layout['scales'] {
+  const { orientation, symbols, chart } = compiled;
+  const { width, height } = size;
+  const lengths = orientation.transposed ? { x: height, y: width } : { x: width, y: height };
+  const standing = compiled.panels.flat().find((layer) => layer.kind === 'bars' || layer.kind === 'area');
+  const roomy = (name: 'x' | 'y') => {
+    const domain = chart.domains.get(compiled[name].dimension?.domain ?? '');
+    const baseline = name === 'y' && standing ? standing.baseline : null;
+    return withSymbolRoom(compiled.scales[name], symbols, domain, lengths[name], baseline);
+  };
+  const scales = { x: roomy('x'), y: roomy('y') };
+  return hasSameRatio(scales, orientation) ? equalUnits(scales, size, orientation.transposed) : scales;
+}

@@ -1,0 +1,113 @@
+/** Labels beside what is drawn: where they stand, and which of them have room. */
+import { mergeFormats, numberText } from '../../data/format.js';
+import type { Layer, Shape } from '../compile/layers.js';
+import { ownTexts } from '../compile/looks.js';
+import type { Canvas } from './marks.js';
+import { placeOutliers } from './outlierlabels.js';
+import { lineHeight, textLook, textWidth, type TextLook } from '../svg/text.js';
+
+export interface PlacedLabel {
+  /** In units of the scales that run across and upwards. */
+  x: number;
+  y: number;
+  text: string;
+  side: 'left' | 'right' | 'above' | 'below';
+}
+
+export interface Candidate extends PlacedLabel {
+  /** The place in pixels. */
+  across: number;
+  down: number;
+}
+
+/** The value along the dimension that labels without a variable show. */
+function labelAlong(layer: Layer, shape: Shape, canvas: Canvas): string {
+  const labeling = layer.element.labeling[0];
+  if (!labeling || labeling.variable !== '' || labeling.dimension > 1) return '';
+  const { direction } = labeling.dimension === 0 ? canvas.x : canvas.y;
+  const value = labeling.dimension === 0 ? (shape.place ?? shape.x) : shape.y;
+  if (Number.isNaN(value)) return '';
+  if (direction.kind === 'category') return direction.texts[Math.round(value)] ?? '';
+  const format = mergeFormats(labeling.format, direction.format);
+  const [values] = direction.values;
+  return values ? values.textOf(value, format) : numberText(value, format, '');
+}
+
+/** Bars have their labels beyond their ends, which lie below, or at the left, where they go down. */
+function sideOf(layer: Layer, shape: Shape, canvas: Canvas): PlacedLabel['side'] {
+  if (layer.kind !== 'bars') return 'right';
+  const down = canvas.y.unit(shape.y2 ?? shape.y) < canvas.y.unit(shape.y1 ?? layer.baseline);
+  if (canvas.transposed) return down ? 'left' : 'right';
+  return down ? 'below' : 'above';
+}
+
+function candidatesOf(layer: Layer, canvas: Canvas): Candidate[] {
+  return layer.shapes.flatMap((shape): Candidate[] => {
+    const text = shape.label ?? labelAlong(layer, shape, canvas);
+    if (text === '') return [];
+    const [x, y] = [shape.x, shape.y2 ?? shape.y];
+    const { across, down } = pixelsOf(canvas, x, y);
+    const place = canvas.transposed ? { x: y, y: x } : { x, y };
+    return [{ ...place, text, side: sideOf(layer, shape, canvas), across, down }];
+  });
+}
+
+/** A place from the left and from the top of the panel. */
+export function pixelsOf(canvas: Canvas, x: number, y: number): { across: number; down: number } {
+  const [ux, uy] = [canvas.x.unit(x), canvas.y.unit(y)];
+  const [across, up] = canvas.transposed ? [uy, ux] : [ux, uy];
+  return { across: across * canvas.width, down: (1 - up) * canvas.height };
+}
+
+export interface Room {
+  left: number;
+  right: number;
+  top: number;
+  bottom: number;
+}
+
+export function roomOf(label: Candidate, look: TextLook): Room {
+  const width = textWidth(label.text, look);
+  const height = lineHeight(look);
+  const left = { right: label.across + 6, left: label.across - 6 - width, above: 0, below: 0 }[label.side];
+  const from = label.side === 'above' || label.side === 'below' ? label.across - width / 2 : left;
+  const middle = label.down + { right: 0, left: 0, above: -8, below: 8 }[label.side];
+  return { left: from, right: from + width, top: middle - height / 2, bottom: middle + height / 2 };
+}
+
+export const overlap = (a: Room, b: Room) =>
+  a.left < b.right && b.left < a.right && a.top < b.bottom && b.top < a.bottom;
+
+/** More cannot be read. */
+export const mostLabels = 2_000;
+
+/** What symbols cover, so that no label hides one. Of very many there is no room for labels anyway. */
+function symbolRooms(layer: Layer, canvas: Canvas): Room[] {
+  if (layer.kind !== 'points' || layer.shapes.length > mostLabels) return [];
+  const half = layer.look.size / 2 - 1;
+  return layer.shapes.map((shape) => {
+    const { across: x, down: y } = pixelsOf(canvas, shape.x, shape.y);
+    return { left: x - half, right: x + half, top: y - half, bottom: y + half };
+  });
+}
+
+/** Unless the chart wants all of them, a label that would cover an earlier one is left out. */
+export function placeLabels(canvas: Canvas, layer: Layer, layers: Layer[], notes: string[]): PlacedLabel[] {
+  const look = textLook(layer.element.labeling[0]?.style ?? {}, ownTexts.dataLabel);
+  if (layer.kind === 'boxes') return placeOutliers(canvas, layer, layers, look, notes);
+  const all = candidatesOf(layer, canvas);
+  if (all.length > mostLabels) notes.push(`Of ${all.length} labels the first ${mostLabels} are drawn.`);
+  const candidates = all.slice(0, mostLabels);
+  if (layer.element.showCollidingLabels) return candidates;
+  const taken: Room[] = symbolRooms(layer, canvas);
+  const placed = candidates.filter((label) => {
+    const room = roomOf(label, look);
+    if (taken.some((other) => overlap(room, other))) return false;
+    taken.push(room);
+    return true;
+  });
+  const name = layer.element.name || layer.element.id || layer.element.kind;
+  if (placed.length < candidates.length)
+    notes.push(`Labels of ${name} that would cover others are left out.`);
+  return placed;
+}

@@ -1,0 +1,61 @@
+/** What statistics are called where the chart does not say: titles of axes, and sentences below the picture. */
+import { plainText } from '../../chart/labels.js';
+import type { Axis, ChartElement } from '../../chart/model.js';
+import type { Direction } from '../compile/directions.js';
+import type { Layer, LayerKind } from '../compile/layers.js';
+
+const titles: Record<number, string> = {
+  3: 'Percent',
+  10: 'Count',
+  11: 'Cumulative count',
+  12: 'Cumulative percent',
+  22: 'Percent',
+  23: 'Percent',
+};
+
+function titleOf(element: ChartElement): string {
+  if (element.density) return 'Density';
+  if (element.summary !== null) return titles[element.summary] ?? '';
+  return element.bins && element.y.length === 0 ? 'Count' : '';
+}
+
+/** An axis that has no title along values that all elements compute is named after these. */
+export function namedByStatistic(axis: Axis, direction: Direction, layers: Layer[]): Axis {
+  if (axis.label || axis.derived || direction.name !== 'y' || layers.length === 0) return axis;
+  const names = new Set(layers.map(({ element, kind }) => (kind === 'dots' ? '' : titleOf(element))));
+  const [text] = names;
+  if (names.size !== 1 || !text) return axis;
+  const label = { id: '', style: {}, frameStyle: {}, purpose: 0, pieces: [{ kind: 'text' as const, text }] };
+  return { ...axis, label };
+}
+
+const summaries: Record<number, string> = {
+  1: 'sum',
+  2: 'mean',
+  4: 'median',
+  5: 'least value',
+  6: 'greatest value',
+};
+
+const marks: Partial<Record<LayerKind, string>> = {
+  bars: 'Bars show',
+  line: 'Lines show',
+  points: 'Points show',
+  area: 'Areas show',
+};
+
+/** What marks show of several rows each, unless an axis has a title of its own that tells it. */
+export function summaryCaptions(layers: Layer[], y: Direction): string[] {
+  const texts = layers.flatMap(({ kind, element }) => {
+    const what = summaries[element.summary ?? 0];
+    const [values] = y.values;
+    if (!what || !marks[kind] || y.values.length !== 1 || !values) return [];
+    const label = values.variable.label || values.variable.id;
+    const titled = (y.dimension?.axes ?? []).some((axis) => {
+      const title = axis.derived ? '' : plainText(axis.label);
+      return title !== '' && title !== label;
+    });
+    return titled ? [] : [`${marks[kind]} the ${what} of ${label}.`];
+  });
+  return [...new Set(texts)];
+}
