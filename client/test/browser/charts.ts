@@ -67,7 +67,7 @@ export const gallery: Record<string, Expected> = {
   'scatter-with-function-line': {
     marks: { dot: complete(of('species', 'Gentoo'), 'bill_length_mm', 'bill_depth_mm') },
     texts: ['Bills of Gentoo penguins', 'Bill length (mm)', 'Bill depth (mm)', 'Best fit'],
-    axes: { 'Bill length (mm)': steps(45, 60, 5), 'Bill depth (mm)': steps(6, 24, 2) },
+    axes: { 'Bill length (mm)': steps(42, 60, 2), 'Bill depth (mm)': steps(12, 18, 2) },
   },
   'dot-plot': {
     marks: { dot: complete(penguins, 'flipper_length_mm') },
@@ -100,7 +100,7 @@ export const gallery: Record<string, Expected> = {
     marks: { rect: filledClasses(masses(penguins), 2500, 250) },
     texts: ['Body mass of penguins', 'Body mass (g)', 'Number of penguins', 'N = 342'],
     notes: ['^2 rows with missing values'],
-    axes: { 'Body mass (g)': steps(2500, 6500, 500), 'Number of penguins': steps(0, 50, 5) },
+    axes: { 'Body mass (g)': steps(2500, 6500, 500), 'Number of penguins': steps(0, 50, 10) },
   },
   'box-plot-with-outliers': {
     marks: { rect: 3, dot: sum(groups(penguins, 'species').map((rows) => outliers(masses(rows)))) },
@@ -134,13 +134,13 @@ export const gallery: Record<string, Expected> = {
     axes: {
       Weather: ['drizzle', ...kindsOfWeather],
       'Number of days': steps(0, 600, 100),
-      'Share of all days': steps(0, 45, 5).map((text) => `${text}%`),
+      'Share of all days': steps(0, 40, 10).map((text) => `${text}%`),
     },
   },
   'cross-panels': {
     marks: { dot: complete(known, 'bill_length_mm', 'bill_depth_mm') },
     texts: ['Bills of penguins', 'Bill length (mm)', 'Bill depth (mm)', ...species, 'female', 'male'],
-    axes: { 'Bill length (mm)': steps(40, 60, 10), 'Bill depth (mm)': steps(14, 20, 2) },
+    axes: { 'Bill length (mm)': steps(35, 60, 5), 'Bill depth (mm)': steps(14, 20, 2) },
     columns: ['Species', ...species],
     rows: ['male', 'female', 'Sex'],
   },
@@ -175,7 +175,7 @@ export const gallery: Record<string, Expected> = {
     axes: {
       'Body mass (g)': steps(3000, 6000, 500),
       // Where both panels begin there is one label.
-      'Number of penguins': [steps(0, 40, 10), steps(10, 40, 10)],
+      'Number of penguins': [steps(0, 40, 5), steps(5, 40, 5)],
     },
     columns: ['Sex', 'female', 'male'],
   },
