@@ -9,15 +9,8 @@ import type { DrawnScale } from '../compile/scales.js';
 import type { Maker } from '../svg/svg.js';
 import { labelsBeside, type Neighbours, type PanelLabels } from './neighbours.js';
 import { atMost, lineHeight, textLook, widest, wrap, type TextLook } from '../svg/text.js';
-import {
-  leastLabelSize,
-  askedLabels,
-  layoutAcross,
-  layoutUpright,
-  tickLength,
-  type Tick,
-  type TickLayout,
-} from './ticks.js';
+import { askedLabels, layoutAcross, layoutUpright, leastLabelSize } from './ticklabels.js';
+import { tickLength, type Tick, type TickLayout } from './ticks.js';
 
 export type AxisPlace = 'bottom' | 'top' | 'left' | 'right';
 
@@ -87,14 +80,14 @@ export function layoutAxis(
   scale: DrawnScale,
   place: AxisPlace,
   ticks: Tick[],
-  { length, titleLength, labels: mostRoom, neighbours }: AxisRoom,
+  { length, titleLength, labels: mostDepth, neighbours }: AxisRoom,
 ): DrawnAxis {
   const titleLook = { ...textLook(axis.label?.style ?? {}, ownTexts.axisLabel), align: 'middle' as const };
   const upright = isUpright(place);
   // Angles of charts run against the clock, those of SVG with it.
   const settings = axis.ticks && axis.ticks.angle ? { ...axis.ticks, angle: -axis.ticks.angle } : axis.ticks;
   const layoutBy = upright ? layoutUpright : layoutAcross;
-  const arranged = (look: TextLook) => layoutBy(ticks, scale, length, settings, look, mostRoom);
+  const arranged = (look: TextLook) => layoutBy({ ticks, scale, length, settings, look, mostDepth });
   const asked = askedLabels(ticks, settings);
   const named = scale.direction.kind === 'category' && asked * leastLabelSize <= length;
   const labelLook = named ? roomyLook(labelLookOf(axis), asked, arranged) : labelLookOf(axis);

@@ -3,7 +3,8 @@ import type { Ticks } from '../../chart/model.js';
 import { labelsBeside, type Neighbours } from './neighbours.js';
 import type { DrawnScale } from '../compile/scales.js';
 import { lineHeight, widest, type TextLook } from '../svg/text.js';
-import { askedLabels, layoutAcross, layoutUpright, type Tick } from './ticks.js';
+import { askedLabels, layoutAcross, layoutUpright } from './ticklabels.js';
+import type { Tick } from './ticks.js';
 import { ticksOf, type TickWish } from './ticktexts.js';
 
 /** The room along an axis. */
@@ -40,7 +41,7 @@ function wantedTicks(
 function labelled(ticks: Tick[], scale: DrawnScale, settings: Ticks | null, room: TickRoom) {
   const { length, upright, look, neighbours } = room;
   const layoutOf = upright ? layoutUpright : layoutAcross;
-  const layout = layoutOf(ticks, scale, length, settings, look, length);
+  const layout = layoutOf({ ticks, scale, length, settings, look, mostDepth: length });
   const count = (lines: string[][]) => lines.filter((each) => each.length > 0).length;
   const labels = labelsBeside(layout, scale, length, upright, look, neighbours);
   // The label at an edge that two panels share stands at one of them.
