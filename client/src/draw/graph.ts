@@ -1,6 +1,7 @@
 /** Draws a graph: its panels with their axes and headers, in a rectangle of the page. */
 import { pixels } from '../chart/markup.js';
-import { drawAxisTitle, drawTicks, frameColor, isUpright, type AxisPlace } from './axes/axes.js';
+import { isUpright, type AxisPlace } from './axes/axes.js';
+import { drawAxisTitle, drawTicks, frameColor } from './axes/drawaxes.js';
 import { none, readableShade, safeColor } from './svg/colors.js';
 import type { CompiledGraph } from './compilegraph.js';
 import { axisRoom, countsOf, layoutOf, type Layout } from './graphlayout.js';
@@ -159,7 +160,7 @@ function drawOne(
     const index = upright
       ? layout.rowStarts.filter((start) => start > layout.rowStarts[panel.row]!).length
       : panel.column;
-    group.append(drawTicks({ ...axis, scale }, index, width, height, maker, several));
+    group.append(drawTicks({ ...axis, scale }, { index, width, height, framed: several }, maker));
   }
   return group;
 }

@@ -3,7 +3,7 @@ import * as Plot from '@observablehq/plot';
 import { group as groupBy } from 'd3';
 import { pixels } from '../../chart/markup.js';
 import type { Style } from '../../chart/model.js';
-import { lineColor } from '../axes/axes.js';
+import { lineColor } from '../axes/drawaxes.js';
 import { none, readableShade } from '../svg/colors.js';
 import { guideMarks, type DrawnGuide } from './guides.js';
 import type { Layer, Shape } from '../compile/layers.js';
