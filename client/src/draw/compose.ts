@@ -1,247 +1,18 @@
 /** Puts the parts of a page together: titles, graphs, legends, footnotes, and what has to be said below. */
+import { drawBelow, leftOf } from './below.js';
+import { layPage } from './pagelayout.js';
 import type { CompiledGraph } from './compilegraph.js';
-import type { Chart, Legend, Location } from '../chart/model.js';
+import type { Chart } from '../chart/model.js';
 import type { Data } from '../data/columns.js';
 import { none, readable, safeColor } from './svg/colors.js';
 import type { Figures } from './compile/figures.js';
-import {
-  drawBox,
-  drawFrame,
-  frameTexts,
-  hasBox,
-  layFrame,
-  paddingOf,
-  usualPadding,
-  type LaidFrame,
-} from './frames.js';
+import { drawBox, drawFrame } from './frames.js';
 import { drawGraph, type LineNames } from './graph.js';
-import {
-  drawLegend,
-  layLegend,
-  legendNotes,
-  openLegend,
-  type LaidLegend,
-  type LegendScope,
-  type OpenLegend,
-} from './legends/legends.js';
-import { shares } from './legends/legendlayout.js';
+import { drawLegend } from './legends/legends.js';
 import { ownTexts } from './compile/looks.js';
-import { pageSize, Places, rectangle, type Rectangle } from './page.js';
 import { Patterns } from './svg/patterns.js';
 import { smallText } from './smalltexts.js';
-import { summaryCaptions } from './notes/statisticnames.js';
 import type { Maker } from './svg/svg.js';
-import { lineHeight, widest, wrap, type TextLook } from './svg/text.js';
-
-type Side = 'left' | 'right' | 'top' | 'bottom' | 'free';
-
-interface PlacedLegend {
-  laid: LaidLegend;
-  side: Side;
-  box: Rectangle;
-}
-
-/** What goes on the page beside the graphs, and the room that is left for them. */
-interface PageLayout {
-  width: number;
-  height: number;
-  frames: LaidFrame[];
-  legends: PlacedLegend[];
-  /** Of each graph. */
-  graphs: Rectangle[];
-}
-
-const gapBesideLegend = 14;
-
-function sideOf(legend: Legend, chart: Chart): Side {
-  const find = (part: Location['part']) => legend.locations.find((location) => location.part === part);
-  const isGraph = (id: string) => chart.graphs.some((graph) => graph.id === id);
-  const atPercent = (location: Location | undefined, percent: number) =>
-    location?.method === 'value' && location.value?.unit === '%' && location.value.value === percent;
-  if (find('bottom')?.method === 'target' && isGraph(find('bottom')!.target)) return 'top';
-  if (find('top')?.method === 'target' && isGraph(find('top')!.target)) return 'bottom';
-  if (find('left')?.method === 'value' && find('top')?.method === 'value' && !atPercent(find('left'), 0))
-    return 'free';
-  if (atPercent(find('left'), 0)) return 'left';
-  if (atPercent(find('bottom'), 100) && !find('top')) return 'bottom';
-  return atPercent(find('top'), 0) ? 'top' : 'right';
-}
-
-const isAbove = (role: string) => /^(title|subtitle)/.test(role);
-const isBelow = (role: string) => /^(footnote|statisticsSummary)/.test(role);
-
-/** Texts above the graphs take no more of the page, and texts below them neither. */
-const mostOfPage = 1 / 3;
-
-/** Frames with a place of their own; texts that need more than that push what is below, or above. */
-function layFrames(chart: Chart, figures: Figures, places: Places, page: Rectangle, notes: string[]) {
-  const texts = frameTexts(chart, figures, notes).filter(
-    ({ text, frame }) => text !== '' || frame.locations.length > 0,
-  );
-  const share = (role: string) => {
-    const beside = isAbove(role) ? isAbove : isBelow(role) ? isBelow : () => true;
-    return mostOfPage / Math.max(1, texts.filter((text) => text.text !== '' && beside(text.role)).length);
-  };
-  const laid = texts.map((text) => {
-    const box = rectangle(places.edges(text.frame.id), page);
-    return layFrame(text, box, page.height * share(text.role), notes);
-  });
-  const unplaced = (frame: LaidFrame) => frame.frame.locations.length === 0;
-  let pushedDown = 0;
-  let top = 0;
-  for (const frame of laid.filter(({ role }) => isAbove(role)).sort((a, b) => a.box.top - b.box.top)) {
-    if (unplaced(frame)) frame.box = { ...page, top, height: frame.needed };
-    else frame.box.top += pushedDown;
-    const missing = Math.max(0, frame.needed - frame.box.height);
-    pushedDown += unplaced(frame) ? 0 : missing;
-    frame.box.height += missing;
-    top = frame.box.top + frame.box.height;
-  }
-  let pushedUp = 0;
-  let bottom = page.height;
-  for (const frame of laid.filter(({ role }) => isBelow(role)).sort((a, b) => b.box.top - a.box.top)) {
-    if (unplaced(frame)) frame.box = { ...page, top: bottom - frame.needed, height: frame.needed };
-    else frame.box.top -= pushedUp;
-    const missing = Math.max(0, frame.needed - frame.box.height);
-    pushedUp += unplaced(frame) ? 0 : missing;
-    frame.box = { ...frame.box, top: frame.box.top - missing, height: frame.box.height + missing };
-    bottom = frame.box.top;
-  }
-  return { laid, top, bottom };
-}
-
-/** Of the room for a graph and its legends, legends beside it take at most this part, and those above or below it. */
-const mostBeside = 0.5;
-const mostAcross = 1 / 3;
-const gapBetweenLegends = 8;
-/** So much lower than the room that they share panels begin; boxes of legends beside them do as well. */
-const topOfPanels = 10;
-
-const isAcross = (side: Side) => side === 'top' || side === 'bottom';
-
-/** Lays out the legends of one side, which share its height. */
-function layOneSide(legends: OpenLegend[], side: Side, graph: Rectangle, places: Places): LaidLegend[] {
-  if (side === 'free') {
-    return legends.map((legend) => {
-      const { left, top } = rectangle(places.edges(legend.legend.id), graph);
-      const [right, bottom] = [graph.left + graph.width, graph.top + graph.height];
-      return layLegend(legend, { width: right - left, height: bottom - top }, false);
-    });
-  }
-  const across = isAcross(side);
-  const width = across ? graph.width : graph.width * mostBeside;
-  const height = across ? graph.height * mostAcross : graph.height - topOfPanels;
-  const wanted = legends.map((legend) => layLegend(legend, { width, height: Infinity }, across).height);
-  const heights = shares(wanted, height - gapBetweenLegends * (legends.length - 1));
-  return legends.map((legend, at) => layLegend(legend, { width, height: heights[at]! }, across));
-}
-
-function layLegends(chart: Chart, scope: LegendScope, graph: Rectangle, places: Places) {
-  const open = chart.legends.flatMap((legend) => {
-    const made = openLegend(legend, scope);
-    return made ? [{ made, side: sideOf(legend, chart) }] : [];
-  });
-  return (['right', 'left', 'top', 'bottom', 'free'] as const).flatMap((side) => {
-    const own = open.filter((each) => each.side === side).map(({ made }) => made);
-    const laid = layOneSide(own, side, graph, places);
-    scope.notes.push(...laid.flatMap(legendNotes));
-    return laid.map((each) => ({ laid: each, side }));
-  });
-}
-
-function placeLegends(
-  legends: { laid: LaidLegend; side: Side }[],
-  graph: Rectangle,
-  places: Places,
-): PlacedLegend[] {
-  const boxed = ({ laid, side }: { laid: LaidLegend; side: Side }) =>
-    (side === 'left' || side === 'right') && hasBox(laid.legend.style);
-  const next: Partial<Record<Side, number>> = Object.fromEntries(
-    legends.filter(boxed).map(({ side }) => [side, topOfPanels]),
-  );
-  const beside = legends.filter(({ side }) => side === 'right').map(({ laid }) => laid.width);
-  const right = graph.left + graph.width - Math.max(0, ...beside);
-  return legends.map(({ laid, side }) => {
-    const used = next[side] ?? 0;
-    const { width, height } = laid;
-    const middle = graph.left + (graph.width - width) / 2;
-    const box: Record<Side, Rectangle> = {
-      right: { left: right, top: graph.top + used, width, height },
-      left: { left: graph.left, top: graph.top + used, width, height },
-      top: { left: middle, top: graph.top + used, width, height },
-      bottom: { left: middle, top: graph.top + graph.height - height - used, width, height },
-      free: { ...rectangle(places.edges(laid.legend.id), graph), width, height },
-    };
-    next[side] = used + height + gapBetweenLegends;
-    return { laid, side, box: box[side] };
-  });
-}
-
-/** The room of the graph without that of the legends beside it. */
-function without(graph: Rectangle, legends: PlacedLegend[]): Rectangle {
-  const reach = (side: Side, extent: 'width' | 'height') => {
-    const own = legends.filter((legend) => legend.side === side);
-    if (own.length === 0) return 0;
-    const stacked = isAcross(side);
-    const sizes = own.map((legend) => legend.box[extent]);
-    return (
-      (stacked ? sizes.reduce((sum, size) => sum + size + 4, 0) : Math.max(...sizes)) +
-      (stacked ? 2 : gapBesideLegend)
-    );
-  };
-  const [left, right] = [reach('left', 'width'), reach('right', 'width')];
-  const [top, bottom] = [reach('top', 'height'), reach('bottom', 'height')];
-  return {
-    left: graph.left + left,
-    top: graph.top + top,
-    width: Math.max(60, graph.width - left - right),
-    height: Math.max(60, graph.height - top - bottom),
-  };
-}
-
-/** Graphs without places of their own share the page, one below the other. */
-function graphRooms(chart: Chart, places: Places, free: Rectangle): Rectangle[] {
-  const count = Math.max(1, chart.graphs.length);
-  const overlapping = chart.graphs.filter((graph) => {
-    const edges = places.edges(graph.id);
-    return edges.left === undefined && edges.right === undefined;
-  });
-  return chart.graphs.map((graph, at) => {
-    const edges = places.edges(graph.id);
-    if (count > 1 && overlapping.length === count) {
-      return { ...free, top: free.top + (at * free.height) / count, height: free.height / count };
-    }
-    const given = rectangle(edges, free);
-    const top = Math.max(given.top, free.top);
-    const bottom = Math.min(given.top + given.height, free.top + free.height);
-    return { ...given, top, height: Math.max(60, bottom - top) };
-  });
-}
-
-const pageMargin = 6;
-
-function layPage(
-  chart: Chart,
-  data: Data,
-  figures: Figures,
-  graphs: CompiledGraph[],
-  notes: string[],
-): PageLayout {
-  const { width, height } = pageSize(chart);
-  const page: Rectangle = { left: 0, top: 0, width, height };
-  const located = [...chart.frames, ...chart.graphs, ...chart.legends].filter((part) => part.id !== '');
-  const places = new Places(new Map(located.map((part) => [part.id, part.locations])), page);
-  const { laid: frames, top, bottom } = layFrames(chart, figures, places, page, notes);
-  const free = { left: 0, top: top + (top > 0 ? 6 : pageMargin), width, height: 0 };
-  free.height = Math.max(80, bottom - free.top - (bottom < height ? 2 : pageMargin));
-  const rooms = graphRooms(chart, places, free);
-  const scope = { chart, data, cluster: graphs[0]?.x.cluster ?? null, notes };
-  const [first] = rooms;
-  const margins = first && { ...first, left: first.left + pageMargin, width: first.width - 2 * pageMargin };
-  const legends = margins ? placeLegends(layLegends(chart, scope, margins, places), margins, places) : [];
-  if (first) rooms[0] = without(first, legends);
-  return { width, height, frames, legends, graphs: rooms };
-}
 
 /** Lines that a legend does not explain are named at their ends, or within panels that have no room there. */
 function nameLines(compiled: CompiledGraph, chart: Chart): LineNames {
@@ -262,57 +33,10 @@ function nameLines(compiled: CompiledGraph, chart: Chart): LineNames {
   return { beside, within: new Map(), look };
 }
 
-/** What the chart shows is told below it, where a reader could not know it. */
-export function captionsOf(graphs: CompiledGraph[]): string[] {
-  const elements = graphs.flatMap((compiled) => compiled.panels.flat());
-  const captions: string[] = [];
-  if (elements.some((layer) => layer.kind === 'errors')) {
-    captions.push('Error bars show the 95% confidence interval of the mean.');
-  }
-  captions.push(...graphs.flatMap(({ panels, y }) => summaryCaptions(panels.flat(), y)));
-  return captions;
-}
-
-const mostNotes = 6;
-
-/** Where texts begin that stand at the left of the page. */
-function leftOf(frames: LaidFrame[]): number {
-  const shown = frames.filter(({ lines, look }) => lines.length > 0 && look.align === 'start');
-  const lefts = shown.map(({ box, frame }) => box.left + paddingOf(frame.style).left);
-  return Math.min(...(lefts.length > 0 ? lefts : [usualPadding]));
-}
-
-interface Below {
-  width: number;
-  /** Where texts begin that stand at the left. */
-  left: number;
-  look: TextLook;
-}
-
-/** Sentences from so far down; none is no group. */
-function drawSentences(
-  texts: string[],
-  group: SVGElement,
-  top: number,
-  { width, left, look }: Below,
-  maker: Maker,
-): { groups: SVGElement[]; height: number } {
-  if (texts.length === 0) return { groups: [], height: 0 };
-  const lines = texts.flatMap((text) => wrap(text, width - left - pageMargin, look));
-  group.append(maker.text(lines, left, top + look.size, look));
-  return { groups: [group], height: lines.length * lineHeight(look) };
-}
-
-/** What is told below the chart, and then what is not drawn as the chart says, the first sentences of it. */
-function drawBelow(captions: string[], notes: string[], top: number, below: Below, maker: Maker) {
-  const shown =
-    notes.length > mostNotes
-      ? [...notes.slice(0, mostNotes), `And ${notes.length - mostNotes} more notes.`]
-      : notes;
-  const told = drawSentences(captions, maker.group('What is shown', 'group'), top, below, maker);
-  const noted = drawSentences(shown, maker.group('Notes', 'note'), top + told.height, below, maker);
-  const height = told.height + noted.height;
-  return { groups: [...told.groups, ...noted.groups], height: height > 0 ? height + 8 : 0 };
+/** The page itself: its color, and its outline. */
+function drawPage({ pageStyle }: Chart, color: string, width: number, height: number, maker: Maker) {
+  const page = maker.make('rect', { width, height, fill: color, 'aria-hidden': 'true' });
+  return [page, ...drawBox({ ...pageStyle, color: none }, { left: 0, top: 0, width, height }, maker)];
 }
 
 export interface Composed {
@@ -330,46 +54,30 @@ export function compose(
   maker: Maker,
 ): Composed {
   const layout = layPage(chart, data, figures, graphs, notes);
-  const pageColor = safeColor(chart.pageStyle.color) ?? '#ffffff';
-  const patterns = new Patterns(maker, pageColor === none ? '#ffffff' : pageColor);
+  const { width } = layout;
+  const paper = safeColor(chart.pageStyle.color) ?? '#ffffff';
+  const patterns = new Patterns(maker, paper === none ? '#ffffff' : paper);
   const drawn = graphs.map((compiled, at) => {
-    const lineNames = nameLines(compiled, chart);
-    const { beside, look } = lineNames;
-    const names = beside.map(({ text }) => text);
-    const room = names.length > 0 ? widest(names, look) + 1.2 * look.size : 0;
-    const scope = {
-      patterns,
-      maker,
-      paper: pageColor,
-      clipPrefix: `${maker.prefix}-clip-${at}`,
-      lineNames,
-    };
-    return drawGraph(compiled, layout.graphs[at]!, room, scope);
+    const clipPrefix = `${maker.prefix}-clip-${at}`;
+    const scope = { patterns, maker, paper, clipPrefix, lineNames: nameLines(compiled, chart) };
+    return drawGraph(compiled, layout.graphs[at]!, scope);
   });
   const legends = layout.legends.map(({ laid, box }) =>
-    drawLegend(laid, box.left, box.top, { patterns, paper: pageColor, maker }),
+    drawLegend(laid, box.left, box.top, { patterns, paper, maker }),
   );
   const frames = layout.frames.map((frame) => drawFrame(frame, maker));
   const own = smallText(chart.graphs, ownTexts.note);
-  const look = { ...own, color: readable(pageColor, own.color) };
-  const place = { width: layout.width, left: leftOf(layout.frames), look };
-  const below = drawBelow(captionsOf(graphs), [...new Set(notes)], layout.height, place, maker);
+  const place = { width, left: leftOf(layout.frames), look: { ...own, color: readable(paper, own.color) } };
+  const below = drawBelow(graphs, notes, layout.height, place, maker);
   const height = Math.ceil(layout.height + below.height);
-  const page = maker.make('rect', { width: layout.width, height, fill: pageColor, 'aria-hidden': 'true' });
-  const outline = drawBox(
-    { ...chart.pageStyle, color: none },
-    { left: 0, top: 0, width: layout.width, height },
-    maker,
-  );
   const definitions = patterns.definitions();
   const parts = [
-    page,
-    ...outline,
+    ...drawPage(chart, paper, width, height, maker),
     ...(definitions.length > 0 ? [maker.make('defs', {}, definitions)] : []),
     ...frames,
     ...drawn,
     ...legends,
     ...below.groups,
   ];
-  return { parts, width: layout.width, height };
+  return { parts, width, height };
 }

@@ -14,7 +14,7 @@ import type { Patterns } from './svg/patterns.js';
 import { drawPanel, type GridLines, type PanelFrame } from './marks/plot.js';
 import { withFunctions, type DrawnScale } from './compile/scales.js';
 import type { Maker } from './svg/svg.js';
-import { lineHeight, type TextLook } from './svg/text.js';
+import { lineHeight, widest, type TextLook } from './svg/text.js';
 
 function gridLines(layout: Layout, across: boolean): GridLines | null {
   const axis = layout.axes.find(
@@ -115,22 +115,15 @@ function panelFrame(compiled: CompiledGraph, at: number, patterns: Patterns): Pa
   };
 }
 
-function drawOne(
-  compiled: CompiledGraph,
-  layout: Layout,
-  panel: Panel,
-  at: number,
-  scope: GraphScope,
-): SVGElement {
-  const { maker } = scope;
-  const scales = panelScales(compiled, layout, panel);
-  const group = maker.make('g', {
-    transform: `translate(${layout.columnStarts[panel.column]!.toFixed(2)},${layout.rowStarts[panel.row]!.toFixed(2)})`,
-  });
-  const several = compiled.grid.panels.length > 1;
+/** A panel, and where it is among the others. */
+interface Place {
+  panel: Panel;
+  at: number;
+}
+
+function drawContent(compiled: CompiledGraph, layout: Layout, { panel, at }: Place, scope: GraphScope) {
   const frame = panelFrame(compiled, at, scope.patterns);
   const { width, height } = layout;
-  const { transposed } = compiled.orientation;
   const content = {
     panel,
     name: panelName(panel, compiled),
@@ -138,8 +131,8 @@ function drawOne(
     guides: compiled.guides,
     lineNames: scope.lineNames.within,
     canvas: {
-      ...scales,
-      transposed,
+      ...panelScales(compiled, layout, panel),
+      transposed: compiled.orientation.transposed,
       width,
       height,
       patterns: scope.patterns,
@@ -151,17 +144,30 @@ function drawOne(
     notes: compiled.notes,
     clipId: `${scope.clipPrefix}-${at}`,
   };
-  group.append(drawPanel(content, maker));
-  for (const axis of layout.axes) {
-    if (!isOuter(axis.place, panel, compiled)) continue;
-    const upright = isUpright(axis.place);
-    const screen = upright ? 1 : 0;
-    const scale = reflected(axis.scale, compiled.orientation, screen, upright ? panel.row : panel.column);
-    const index = upright
-      ? layout.rowStarts.filter((start) => start > layout.rowStarts[panel.row]!).length
-      : panel.column;
-    group.append(drawTicks({ ...axis, scale }, { index, width, height, framed: several }, maker));
-  }
+  return drawPanel(content, scope.maker);
+}
+
+function drawAxes(compiled: CompiledGraph, layout: Layout, panel: Panel, maker: Maker): SVGElement[] {
+  const { width, height, rowStarts } = layout;
+  const framed = compiled.grid.panels.length > 1;
+  return layout.axes
+    .filter((axis) => isOuter(axis.place, panel, compiled))
+    .map((axis) => {
+      const upright = isUpright(axis.place);
+      const place = upright ? panel.row : panel.column;
+      const scale = reflected(axis.scale, compiled.orientation, upright ? 1 : 0, place);
+      const below = rowStarts.filter((start) => start > rowStarts[panel.row]!).length;
+      const index = upright ? below : panel.column;
+      return drawTicks({ ...axis, scale }, { index, width, height, framed }, maker);
+    });
+}
+
+function drawOne(compiled: CompiledGraph, layout: Layout, place: Place, scope: GraphScope): SVGElement {
+  const { panel } = place;
+  const [left, top] = [layout.columnStarts[panel.column]!, layout.rowStarts[panel.row]!];
+  const group = scope.maker.make('g', { transform: `translate(${left.toFixed(2)},${top.toFixed(2)})` });
+  group.append(drawContent(compiled, layout, place, scope));
+  group.append(...drawAxes(compiled, layout, panel, scope.maker));
   return group;
 }
 
@@ -190,19 +196,19 @@ function drawHeaders(layout: Layout, width: number, height: number, maker: Maker
     );
 }
 
-/** Room beside the panels that names of lines need is `named`. */
-export function drawGraph(
-  compiled: CompiledGraph,
-  whole: Rectangle,
-  named: number,
-  scope: GraphScope,
-): SVGElement {
+/** The room beside the panels that names of lines need, in pixels. */
+function roomForNames({ beside, look }: LineNames): number {
+  const names = beside.map(({ text }) => text);
+  return names.length > 0 ? widest(names, look) + 1.2 * look.size : 0;
+}
+
+export function drawGraph(compiled: CompiledGraph, whole: Rectangle, scope: GraphScope): SVGElement {
   const { maker } = scope;
-  const layout = layoutOf(compiled, whole, named);
+  const layout = layoutOf(compiled, whole, roomForNames(scope.lineNames));
   const left = whole.left + layout.rooms.left;
   const top = whole.top + layout.rooms.top;
   const group = maker.make('g', { transform: `translate(${Math.round(left)},${Math.round(top)})` });
-  compiled.grid.panels.forEach((panel, at) => group.append(drawOne(compiled, layout, panel, at, scope)));
+  compiled.grid.panels.forEach((panel, at) => group.append(drawOne(compiled, layout, { panel, at }, scope)));
   const allWidth = Math.max(...layout.columnStarts) + layout.width;
   const allHeight = Math.max(...layout.rowStarts) + layout.height;
   group.append(...drawHeaders(layout, allWidth, allHeight, maker));
