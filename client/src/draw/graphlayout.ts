@@ -87,9 +87,11 @@ function axesOf(
   // Below the panels are the labels of other axes; on top and at the sides titles may reach beyond them.
   const titleLength = (upright: boolean) =>
     upright ? rooms.top + rows * (size.height + size.gapY) - size.gapY : whole.width - edgeRoom;
+  const axesAlong = (name: 'x' | 'y') => compiled[name].dimension?.axes ?? [];
+  const all = [...axesAlong('x'), ...axesAlong('y')];
   const wished = (['x', 'y'] as const).flatMap((name) =>
-    (compiled[name].dimension?.axes ?? []).map((own) => {
-      const axis = namedByStatistic(own, compiled[name], compiled.panels.flat());
+    axesAlong(name).map((own) => {
+      const axis = namedByStatistic(own, compiled[name], compiled.panels.flat(), all);
       const place = placeOfAxis(axis, name, transposed);
       const upright = isUpright(place);
       const scale = axis.derived ? derivedScale(compiled, scales[name]) : scales[name];

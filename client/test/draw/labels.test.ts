@@ -300,6 +300,26 @@ describe('statistics', () => {
     expect(own).not.toContain('Percent');
   });
 
+  test('have the look of the title of the other axis, or of the labels of ticks', () => {
+    const look = (drawn: ReturnType<typeof bars>) => {
+      const title = Array.from(drawn.svg.querySelectorAll('text')).find(
+        (text) => text.textContent === 'Count',
+      )!;
+      return ['fill', 'font-size'].map((name) => title.getAttribute(name));
+    };
+    const style = '<style id="t" color="#e0e0e0" font_size="20px"/>';
+    const label = '<label style="t"><text>Kinds</text></label>';
+    const plain = '<axis><majorTicks/></axis>';
+    const styled = (x: string, y: string) =>
+      picture({ k: [1, 1, 2] }, '<interval><x variable="k"/><summaryStatistic method="10"/></interval>', {
+        categorical: kinds,
+        coordinates: `<dimension><axis>${x}<majorTicks/></axis></dimension><dimension>${y}</dimension>`,
+        rest: style,
+      });
+    expect(look(styled(label, plain))).toEqual(['#e0e0e0', '20']);
+    expect(look(styled('', '<axis><majorTicks style="t"/></axis>'))).toEqual(['#e0e0e0', '20']);
+  });
+
   test('are told below the chart where no title of an axis does', () => {
     const y = '<y variable="b"/>';
     expect(bars('2', y).textsOf('What is shown')).toEqual(['Bars show the mean of the b.']);

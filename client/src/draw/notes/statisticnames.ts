@@ -1,6 +1,6 @@
 /** What statistics are called where the chart does not say: titles of axes, and sentences below the picture. */
 import { plainText } from '../../chart/labels.js';
-import type { Axis, ChartElement } from '../../chart/model.js';
+import type { Axis, ChartElement, Style } from '../../chart/model.js';
 import type { Direction } from '../compile/directions.js';
 import type { Layer, LayerKind } from '../compile/layers.js';
 
@@ -19,13 +19,21 @@ function titleOf(element: ChartElement): string {
   return element.bins && element.y.length === 0 ? 'Count' : '';
 }
 
+/** What the chart does not name looks like the title of another axis, or like the labels of its own ticks. */
+function titleStyle(axis: Axis, others: Axis[]): Style {
+  const style = others.find(({ label }) => label && label.style.visible !== false)?.label?.style;
+  const { visible: _, ...own } = style ?? axis.ticks?.style ?? {};
+  return own;
+}
+
 /** An axis that has no title along values that all elements compute is named after these. */
-export function namedByStatistic(axis: Axis, direction: Direction, layers: Layer[]): Axis {
+export function namedByStatistic(axis: Axis, direction: Direction, layers: Layer[], others: Axis[]): Axis {
   if (axis.label || axis.derived || direction.name !== 'y' || layers.length === 0) return axis;
   const names = new Set(layers.map(({ element, kind }) => (kind === 'dots' ? '' : titleOf(element))));
   const [text] = names;
   if (names.size !== 1 || !text) return axis;
-  const label = { id: '', style: {}, frameStyle: {}, purpose: 0, pieces: [{ kind: 'text' as const, text }] };
+  const pieces = [{ kind: 'text' as const, text }];
+  const label = { id: '', style: titleStyle(axis, others), frameStyle: {}, purpose: 0, pieces };
   return { ...axis, label };
 }
 
