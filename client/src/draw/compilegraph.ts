@@ -11,7 +11,8 @@ import { panelGrid, type PanelGrid } from './compile/panels.js';
 import type { Scope } from './compile/plan.js';
 import { position } from './compile/positions.js';
 import { baselineOf, scaleOf, withFunctions, type DrawnScale } from './compile/scales.js';
-import { symbolReaches, type SymbolReach } from './axes/symbolroom.js';
+import { symbolReaches, type EndReach, type SymbolReach } from './axes/symbolroom.js';
+import { labelReaches } from './marks/labelroom.js';
 import { flatNotes, panelNotes, scaleNotes } from './notes/unhonoured.js';
 
 export interface CompiledGraph {
@@ -25,6 +26,8 @@ export interface CompiledGraph {
   scales: { x: DrawnScale; y: DrawnScale };
   guides: DrawnGuide[];
   symbols: SymbolReach[];
+  /** Labels beyond the ends of bars, along y. */
+  labels: EndReach[];
   /** Along y there are numbers of cases. */
   counts: boolean;
   notes: string[];
@@ -63,7 +66,8 @@ export function compileGraph(graph: Graph, chart: Chart, data: Data, notes: stri
     !each.density && (each.summary === null ? each.bins !== null : countMethods.has(each.summary));
   const counts = y.values.length === 0 && graph.elements.every(isCount);
   const symbols = symbolReaches(panels);
-  return { graph, chart, grid, x, y, orientation, panels, scales, guides, symbols, counts, notes };
+  const labels = labelReaches(panels, x, y, orientation.transposed);
+  return { graph, chart, grid, x, y, orientation, panels, scales, guides, symbols, labels, counts, notes };
 }
 
 /** Dots that pile up have their own scale, from the bottom to the top. */

@@ -20,7 +20,7 @@ import type { PanelGrid } from './compile/panels.js';
 import { commonTicks, equalUnits, hasSameRatio, sizeOfAspect, sizeOfSameRatio } from './axes/sameratio.js';
 import { withFunctions, type DrawnScale } from './compile/scales.js';
 import { namedByStatistic } from './notes/statisticnames.js';
-import { withSymbolRoom } from './axes/symbolroom.js';
+import { symbolEnds, withRoom } from './axes/symbolroom.js';
 import { reachBeyond, type Tick } from './axes/ticks.js';
 
 export interface Layout {
@@ -232,16 +232,17 @@ export function layoutOf(compiled: CompiledGraph, whole: Rectangle, named: numbe
   };
 }
 
-/** The scales of panels of that size: with room for symbols, and equal units where the chart wants them. */
+/** The scales of panels of that size: with room for symbols and labels, and equal units where the chart wants them. */
 function scalesFor(compiled: CompiledGraph, size: { width: number; height: number }): Layout['scales'] {
-  const { orientation, symbols, chart } = compiled;
+  const { orientation, symbols, labels, chart } = compiled;
   const { width, height } = size;
   const lengths = orientation.transposed ? { x: height, y: width } : { x: width, y: height };
   const standing = compiled.panels.flat().find((layer) => layer.kind === 'bars' || layer.kind === 'area');
   const roomy = (name: 'x' | 'y') => {
     const domain = chart.domains.get(compiled[name].dimension?.domain ?? '');
     const baseline = name === 'y' && standing ? standing.baseline : null;
-    return withSymbolRoom(compiled.scales[name], symbols, domain, lengths[name], baseline);
+    const reaches = [...symbolEnds(symbols, name), ...(name === 'y' ? labels : [])];
+    return withRoom(compiled.scales[name], reaches, domain, lengths[name], baseline);
   };
   const scales = { x: roomy('x'), y: roomy('y') };
   return hasSameRatio(scales, orientation) ? equalUnits(scales, size, orientation.transposed) : scales;

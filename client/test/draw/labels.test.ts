@@ -46,6 +46,26 @@ describe('labels of bars', () => {
     expect(placeOf(across, '\u221220').x).toBeLessThan(numberOf(turned!, 'x'));
   });
 
+  test('have room within the panel', () => {
+    const wide = (coordinates: string, look = '') =>
+      picture(
+        { k: [1, 2], b: [7423847, -7423847] },
+        `<interval><x variable="k"/><y variable="b"/><labeling variable="b"${look}/></interval>`,
+        { categorical: kinds, coordinates, rest: '<style id="big" font_size="24px"/>' },
+      );
+    const label = '7423847';
+    const across = wide(`${plainAxes}<transposeTransform/>`);
+    const right = numberOf(across.svg.querySelector('g[aria-label="Data"] rect')!, 'width');
+    expect(placeOf(across, label).x + 46).toBeLessThan(right);
+    expect(placeOf(across, `\u2212${label}`).x - 52).toBeGreaterThan(0);
+    const up = wide(plainAxes, ' style="big"');
+    const [bar, other] = up.marks('rect');
+    expect(placeOf(up, label).y + 12).toBeLessThan(numberOf(bar!, 'y'));
+    expect(placeOf(up, `\u2212${label}`).y - 12).toBeGreaterThan(
+      numberOf(other!, 'y') + numberOf(other!, 'height'),
+    );
+  });
+
   test('of an inverted scale stand where the bars end on the page', () => {
     const inverted =
       '<dimension><axis><majorTicks/></axis></dimension><dimension><scale invert="true"/><axis><majorTicks/></axis></dimension>';

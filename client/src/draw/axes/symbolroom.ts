@@ -1,4 +1,4 @@
-/** Scales with so much room at their ends that symbols do not stick out of the panel. */
+/** Scales with so much room at their ends that neither symbols nor labels stick out of the panel. */
 import type { Domain } from '../../chart/model.js';
 import type { Direction } from '../compile/directions.js';
 import type { Layer, Shape } from '../compile/layers.js';
@@ -9,6 +9,16 @@ export interface SymbolReach {
   x: [number, number];
   y: [number, number];
   radius: number;
+}
+
+/** What stands at values along one direction and reaches so many pixels before the lowest and behind the highest. */
+export interface EndReach {
+  low: number;
+  high: number;
+  before: number;
+  after: number;
+  /** The most that it takes at each end, as a share of the panel. */
+  most: number;
 }
 
 const outline = 0.5;
@@ -47,17 +57,32 @@ export function symbolReaches(panels: Layer[][]): SymbolReach[] {
   });
 }
 
-/** What is missing at both ends, as shares of the axis, so that all symbols are within it. */
-function missingRoom(scale: DrawnScale, reaches: SymbolReach[], length: number): [number, number] {
+/** How far symbols reach along one direction. */
+export function symbolEnds(reaches: SymbolReach[], along: 'x' | 'y'): EndReach[] {
+  return reaches.map(({ [along]: [low, high], radius }) => ({
+    low,
+    high,
+    before: radius,
+    after: radius,
+    most: mostOfPanel,
+  }));
+}
+
+/** What is missing at both ends, as shares of the axis, so that everything is within it. */
+function missingRoom(scale: DrawnScale, reaches: EndReach[], length: number): [number, number] {
+  const places = reaches.map((reach) => ({
+    least: scale.unit(reach.low),
+    most: scale.unit(reach.high),
+    before: Math.min(reach.most, reach.before / length),
+    after: Math.min(reach.most, reach.after / length),
+  }));
   let [low, high] = [0, 0];
   // What is added at one end makes the room at the other one smaller.
   for (let pass = 0; pass < 4; pass += 1) {
     const whole = 1 + low + high;
-    for (const reach of reaches) {
-      const [least, most] = reach[scale.direction.name].map((value) => scale.unit(value)) as [number, number];
-      const needed = Math.min(mostOfPanel, reach.radius / length) * whole;
-      if (Number.isFinite(least)) low = Math.max(low, needed - least);
-      if (Number.isFinite(most)) high = Math.max(high, needed - (1 - most));
+    for (const { least, most, before, after } of places) {
+      if (Number.isFinite(least)) low = Math.max(low, before * whole - least);
+      if (Number.isFinite(most)) high = Math.max(high, after * whole - (1 - most));
     }
   }
   return [low, high];
@@ -76,10 +101,10 @@ function isFixed(
   return !!domain?.maximum || !!dimension?.upperMargin || !!dimension?.niceUpper;
 }
 
-/** The scale, wider where symbols would stick out of an axis that is `length` pixels long. */
-export function withSymbolRoom(
+/** The scale, wider where symbols or labels would stick out of an axis that is `length` pixels long. */
+export function withRoom(
   scale: DrawnScale,
-  reaches: SymbolReach[],
+  reaches: EndReach[],
   domain: Domain | undefined,
   length: number,
   baseline: number | null,

@@ -1,5 +1,6 @@
 /** Labels beside what is drawn: where they stand, and which of them have room. */
 import { mergeFormats, numberText } from '../../data/format.js';
+import type { Direction } from '../compile/directions.js';
 import type { Layer, Shape } from '../compile/layers.js';
 import { ownTexts } from '../compile/looks.js';
 import type { Canvas } from './marks.js';
@@ -20,11 +21,18 @@ export interface Candidate extends PlacedLabel {
   down: number;
 }
 
-/** The value along the dimension that labels without a variable show. */
-function labelAlong(layer: Layer, shape: Shape, canvas: Canvas): string {
+/** The look of the labels of an element; null where it shows none. */
+export function labelLook({ element }: Layer): TextLook | null {
+  const [labeling] = element.labeling;
+  return !labeling || labeling.style.visible === false ? null : textLook(labeling.style, ownTexts.dataLabel);
+}
+
+/** What stands beside a shape: its label, or the value along the dimension that labels without a variable show. */
+export function labelText(layer: Layer, shape: Shape, x: Direction, y: Direction): string {
+  if (shape.label !== undefined) return shape.label;
   const labeling = layer.element.labeling[0];
   if (!labeling || labeling.variable !== '' || labeling.dimension > 1) return '';
-  const { direction } = labeling.dimension === 0 ? canvas.x : canvas.y;
+  const direction = labeling.dimension === 0 ? x : y;
   const value = labeling.dimension === 0 ? (shape.place ?? shape.x) : shape.y;
   if (Number.isNaN(value)) return '';
   if (direction.kind === 'category') return direction.texts[Math.round(value)] ?? '';
@@ -32,6 +40,10 @@ function labelAlong(layer: Layer, shape: Shape, canvas: Canvas): string {
   const [values] = direction.values;
   return values ? values.textOf(value, format) : numberText(value, format, '');
 }
+
+/** Between a place and the label at its side, and from the end of a bar to the middle of the text over it. */
+export const gapToLabel = 6;
+export const shiftToLabel = (look: TextLook) => Math.max(8, Math.round(lineHeight(look) / 2 + 1));
 
 /** Bars have their labels beyond their ends, which lie below, or at the left, where they go down. */
 function sideOf(layer: Layer, shape: Shape, canvas: Canvas): PlacedLabel['side'] {
@@ -43,7 +55,7 @@ function sideOf(layer: Layer, shape: Shape, canvas: Canvas): PlacedLabel['side']
 
 function candidatesOf(layer: Layer, canvas: Canvas): Candidate[] {
   return layer.shapes.flatMap((shape): Candidate[] => {
-    const text = shape.label ?? labelAlong(layer, shape, canvas);
+    const text = labelText(layer, shape, canvas.x.direction, canvas.y.direction);
     if (text === '') return [];
     const [x, y] = [shape.x, shape.y2 ?? shape.y];
     const { across, down } = pixelsOf(canvas, x, y);
@@ -69,9 +81,10 @@ export interface Room {
 export function roomOf(label: Candidate, look: TextLook): Room {
   const width = textWidth(label.text, look);
   const height = lineHeight(look);
-  const left = { right: label.across + 6, left: label.across - 6 - width, above: 0, below: 0 }[label.side];
+  const left = label.side === 'right' ? label.across + gapToLabel : label.across - gapToLabel - width;
   const from = label.side === 'above' || label.side === 'below' ? label.across - width / 2 : left;
-  const middle = label.down + { right: 0, left: 0, above: -8, below: 8 }[label.side];
+  const shift = shiftToLabel(look);
+  const middle = label.down + { right: 0, left: 0, above: -shift, below: shift }[label.side];
   return { left: from, right: from + width, top: middle - height / 2, bottom: middle + height / 2 };
 }
 
@@ -93,7 +106,8 @@ function symbolRooms(layer: Layer, canvas: Canvas): Room[] {
 
 /** Unless the chart wants all of them, a label that would cover an earlier one is left out. */
 export function placeLabels(canvas: Canvas, layer: Layer, layers: Layer[], notes: string[]): PlacedLabel[] {
-  const look = textLook(layer.element.labeling[0]?.style ?? {}, ownTexts.dataLabel);
+  const look = labelLook(layer);
+  if (!look) return [];
   if (layer.kind === 'boxes') return placeOutliers(canvas, layer, layers, look, notes);
   const all = candidatesOf(layer, canvas);
   if (all.length > mostLabels) notes.push(`Of ${all.length} labels the first ${mostLabels} are drawn.`);

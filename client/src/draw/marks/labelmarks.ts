@@ -1,18 +1,23 @@
 /** Labels of data as marks of Observable Plot. */
 import * as Plot from '@observablehq/plot';
 import { none } from '../svg/colors.js';
-import { placeLabels, type PlacedLabel } from './datalabels.js';
+import { gapToLabel, labelLook, placeLabels, shiftToLabel, type PlacedLabel } from './datalabels.js';
 import type { Layer } from '../compile/layers.js';
-import { ownTexts } from '../compile/looks.js';
 import type { Canvas } from './marks.js';
-import { textLook, type TextLook } from '../svg/text.js';
+import type { TextLook } from '../svg/text.js';
 
 /** Texts beside what they name; `paint` is how their letters are filled and outlined. */
 function labelMarks(labels: PlacedLabel[], look: TextLook, paint: Plot.TextOptions): Plot.Markish[] {
   const sides = [...new Set(labels.map((label) => label.side))];
   return sides.map((side) => {
     const anchor = { right: 'start', left: 'end', above: 'middle', below: 'middle' }[side];
-    const shift = { right: [6, 0], left: [-6, 0], above: [0, -8], below: [0, 8] }[side] as [number, number];
+    const down = shiftToLabel(look);
+    const shift = {
+      right: [gapToLabel, 0] as const,
+      left: [-gapToLabel, 0] as const,
+      above: [0, -down] as const,
+      below: [0, down] as const,
+    }[side];
     return Plot.text(
       labels.filter((label) => label.side === side),
       {
@@ -44,10 +49,9 @@ export function labelsOf(canvas: Canvas, layers: Layer[], notes: string[]): Labe
   const paper = canvas.paper === none ? '#ffffff' : canvas.paper;
   const halo = { stroke: paper, strokeWidth: 2.5 };
   for (const layer of layers) {
-    const labeling = layer.element.labeling[0];
-    if (!labeling || labeling.style.visible === false) continue;
+    const look = labelLook(layer);
+    if (!look) continue;
     const labels = placeLabels(canvas, layer, layers, notes);
-    const look = textLook(labeling.style, ownTexts.dataLabel);
     // Beside a box are its own whiskers, which a halo on top would cut.
     const apart = layer.kind === 'boxes';
     if (apart) marks.below.push(...labelMarks(labels, look, { ...halo, fill: paper, ariaHidden: 'true' }));
