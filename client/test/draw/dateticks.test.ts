@@ -3,8 +3,14 @@ import { dateTicks } from '../../src/draw/axes/dateticks.js';
 import { secondsOf } from '../../src/data/format.js';
 import { picture } from './chart.js';
 
-const between = (low: string, high: string, pattern: string | null, wanted = 8) =>
-  dateTicks([secondsOf(low)!, secondsOf(high)!], wanted, pattern, 'en-US').map(({ text }) => text);
+const between = (low: string, high: string, pattern: string | null, wanted = 8, weekBegins = 1) =>
+  dateTicks({ low: secondsOf(low)!, high: secondsOf(high)!, weekBegins }, wanted, pattern, 'en-US').map(
+    ({ text }) => text,
+  );
+
+const dates =
+  '<sourceVariable id="t" source="s" sourceName="a"><format pattern="yyyy-MM-dd"/></sourceVariable><intervalDomain id="d" type="date"/>';
+const dated = (kind: string) => `<${kind}><x variable="t"/><y variable="b"/></${kind}>`;
 
 describe('dates at ticks', () => {
   test('are no finer than their pattern tells apart', () => {
@@ -22,6 +28,23 @@ describe('dates at ticks', () => {
       'May 2020',
       'Jun 2020',
     ]);
+  });
+
+  test('stand at weeks from Monday on, or from the day that all dates are on', () => {
+    const weeks = (weekBegins: number) =>
+      between('2024-03-01', '2024-03-30', 'yyyy-MM-dd', 4, weekBegins).slice(0, 2);
+    expect(weeks(1)).toEqual(['2024-03-04', '2024-03-11']);
+    expect(weeks(3)).toEqual(['2024-03-06', '2024-03-13']);
+    const axis = (from: number[]) =>
+      picture({ a: from.map((days) => (19786 + days) * 86400), b: from }, dated('interval'), {
+        rest: dates,
+      }).textsOf('x axis');
+    // From 2024-03-04, a Monday, and from the Wednesday behind it.
+    expect(axis([0, 7, 14, 21, 28, 35])).toEqual(
+      expect.arrayContaining(['2024-03-04', '2024-03-11', '2024-04-08']),
+    );
+    expect(axis([2, 9, 16, 23, 30, 37])).toEqual(expect.arrayContaining(['2024-03-06', '2024-04-10']));
+    expect(axis([2, 9, 16, 24, 30, 37])).toContain('2024-03-11');
   });
 
   test('stand at halves of years, too', () => {
@@ -59,6 +82,14 @@ describe('dates at ticks', () => {
     });
     expect(drawn.textsOf('x axis')).toEqual(['2024-02-28', '2024-02-29']);
   });
+});
+
+test('the only bar of dates is as wide as a day has room, with dates around it', () => {
+  const drawn = picture({ a: [19786 * 86400], b: [3] }, dated('interval'), { rest: dates });
+  expect(drawn.textsOf('x axis')).toEqual(['2024-03-03', '2024-03-04', '2024-03-05']);
+  const width = Number(drawn.marks('rect')[0]!.getAttribute('width'));
+  expect(width).toBeGreaterThan(100);
+  expect(width).toBeLessThan(250);
 });
 
 test('a single date has dates around it', () => {

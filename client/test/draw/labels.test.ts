@@ -56,8 +56,8 @@ describe('labels of bars', () => {
     const label = '7423847';
     const across = wide(`${plainAxes}<transposeTransform/>`);
     const right = numberOf(across.svg.querySelector('g[aria-label="Data"] rect')!, 'width');
-    expect(placeOf(across, label).x + 46).toBeLessThan(right);
-    expect(placeOf(across, `\u2212${label}`).x - 52).toBeGreaterThan(0);
+    expect(placeOf(across, label).x + 41).toBeLessThan(right);
+    expect(placeOf(across, `\u2212${label}`).x - 47).toBeGreaterThan(0);
     const up = wide(plainAxes, ' style="big"');
     const [bar, other] = up.marks('rect');
     expect(placeOf(up, label).y + 12).toBeLessThan(numberOf(bar!, 'y'));

@@ -1,20 +1,45 @@
 /** Ticks at dates: where they stand, and as much of the date as tells them apart. */
-import { utcDay, utcMonth, utcTicks, utcYear } from 'd3';
+import {
+  utcDay,
+  utcFriday,
+  utcMonday,
+  utcMonth,
+  utcSaturday,
+  utcSunday,
+  utcThursday,
+  utcTicks,
+  utcTuesday,
+  utcWednesday,
+  utcYear,
+} from 'd3';
 import { dateText } from '../../data/format.js';
 import type { Tick } from './ticks.js';
 
 const day = 86_400;
 
+/** From one date to another, in seconds since 1970. */
+export interface DateRange {
+  low: number;
+  high: number;
+  /** 0 for Sunday. */
+  weekBegins: number;
+}
+
 const inSeconds = (dates: Date[]) => dates.map((date) => date.getTime() / 1000);
 
-function roundDates(low: number, high: number, wanted: number): number[] {
+/** By the day on which they begin. */
+const weeks = [utcSunday, utcMonday, utcTuesday, utcWednesday, utcThursday, utcFriday, utcSaturday];
+
+function roundDates({ low, high, weekBegins }: DateRange, wanted: number): number[] {
+  const [first, last] = [new Date(low * 1000), new Date(high * 1000)];
+  const starts = (unit: Pick<typeof utcDay, 'range' | 'ceil'>) =>
+    inSeconds(unit.range(unit.ceil(first), new Date(+last + 1)));
   const months = (high - low) / Math.max(1, wanted) / (30.4 * day);
   // Between quarters and years are halves.
-  if (months > 4.2 && months < 8.5) {
-    const halves = utcMonth.every(6)!;
-    return inSeconds(halves.range(halves.ceil(new Date(low * 1000)), new Date(high * 1000 + 1)));
-  }
-  return inSeconds(utcTicks(new Date(low * 1000), new Date(high * 1000), wanted));
+  if (months > 4.2 && months < 8.5) return starts(utcMonth.every(6)!);
+  const values = inSeconds(utcTicks(first, last, wanted));
+  const weekly = values.length > 1 && values.every((value, at) => value - values[0]! === at * 7 * day);
+  return weekly ? starts(weeks[weekBegins] ?? utcMonday) : values;
 }
 
 const leastBetween = (values: number[]) =>
@@ -44,9 +69,10 @@ function trueTicks(values: number[], textOf: (value: number) => string): Tick[] 
 }
 
 /** No finer than the texts tell them apart; empty where fewer than two are left. */
-function toldApart(low: number, high: number, wanted: number, textOf: (value: number) => string): Tick[] {
+function toldApart(range: DateRange, wanted: number, textOf: (value: number) => string): Tick[] {
+  const { low, high } = range;
   for (let fewer = Math.max(2, wanted); fewer > 0; fewer -= 1) {
-    const values = roundDates(low, high, fewer);
+    const values = roundDates(range, fewer);
     const ticks = trueTicks(values, textOf);
     if (ticks.length > 1 && ticks.length === values.length) return ticks;
   }
@@ -71,17 +97,17 @@ function finerPattern(pattern: string, values: number[], language: string): stri
 
 /** About `wanted` of them. A pattern that is too coarse for two of them gives way. */
 export function dateTicks(
-  [low, high]: [number, number],
+  range: DateRange,
   wanted: number,
   pattern: string | null,
   language: string,
 ): Tick[] {
   const textBy = (text: string) => (value: number) => dateText(value, text, language);
   if (pattern !== null) {
-    const ticks = toldApart(low, high, wanted, textBy(pattern));
+    const ticks = toldApart(range, wanted, textBy(pattern));
     if (ticks.length > 1) return ticks;
   }
-  const values = roundDates(low, high, Math.max(2, wanted));
+  const values = roundDates(range, Math.max(2, wanted));
   const finer = pattern === null ? ownPattern(values) : finerPattern(pattern, values, language);
   return values.map((value) => ({ value, text: textBy(finer)(value) }));
 }

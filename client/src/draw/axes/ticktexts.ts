@@ -148,9 +148,11 @@ export function ticksOf(scale: DrawnScale, settings: Ticks | null, wish: TickWis
     const delta = settings?.delta;
     const base = baseOf(settings, scale);
     const pattern = format?.pattern ?? null;
+    const [low, high] = domain;
+    const range = { low, high, weekBegins: direction.weekBegins };
     return delta && delta > 0
       ? dateTicksAt(steppedTicks(...domain, delta, base ?? domain[0]), pattern, wish.language)
-      : dateTicks(domain, wish.wanted, pattern, wish.language);
+      : dateTicks(range, wish.wanted, pattern, wish.language);
   }
   const values = numberValues(scale, settings, wish);
   const shown = wish.whole ? values.filter(Number.isInteger) : values;

@@ -17,6 +17,8 @@ export interface Direction {
   /** How values are shown where an axis does not say. */
   format: Format | null;
   values: Values[];
+  /** Of dates: the day on which weeks begin, 0 for Sunday. */
+  weekBegins: number;
   /** Reserves places beside each other. */
   cluster: { values: Values; categories: Category[]; gap: Length | null } | null;
 }
@@ -68,6 +70,29 @@ function domainOf(chart: Chart, dimension: Dimension | null, all: Values[]): Dom
   return (ids[0] && chart.domains.get(ids[0])) || null;
 }
 
+const day = 86_400;
+const hour = 3_600;
+const monday = 1;
+
+/** What dates around one are told apart by, in seconds: days, or hours where it has a time. */
+export const unitOfDate = (value: number) => (value % day === 0 ? day : hour);
+
+/** Weeks begin on the day of the week that all dates are on, else on Monday. */
+function weekBegins(all: Values[]): number {
+  let common: number | null = null;
+  for (const { kind, numbers } of all) {
+    if (kind !== 'date') return monday;
+    for (const value of numbers) {
+      if (Number.isNaN(value)) continue;
+      if (value % day !== 0) return monday;
+      const weekday = new Date(value * 1000).getUTCDay();
+      if (weekday !== (common ?? weekday)) return monday;
+      common = weekday;
+    }
+  }
+  return common ?? monday;
+}
+
 export function directionOf(
   name: 'x' | 'y',
   graph: Graph,
@@ -94,6 +119,7 @@ export function directionOf(
     place: categorical ? (values, value) => places.get(values)?.get(value) ?? NaN : (_, value) => value,
     format: mergeFormats(domain?.format, all[0]?.variable.format),
     values: all,
+    weekBegins: weekBegins(all),
     cluster: clusterOf(dimension, chart, data),
   };
 }

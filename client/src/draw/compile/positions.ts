@@ -1,6 +1,6 @@
 /** Where shapes that take up room stand: widths of bars, places beside each other, stacks. */
 import { pixels, type Length } from '../../chart/markup.js';
-import type { Direction } from './directions.js';
+import { unitOfDate, type Direction } from './directions.js';
 import type { Layer, Shape } from './layers.js';
 
 /** Of the place that they have, where a style does not say. */
@@ -10,6 +10,10 @@ const clusteredBoxShare = 0.8;
 const defaultClusterGap = 0.1;
 const stackModifier = 3;
 
+/** The place that the only value has. */
+const onlyStep = (value: number | undefined, { kind }: Direction) =>
+  kind === 'date' && value !== undefined ? unitOfDate(value) : 1;
+
 /** The least distance of two places: 1 of categories. */
 function stepOf(layers: Layer[], direction: Direction): number {
   if (direction.kind === 'category') return 1;
@@ -18,7 +22,7 @@ function stepOf(layers: Layer[], direction: Direction): number {
   const sorted = Float64Array.from(places).sort();
   let least = Infinity;
   for (let at = 1; at < sorted.length; at += 1) least = Math.min(least, sorted[at]! - sorted[at - 1]!);
-  return Number.isFinite(least) ? least : 1;
+  return Number.isFinite(least) ? least : onlyStep(sorted[0], direction);
 }
 
 const shareOf = (width: Length | null, otherwise: number) =>

@@ -3,7 +3,7 @@ import { scaleLinear, scaleLog, scalePow, scaleSymlog, tickIncrement } from 'd3'
 import type { Domain, Scale } from '../../chart/model.js';
 import { pixels, type Length } from '../../chart/markup.js';
 import { decimalsOf, mostDecimals, numberText } from '../../data/format.js';
-import { placeOf, type Direction } from './directions.js';
+import { placeOf, unitOfDate, type Direction } from './directions.js';
 import type { Layer, Shape } from './layers.js';
 
 export interface DrawnScale {
@@ -26,6 +26,7 @@ interface Reach {
   lowestPositive: number;
   /** Of the data alone, without the base line. */
   lowestValue: number;
+  highestValue: number;
   baseline: boolean;
   binned: boolean;
   lines: boolean;
@@ -69,6 +70,7 @@ function reachOf(panels: Layer[][], direction: Direction, guides: number[]): Rea
     high: -Infinity,
     lowestPositive: Infinity,
     lowestValue: Infinity,
+    highestValue: -Infinity,
     baseline: false,
     binned: false,
     lines: true,
@@ -79,12 +81,16 @@ function reachOf(panels: Layer[][], direction: Direction, guides: number[]): Rea
     reach.high = Math.max(reach.high, value);
     if (value > 0) reach.lowestPositive = Math.min(reach.lowestPositive, value);
   };
+  const addValue = (value: number | undefined) => {
+    if (value === undefined || Number.isNaN(value)) return;
+    reach.lowestValue = Math.min(reach.lowestValue, value);
+    reach.highestValue = Math.max(reach.highestValue, value);
+  };
   const along = direction.name === 'x' ? alongX : alongY;
   for (const layer of panels.flat()) {
     for (const shape of layer.shapes) {
       along(shape).forEach(add);
-      for (const value of valuesAlong(direction, layer, shape))
-        if (value !== undefined && value < reach.lowestValue) reach.lowestValue = value;
+      for (const value of valuesAlong(direction, layer, shape)) addValue(value);
     }
     if (direction.name === 'y' && isStanding(layer)) reach.baseline = true;
     if (direction.name === 'y' && layer.element.density) reach.baseline = true;
@@ -92,7 +98,7 @@ function reachOf(panels: Layer[][], direction: Direction, guides: number[]): Rea
     if (layer.kind !== 'line' && layer.kind !== 'area') reach.lines = false;
   }
   guides.forEach(add);
-  reach.lowestValue = Math.min(reach.lowestValue, ...guides);
+  guides.forEach(addValue);
   return reach;
 }
 
@@ -124,16 +130,22 @@ function bound(domain: Domain | null, direction: Direction, which: 'minimum' | '
   return text ? placeOf(direction, text) : null;
 }
 
-const day = 86_400;
-
 /** The bounds where there is only one value: far enough from it for ticks of its own digits. */
 function around(value: number, direction: Direction, baseline: boolean): [number, number] {
   if (value === 0 && baseline) return [0, 1];
-  const ofDate = () => (value % day === 0 ? day : 3_600);
   const most = mostDecimals(direction.format) ?? 15;
   const unit = 10 ** -decimalsOf(value, Math.min(most, 15));
-  const room = direction.kind === 'date' ? ofDate() : Math.max(unit, Math.abs(value) * 0.05);
+  const room = direction.kind === 'date' ? unitOfDate(value) : Math.max(unit, Math.abs(value) * 0.05);
   return [value - room, value + room];
+}
+
+/** Beside the only bar of a date there is room for ticks, too. */
+function aroundOnly(direction: Direction, reach: Reach, bounds: [number, number]): [number, number] {
+  const { lowestValue: only, highestValue, binned } = reach;
+  const bars = direction.name === 'x' && direction.kind === 'date' && !binned;
+  if (!bars || only !== highestValue || direction.domain?.minimum || direction.domain?.maximum) return bounds;
+  const [low, high] = around(only, direction, false);
+  return [Math.min(low, bounds[0]), Math.max(high, bounds[1])];
 }
 
 function linearDomain(direction: Direction, reach: Reach, domain: Domain | null): [number, number] {
@@ -144,6 +156,7 @@ function linearDomain(direction: Direction, reach: Reach, domain: Domain | null)
   if (!(Number.isFinite(low) && Number.isFinite(high)))
     [low, high] = [minimum ?? 0, maximum ?? (minimum ?? 0) + 1];
   if (low === high) [low, high] = around(low, direction, reach.baseline);
+  [low, high] = aroundOnly(direction, reach, [low, high]);
   const { dimension } = direction;
   const usual = reach.lines && direction.name === 'x' ? roomOfLines : roomAround;
   const span = high - low;
