@@ -1,4 +1,10 @@
 import { describe, expect, test } from 'vitest';
+import { labelsBeside } from '../../src/draw/axes/neighbours.js';
+import { layoutUpright } from '../../src/draw/axes/ticks.js';
+import type { Direction } from '../../src/draw/compile/directions.js';
+import { ownTexts } from '../../src/draw/compile/looks.js';
+import { withFunctions } from '../../src/draw/compile/scales.js';
+import { textLook } from '../../src/draw/svg/text.js';
 import { chartText, Picture, picture, tableOf, variables, plainAxes } from './chart.js';
 
 const points = '<point id="p"><x variable="whole"/><y variable="b"/></point>';
@@ -217,6 +223,35 @@ describe('axes have two labels at least where these have room', () => {
   test('on upright axes, too', () => {
     for (const rows of [3, 5, 7, 9])
       expect(panels(rows, plainAxes, '<unity/>').textsOf('y axis').length).toBeGreaterThanOrEqual(2);
+  });
+});
+
+describe('where not all labels of numbers have room', () => {
+  const look = textLook({}, ownTexts.tickLabel);
+  const upright = (values: number[], domain: [number, number], length: number) => {
+    const direction = { name: 'y', kind: 'number' } as Direction;
+    const scale = withFunctions({ direction, domain, method: 'linear', base: 1, inverted: false });
+    const ticks = values.map((value) => ({ value, text: `${value}` }));
+    return { scale, layout: layoutUpright(ticks, scale, length, null, look, 100) };
+  };
+
+  test('multiples of the step between them stay', () => {
+    const shown = (values: number[]) =>
+      upright(values, [values[0]! - 1, values[values.length - 1]! + 1], 55).layout.lines.flat();
+    expect(shown([2, 4, 6, 8])).toEqual(['4', '8']);
+    expect(shown([-2, -1, 0, 1, 2, 3, 4])).toEqual(['0', '3']);
+    expect(shown([60, 70, 80, 90, 100, 110, 120])).toEqual(['60', '80', '100', '120']);
+  });
+
+  test('a 0 stays beside those of the next panel', () => {
+    const { scale, layout } = upright([0, 20, 40, 60], [0, 60.5], 100);
+    const neighbours = { count: 3, gap: 5, mirrored: false, turned: false };
+    const labels = labelsBeside(layout, scale, 100, true, look, neighbours);
+    expect([0, 1, 2].map((index) => labels(index).lines.flat())).toEqual([
+      ['0', '20', '40'],
+      ['0', '20', '40'],
+      ['0', '20', '40'],
+    ]);
   });
 });
 

@@ -5,7 +5,8 @@ import { ownTexts } from '../compile/looks.js';
 import type { DrawnScale } from '../compile/scales.js';
 import { labelsBeside, type Neighbours, type PanelLabels } from './neighbours.js';
 import { atMost, lineHeight, textLook, wrap, type TextLook } from '../svg/text.js';
-import { askedLabels, layoutAcross, layoutUpright, leastLabelSize } from './ticklabels.js';
+import { askedLabels } from './thinning.js';
+import { layoutAcross, layoutUpright, leastLabelSize } from './ticklabels.js';
 import { tickLength, type Tick, type TickLayout } from './ticks.js';
 
 export type AxisPlace = 'bottom' | 'top' | 'left' | 'right';

@@ -3,7 +3,8 @@ import type { Ticks } from '../../chart/model.js';
 import { labelsBeside, type Neighbours } from './neighbours.js';
 import type { DrawnScale } from '../compile/scales.js';
 import { lineHeight, widest, type TextLook } from '../svg/text.js';
-import { askedLabels, layoutAcross, layoutUpright } from './ticklabels.js';
+import { askedLabels } from './thinning.js';
+import { layoutAcross, layoutUpright } from './ticklabels.js';
 import type { Tick } from './ticks.js';
 import { ticksOf, type TickWish } from './ticktexts.js';
 

@@ -33,6 +33,8 @@ interface Reach {
   /** Beyond the low and the high end of the panel. */
   low: number;
   high: number;
+  /** A 0, without which bars would have no value at which they begin. */
+  zero: boolean;
 }
 
 /** Half of what a label takes along its axis. Turned ones stand side by side as lines of a text do. */
@@ -55,18 +57,30 @@ function reachesOf(
 ): Reach[] {
   return layout.lines.flatMap((lines, at) => {
     if (lines.length === 0) return [];
-    const place = scale.unit(layout.ticks[at]!.value) * length;
+    const { value } = layout.ticks[at]!;
+    const place = scale.unit(value) * length;
     const half = halfOf(lines, layout.angle, upright, look);
     const [low, high] = [half - place, place + half - length];
-    return [turned ? { at, low: high, high: low } : { at, low, high }];
+    const zero = value === 0 && scale.direction.kind === 'number';
+    return [turned ? { at, low: high, high: low, zero } : { at, low, high, zero }];
   });
 }
 
 const most = (reaches: Reach[], end: 'low' | 'high') =>
   reaches.reduce((farthest, each) => (each[end] > farthest[end] ? each : farthest));
 
-/** The labels that stand in every panel: those that reach farthest are left out until the rest has room. */
-function roomy(reaches: Reach[], { gap, mirrored, count }: Neighbours): Reach[] {
+/** The labels that stand in every panel; a 0 among them, unless it would be alone then. */
+function roomy(reaches: Reach[], neighbours: Neighbours): Reach[] {
+  const shown = remaining(reaches, neighbours, ({ zero }) => zero);
+  return shown.length > 1 ? shown : remaining(reaches, neighbours, () => false);
+}
+
+/** Those that reach farthest are left out until the rest has room. */
+function remaining(
+  reaches: Reach[],
+  { gap, mirrored, count }: Neighbours,
+  isKept: (reach: Reach) => boolean,
+): Reach[] {
   let shown = reaches;
   while (shown.length > 1) {
     const low = most(shown, 'low');
@@ -74,7 +88,7 @@ function roomy(reaches: Reach[], { gap, mirrored, count }: Neighbours): Reach[] 
     const room = gap - gapBetweenLabels;
     if (!mirrored) {
       if (low.low + high.high <= room) break;
-      const out = low.low > high.high + 1e-6 ? low : high;
+      const out = !isKept(low) && (isKept(high) || low.low > high.high + 1e-6) ? low : high;
       shown = shown.filter((each) => each !== out);
       continue;
     }

@@ -1,22 +1,7 @@
 /** How the labels of ticks find room. */
-import type { Ticks } from '../../chart/model.js';
-import type { DrawnScale } from '../compile/scales.js';
 import { lineHeight, shorten, textWidth, widest, wrap, type TextLook } from '../svg/text.js';
-import type { Tick, TickLayout } from './ticks.js';
-
-/** What the labels of an axis are, and how much room they have. */
-export interface LabelRoom {
-  ticks: Tick[];
-  scale: DrawnScale;
-  /** Of the axis, in pixels. */
-  length: number;
-  settings: Ticks | null;
-  look: TextLook;
-  /** No name takes more across the axis. */
-  mostDepth: number;
-}
-
-const gapBetweenLabels = 8;
+import { everyFor, frequencyOf, gapBetweenLabels, thinned, type LabelRoom } from './thinning.js';
+import type { TickLayout } from './ticks.js';
 
 function depthOf(lines: string[][], angle: number, look: TextLook, stagger: boolean): number {
   const height = Math.max(1, ...lines.map((each) => each.length)) * lineHeight(look);
@@ -26,40 +11,6 @@ function depthOf(lines: string[][], angle: number, look: TextLook, stagger: bool
   return across + (stagger ? height : 0);
 }
 
-/** Every n-th label, so that those that stay have room; of those alone that the chart asks for. */
-function thinned(lines: string[][], needed: number, frequency: number): string[][] {
-  const every = Math.ceil(needed / frequency) * frequency;
-  return lines.map((each, at) => (at % every === 0 ? each : []));
-}
-
-/** The least n for which every n-th label has room beside the next. */
-function everyFor({ ticks, scale, length }: LabelRoom, need: (text: string, at: number) => number): number {
-  const places = ticks.map((tick) => scale.unit(tick.value) * length);
-  const fits = (every: number) => {
-    let previous = -Infinity;
-    for (let at = 0; at < ticks.length; at += every) {
-      const half = need(ticks[at]!.text, at) / 2;
-      const before = Math.max(0, at - every);
-      const distance = Math.abs(places[at]! - previous);
-      const wanted = half + need(ticks[before]!.text, before) / 2 + gapBetweenLabels;
-      if (Number.isFinite(previous) && distance < wanted) return false;
-      previous = places[at]!;
-    }
-    return true;
-  };
-  let every = 1;
-  while (every < ticks.length && !fits(every)) every += 1;
-  return every;
-}
-
-/** The chart wants every n-th label. */
-const frequencyOf = (settings: Ticks | null) => Math.max(1, Math.round(settings?.frequency ?? 1));
-
-/** How many labels are there by the frequency that the chart asks for, of those that it has. */
-export function askedLabels(ticks: Tick[], settings: Ticks | null): number {
-  return Math.ceil(ticks.length / frequencyOf(settings));
-}
-
 function arrangedAcross(room: LabelRoom, lines: string[][], angle: number, stagger: boolean): TickLayout {
   return { ticks: room.ticks, lines, angle, stagger, depth: depthOf(lines, angle, room.look, stagger) };
 }
@@ -67,10 +18,10 @@ function arrangedAcross(room: LabelRoom, lines: string[][], angle: number, stagg
 const inOneLine = ({ ticks }: LabelRoom) => ticks.map((tick) => [tick.text]);
 
 function turned(room: LabelRoom, angle: number, stagger: boolean, every: number): TickLayout {
-  const { scale, settings, look, mostDepth } = room;
+  const { scale, look, mostDepth } = room;
   // Turned names leave most of the page to the data.
   const cut = (text: string) => (scale.direction.kind === 'category' ? shorten(text, mostDepth, look) : text);
-  const lines = thinned(inOneLine(room), every, frequencyOf(settings));
+  const lines = thinned(room, inOneLine(room), every);
   return arrangedAcross(
     room,
     lines.map((each) => each.map(cut)),
@@ -123,7 +74,7 @@ export function layoutAcross(room: LabelRoom): TickLayout {
   const along = { ...room, length: length * (stagger ? 2 : 1) };
   const every = everyFor(along, (text) => textWidth(text, look));
   if (every <= frequency || scale.direction.kind !== 'category')
-    return arrangedAcross(room, thinned(inOneLine(room), every, frequency), 0, stagger);
+    return arrangedAcross(room, thinned(room, inOneLine(room), every), 0, stagger);
   const [first = 0, second = first + 1] = ticks.map((tick) => scale.unit(tick.value) * length);
   const distance = Math.abs(second - first);
   const lines = wrapped(room, distance - gapBetweenLabels);
@@ -164,5 +115,5 @@ export function layoutUpright(room: LabelRoom): TickLayout {
   const radians = (Math.abs(angle) * Math.PI) / 180;
   const depth =
     Math.abs(Math.cos(radians)) * widest(lines.flat(), look) + Math.abs(Math.sin(radians)) * tallest;
-  return { ticks, lines: thinned(lines, every, frequency), angle, stagger: false, depth };
+  return { ticks, lines: thinned(room, lines, every), angle, stagger: false, depth };
 }
