@@ -149,10 +149,10 @@ export function readNumber(
 
 const superscripts = '\u2070\u00b9\u00b2\u00b3\u2074\u2075\u2076\u2077\u2078\u2079';
 
-/** A power of ten as such, with what the format has before and behind it. */
-export function powerText(exponent: number, format: Format | null): string {
+/** A power as such, with what the format has before and behind it. */
+export function powerText(base: number, exponent: number, format: Format | null): string {
   const digits = Array.from(String(Math.abs(exponent)), (digit) => superscripts[Number(digit)]).join('');
-  return `${format?.prefix ?? ''}10${exponent < 0 ? '\u207b' : ''}${digits}${format?.suffix ?? ''}`;
+  return `${format?.prefix ?? ''}${base}${exponent < 0 ? '\u207b' : ''}${digits}${format?.suffix ?? ''}`;
 }
 
 const mostOfMantissa = 12;

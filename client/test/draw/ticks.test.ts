@@ -160,6 +160,10 @@ describe('numbers at ticks', () => {
     expect(upwards([1, 1e4], '', log)).toContain('10,000');
     expect(upwards([1, 1e6], '<format useGrouping="true"/>', log)).toContain('1,000,000');
     expect(upwards([1, 1e6], '<format suffix=" m"/>', log)).toContain('10\u00b3 m');
+    const twos = upwards([2 ** -10, 2 ** 20], '', '<scale method="2" base="2"/>');
+    expect(twos).toContain('2\u2070');
+    expect(twos.every((text) => /^2[\u207b\u00b9\u00b2\u00b3\u2070-\u2079]+$/.test(text))).toBe(true);
+    expect(upwards([0.01, 100], '', log)).toEqual(['0.01', '0.1', '1', '10', '100']);
   });
 
   test('are nine at most along an upright axis', () => {

@@ -29,34 +29,38 @@ function categoryTicks(scale: DrawnScale): Tick[] {
   return scale.direction.texts.map((text, value) => ({ value, text }));
 }
 
-/** From here on powers of ten are written as such. */
+/** Powers with more digits, or as many decimals, are written as such. */
 const leastExponent = 5;
 
 /** How far numbers are off by how they are stored, as are those between them. */
 const roundOff = (values: number[]) =>
   values.reduce((most, value) => Math.max(most, Math.abs(value)), 0) * 1e-15;
 
-function decimalsBetween(values: number[]): number {
+/** How many decimals tell values apart that follow each other by one step; null of others. */
+function decimalsOfStep(values: number[]): number | null {
   const step = values.length > 1 ? Math.abs(values[1]! - values[0]!) : 0;
   const slack = roundOff(values);
   const even = values.every(
     (value, at) => at === 0 || Math.abs(value - values[at - 1]! - step) < step * 1e-6 + slack,
   );
-  if (even && step > 0) {
-    const ofStep = decimalsOf(step, 15, slack);
-    // A base may be finer than the step; three digits tell its ticks apart from the values beside them.
-    return Math.max(ofStep, decimalsOf(values[0]!, Math.min(15, ofStep + 3)));
-  }
-  return Math.max(0, ...values.map((value) => decimalsOf(value, 15)));
+  if (!even || step === 0) return null;
+  const ofStep = decimalsOf(step, 15, slack);
+  // A base may be finer than the step; three digits tell its ticks apart from the values beside them.
+  return Math.max(ofStep, decimalsOf(values[0]!, Math.min(15, ofStep + 3)));
 }
+
+const decimalsBetween = (values: number[]) =>
+  decimalsOfStep(values) ?? Math.max(0, ...values.map((value) => decimalsOf(value, 15)));
 
 /** The ticks whose texts are those of their values, each text once. */
 function trueTicks(values: number[], format: Format | null, language: string): Tick[] {
-  const decimals = decimalsBetween(values);
+  const common = decimalsOfStep(values);
   const exponents = needExponents(values, format);
   const texts = new Set<string>();
   return values.flatMap((value, at) => {
     const relabelled = format?.relabels.get(String(value));
+    // Those of a logarithmic scale have their own, for 100.00 would promise more than is there.
+    const decimals = common ?? decimalsOf(value, 15);
     const text =
       relabelled ??
       (exponents && value === 0 ? '0' : numberText(value, format, language, decimals, exponents));
@@ -69,12 +73,14 @@ function trueTicks(values: number[], format: Format | null, language: string): T
   });
 }
 
-/** The exponents of powers of ten, where any of them has too many digits; null of other numbers. */
-function powersOf(values: number[], format: Format | null): number[] | null {
+/** The exponents of powers of a whole base, where any of them has too many digits; null of other numbers. */
+function powersOf(values: number[], base: number, format: Format | null): number[] | null {
+  if (!Number.isInteger(base)) return null;
   if (format?.pattern || format?.grouping === true || (format?.relabels.size ?? 0) > 0) return null;
-  const exponents = values.map((value) => Math.round(Math.log10(value)));
-  const exact = values.every((value, at) => Math.abs(value / 10 ** exponents[at]! - 1) < 1e-9);
-  return exact && exponents.some((exponent) => Math.abs(exponent) >= leastExponent) ? exponents : null;
+  const exponents = values.map((value) => Math.round(Math.log(value) / Math.log(base)));
+  const exact = values.every((value, at) => Math.abs(value / base ** exponents[at]! - 1) < 1e-9);
+  const many = values.some((value) => value >= 10 ** leastExponent || decimalsOf(value, 15) >= leastExponent);
+  return exact && many ? exponents : null;
 }
 
 /** From here on digits stand in groups: four of them are read as they are. */
@@ -156,7 +162,8 @@ export function ticksOf(scale: DrawnScale, settings: Ticks | null, wish: TickWis
   }
   const values = numberValues(scale, settings, wish);
   const shown = wish.whole ? values.filter(Number.isInteger) : values;
-  const powers = scale.method === 'log' && scale.base === 10 ? powersOf(shown, format) : null;
-  if (powers) return shown.map((value, at) => ({ value, text: powerText(powers[at]!, format) }));
+  const { method, base } = scale;
+  const powers = method === 'log' ? powersOf(shown, base, format) : null;
+  if (powers) return shown.map((value, at) => ({ value, text: powerText(base, powers[at]!, format) }));
   return numberTicks(shown, format, wish.language, domain);
 }

@@ -45,14 +45,21 @@ export function isScale(values: number[], low: number, high: number): boolean {
   return values.length > 1 || (first !== undefined && Math.abs(first - middle) <= (high - low) * 1e-6);
 }
 
+/** Where so many are left, exponents are multiples of the step between them, 0 among these. */
+const enoughPowers = 5;
+
 /** Powers of the base; numbers between them where the powers are few. */
 export function logTicks(low: number, high: number, base: number, wanted: number): number[] {
   const power = (exponent: number) => (exponent < 0 ? 1 / base ** -exponent : base ** exponent);
   const first = Math.ceil(Math.log(low) / Math.log(base) - 1e-9);
   const last = Math.floor(Math.log(high) / Math.log(base) + 1e-9);
   const every = Math.max(1, Math.ceil((last - first + 1) / Math.max(2, wanted)));
-  const powers: number[] = [];
-  for (let exponent = first; exponent <= last; exponent += every) powers.push(power(exponent));
+  const from = (exponent: number) =>
+    Array.from({ length: Math.max(0, Math.floor((last - exponent) / every) + 1) }, (_, at) =>
+      power(exponent + at * every),
+    );
+  const round = from(Math.ceil(first / every) * every);
+  const powers = round.length >= enoughPowers ? round : from(first);
   if (powers.length >= 3) return powers;
   if (base === 10) {
     const between: number[] = [];
