@@ -1,6 +1,6 @@
 import { describe, expect, test } from 'vitest';
 import { labelsBeside } from '../../src/draw/axes/neighbours.js';
-import { layoutUpright } from '../../src/draw/axes/ticks.js';
+import { layoutUpright } from '../../src/draw/axes/ticklabels.js';
 import type { Direction } from '../../src/draw/compile/directions.js';
 import { ownTexts } from '../../src/draw/compile/looks.js';
 import { withFunctions } from '../../src/draw/compile/scales.js';
@@ -236,7 +236,7 @@ describe('where not all labels of numbers have room', () => {
     const direction = { name: 'y', kind: 'number' } as Direction;
     const scale = withFunctions({ direction, domain, method: 'linear', base: 1, inverted: false });
     const ticks = values.map((value) => ({ value, text: `${value}` }));
-    return { scale, layout: layoutUpright(ticks, scale, length, null, look, 100) };
+    return { scale, layout: layoutUpright({ ticks, scale, length, settings: null, look, mostDepth: 100 }) };
   };
 
   test('multiples of the step between them stay', () => {
@@ -295,6 +295,40 @@ describe('labels of categories', () => {
     const many = sizes(90);
     expect(many.size).toBe(12);
     expect(many.notes).toEqual([`${90 - many.count} labels of the axis x have no room.`]);
+  });
+
+  test('are smaller, in up to five lines, rather than shortened', () => {
+    const names = [
+      'Administrative and support and waste management services',
+      'Agriculture, forestry, fishing and hunting',
+      'Mining, quarrying, and oil and gas extraction',
+      'Professional, scientific and technical services',
+      'Educational services',
+      'Health care and social assistance',
+      'Arts, entertainment and recreation',
+      'Real estate and rental and leasing',
+    ];
+    const drawn = bars(names);
+    expect(drawn.notes).toEqual([]);
+    const labels = Array.from(drawn.svg.querySelectorAll('g[aria-label="x axis"] text'));
+    expect(labels).toHaveLength(8);
+    const size = Number(labels[0]!.getAttribute('font-size'));
+    expect(size).toBeLessThan(12);
+    expect(size).toBeGreaterThanOrEqual(9);
+    const lines = labels[0]!.querySelectorAll('tspan').length;
+    expect(lines).toBeGreaterThan(3);
+    expect(lines).toBeLessThanOrEqual(5);
+  });
+
+  test('stand beside each of forty bars that lie', () => {
+    const names = Array.from({ length: 40 }, (_, at) => `Station number ${at}`);
+    const drawn = picture(
+      { k: names.map((_, at) => at + 1) },
+      '<interval><x variable="k"/><summaryStatistic method="10"/></interval>',
+      { categorical: { k: names }, coordinates: `${plainAxes}<transposeTransform/>` },
+    );
+    expect(drawn.textsOf('x axis')).toHaveLength(40);
+    expect(drawn.notes).toEqual([]);
   });
 
   test('are thinned with their ticks where these would merge', () => {
@@ -485,29 +519,31 @@ test('labels of rows stand beside them in their order, shortened ones with the w
 
 describe('an axis says in a note', () => {
   const long = 'The quite remarkable length of a name that goes on and on';
-  const axis = (inner: string, place = '', rest = '') =>
+  const axis = (inner: string, place = '', rest = '', name = long) =>
     picture({ k: [1, 2, 3], b: [1, 2, 3] }, '<interval><x variable="k"/><y variable="b"/></interval>', {
-      categorical: { k: [`${long} 1`, `${long} 2`, 'short'] },
+      categorical: { k: [`${name} 1`, `${name} 2`, 'short'] },
       coordinates: `<dimension><axis>${inner}</axis></dimension><dimension/>${place}`,
       rest,
     });
 
   test('how many of its names are shortened, and has them whole in a title', () => {
+    const longer = `${long}, ${long}, and ${long}`;
     for (const place of ['', '<transposeTransform/>']) {
       const drawn = axis(
         `<label><text>Kind</text></label><majorTicks ${place ? 'style="big"' : 'labelAngle="90"'}/>`,
         place,
         '<style id="big" font_size="40px"/>',
+        longer,
       );
       expect(drawn.notes).toEqual(['2 labels of the axis Kind are shortened.']);
       const titles = Array.from(drawn.svg.querySelectorAll('g[aria-label="Kind axis"] title'));
-      expect(titles.map((title) => title.textContent)).toEqual([`${long} 1`, `${long} 2`]);
+      expect(titles.map((title) => title.textContent)).toEqual([`${longer} 1`, `${longer} 2`]);
     }
     expect(axis('<majorTicks/>').notes).toEqual([]);
   });
 
   test('that names are shortened rather than left out', () => {
-    const names = Array.from({ length: 18 }, (_, at) => `${at} ${long}`);
+    const names = Array.from({ length: 36 }, (_, at) => `${at} ${long}`);
     const drawn = picture(
       { k: names.map((_, at) => at + 1) },
       '<interval><x variable="k"/><summaryStatistic method="10"/></interval>',
@@ -516,8 +552,8 @@ describe('an axis says in a note', () => {
         coordinates: '<dimension><axis><majorTicks/></axis></dimension><dimension/><transposeTransform/>',
       },
     );
-    expect(drawn.notes).toEqual(['18 labels of the axis x are shortened.']);
-    expect(drawn.textsOf('x axis')).toHaveLength(18);
+    expect(drawn.notes).toEqual(['36 labels of the axis x are shortened.']);
+    expect(drawn.textsOf('x axis')).toHaveLength(36);
   });
 
   test('how many of its names have no room', () => {

@@ -2,6 +2,7 @@
 import type { Axis } from '../../chart/model.js';
 import { plainText } from '../../chart/labels.js';
 import { ownTexts } from '../compile/looks.js';
+import { isShortened, lookOfNames } from './names.js';
 import type { DrawnScale } from '../compile/scales.js';
 import { labelsBeside, type Neighbours, type PanelLabels } from './neighbours.js';
 import { atMost, lineHeight, textLook, wrap, type TextLook } from '../svg/text.js';
@@ -49,9 +50,6 @@ function titleOf(axis: Axis, length: number, look: TextLook): string[] {
   return text === '' ? [] : atMost(wrap(text, length, look), mostTitleLines);
 }
 
-export const isShortened = (lines: string[], text: string) =>
-  (lines[lines.length - 1] ?? '').endsWith('\u2026') && !text.endsWith('\u2026');
-
 /** The room that an axis has, in pixels. */
 export interface AxisRoom {
   /** Of one panel, and of all of them with what their title may have more. */
@@ -60,15 +58,6 @@ export interface AxisRoom {
   /** The most that names of categories take. */
   labels: number;
   neighbours: Neighbours;
-}
-
-/** Names of categories are smaller where all of them have room then. */
-function roomyLook(look: TextLook, asked: number, arranged: (look: TextLook) => TickLayout): TextLook {
-  const fits = (some: TextLook) => arranged(some).lines.filter((each) => each.length > 0).length >= asked;
-  if (fits(look)) return look;
-  for (let size = Math.ceil(look.size) - 1; size >= leastLabelSize; size -= 1)
-    if (fits({ ...look, size })) return { ...look, size };
-  return look;
 }
 
 /** Finds room for an axis beside a panel, its title beside all panels. */
@@ -84,14 +73,16 @@ export function layoutAxis(
   // Angles of charts run against the clock, those of SVG with it.
   const settings = axis.ticks && axis.ticks.angle ? { ...axis.ticks, angle: -axis.ticks.angle } : axis.ticks;
   const layoutBy = upright ? layoutUpright : layoutAcross;
-  const arranged = (look: TextLook) => layoutBy({ ticks, scale, length, settings, look, mostDepth });
+  const room = { ticks, scale, length, settings, mostDepth };
+  const arranged = (look: TextLook, lines?: number) => layoutBy({ ...room, look, mostLines: lines });
   const asked = askedLabels(ticks, settings);
   const named = scale.direction.kind === 'category' && asked * leastLabelSize <= length;
-  const labelLook = named ? roomyLook(labelLookOf(axis), asked, arranged) : labelLookOf(axis);
-  const layout = arranged(labelLook);
+  const ownLook = labelLookOf(axis);
+  const { look: labelLook, lines } = named ? lookOfNames(ownLook, asked, arranged) : { look: ownLook };
+  const layout = arranged(labelLook, lines);
   const title = titleOf(axis, titleLength, titleLook);
   const labels = axis.ticks?.style.visible === false ? 0 : layout.depth + gapToLabels;
-  const room =
+  const taken =
     tickLength(axis.ticks) +
     labels +
     (title.length > 0 ? gapToTitle + title.length * lineHeight(titleLook) : 2);
@@ -104,7 +95,7 @@ export function layoutAxis(
     labelLook,
     titleLook,
     title,
-    room: axis.ticks ? room : room - labels,
+    room: axis.ticks ? taken : taken - labels,
     offset: 0,
     labels: labelsBeside(layout, scale, length, upright, labelLook, neighbours),
   };

@@ -5,7 +5,8 @@ import { plainText } from '../../chart/labels.js';
 import { none, safeColor } from '../svg/colors.js';
 import type { Maker } from '../svg/svg.js';
 import { lineHeight, widest } from '../svg/text.js';
-import { axisName, gapToLabels, isShortened, isUpright, type AxisPlace, type DrawnAxis } from './axes.js';
+import { axisName, gapToLabels, isUpright, type AxisPlace, type DrawnAxis } from './axes.js';
+import { isShortened } from './names.js';
 import { minorTicks } from './minorticks.js';
 import { tickLength, type Tick } from './ticks.js';
 

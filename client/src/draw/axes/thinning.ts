@@ -14,6 +14,8 @@ export interface LabelRoom {
   look: TextLook;
   /** No name takes more across the axis. */
   mostDepth: number;
+  /** No name has more lines; three where it is left out. */
+  mostLines?: number | undefined;
 }
 
 export const gapBetweenLabels = 8;

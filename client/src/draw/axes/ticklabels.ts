@@ -54,10 +54,10 @@ function turnedByNeed(room: LabelRoom, distance: number): TickLayout {
   );
 }
 
-const mostLines = 3;
+const usualLines = 3;
 
 /** Every label in so many lines, or null where a word has no room. */
-function wrapped({ ticks, look }: LabelRoom, width: number): string[][] | null {
+function wrapped({ ticks, look, mostLines = usualLines }: LabelRoom, width: number): string[][] | null {
   const words = ticks.flatMap(({ text }) => text.split(/\s+/));
   if (words.some((word) => textWidth(word, look) > width)) return null;
   const lines = ticks.map(({ text }) => wrap(text, Math.max(width, 1), look));
@@ -97,13 +97,14 @@ function inLines(text: string, most: number, width: number, look: TextLook): str
 
 /** Labels beside an upright axis. */
 export function layoutUpright(room: LabelRoom): TickLayout {
-  const { ticks, scale, settings, look, mostDepth } = room;
+  const { ticks, scale, settings, look, mostDepth, mostLines = usualLines } = room;
   const frequency = frequencyOf(settings);
   const height = lineHeight(look);
   const named = scale.direction.kind === 'category';
+  const spare = look.size <= leastLabelSize ? 0 : 2;
   const arranged = (most: number) => {
     const lines = ticks.map(({ text }) => (named ? inLines(text, most, mostDepth, look) : [text]));
-    const need = (_: string, at: number) => lines[at]!.length * tightHeight(look) - gapBetweenLabels + 2;
+    const need = (_: string, at: number) => lines[at]!.length * tightHeight(look) - gapBetweenLabels + spare;
     return { lines, every: everyFor(room, need) };
   };
   let most = named ? mostLines : 1;
