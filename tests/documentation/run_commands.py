@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
 """Runs the commands of a guide, and compares what they print.
 
-    run_commands.py PAGE KESTREL FOLDER
+    run_commands.py PAGE KESTREL FOLDER [--client]
 
-Blocks behind the line `<!-- run -->` are run, in their order, in FOLDER, which has the examples. A line with `$` is a
-command; what follows is all that it prints, where `...` stands for any text, or on a line of its own for any lines."""
+Blocks behind the line `<!-- run -->` are run, in their order, in FOLDER, which has the examples; those behind
+`<!-- run with the client -->` where the client is built. A line with `$` is a command; what follows is all that it prints, where `...` stands for any text, or on a line of its own for any lines."""
 
 import os
 import pathlib
@@ -14,8 +14,12 @@ import subprocess
 import sys
 
 
-def commands_of(page):
-    for block in re.findall(r"^<!-- run -->\n```console\n(.*?)^```$", page.read_text(encoding="utf-8"), re.M | re.S):
+def commands_of(page, client):
+    blocks = re.findall(r"^<!-- run( with the client)? -->\n```console\n(.*?)^```$", page.read_text(encoding="utf-8"),
+                        re.M | re.S)
+    for needs_client, block in blocks:
+        if needs_client and not client:
+            continue
         for part in re.split(r"^\$ ", block, flags=re.MULTILINE)[1:]:
             command, _, expected = part.partition("\n")
             yield command, expected
@@ -29,13 +33,13 @@ def pattern(expected):
 
 
 def main():
-    page, kestrel, folder = (pathlib.Path(argument) for argument in sys.argv[1:])
+    page, kestrel, folder = (pathlib.Path(argument) for argument in sys.argv[1:4])
     shutil.rmtree(folder, ignore_errors=True)
     folder.mkdir(parents=True)
     (folder / "examples").symlink_to(page.resolve().parent.parent.parent / "examples")
     environment = dict(os.environ, PATH=f"{kestrel.parent}:{os.environ['PATH']}")
     faults = count = 0
-    for command, expected in commands_of(page):
+    for command, expected in commands_of(page, "--client" in sys.argv[4:]):
         done = subprocess.run(command, shell=True, cwd=folder, env=environment, text=True, stdout=subprocess.PIPE,
                               stderr=subprocess.STDOUT, check=False)
         count += 1
