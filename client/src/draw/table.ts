@@ -181,6 +181,7 @@ function rowsOf(graphs: CompiledGraph[], data: Data): Cells[] {
         const shared = groupCells(layer, compiled.grid.panels[at]!, compiled, data);
         for (const shape of layer.shapes) {
           if (rows.length >= mostRows) return rows;
+          if (shape.between) continue;
           const start: Cells = several
             ? new Map([['Element', layer.element.name || layer.element.kind]])
             : new Map();

@@ -47,5 +47,20 @@ describe('groups that look alike', () => {
 
   test('are told by an axis where it shows them', () => {
     expect(notes(9, color, '', 'interval', 'k')).toEqual([]);
+    const at = count(9);
+    const upright = picture({ a: at, k: at }, `<point><x variable="a"/><y variable="k"/>${color}</point>`, {
+      categorical: { k: at.map(String) },
+    });
+    expect(upright.notes).toEqual([]);
+  });
+
+  test('are told by panels where each group has its own', () => {
+    const at = count(9);
+    const drawn = picture(
+      { a: at, b: at, k: at },
+      `<point><x variable="a"/><y variable="b"/>${color}</point><faceting><cross><variableReference ref="k"/></cross></faceting>`,
+      { categorical: { k: at.map(String) } },
+    );
+    expect(drawn.notes).toEqual([]);
   });
 });

@@ -55,6 +55,18 @@ describe('dates at ticks', () => {
       '2022-07',
       '2023-01',
     ]);
+    expect(between('2021-01-01', '2023-01-01', 'yyyy-MM', 5)).toHaveLength(5);
+    expect(between('2021-01-01', '2023-01-01', 'yyyy-MM', 6)).toHaveLength(9);
+  });
+
+  test('show as much as tells them apart where there is no pattern', () => {
+    expect(between('2021-01-01', '2021-04-01', null, 4)).toEqual([
+      'Jan 2021',
+      'Feb 2021',
+      'Mar 2021',
+      'Apr 2021',
+    ]);
+    expect(between('2024-02-28T00:00:00', '2024-02-28T00:20:00', null, 4)).toContain('28 Feb 00:05');
   });
 
   test('have a finer pattern where else there would be no scale', () => {
@@ -72,6 +84,16 @@ describe('dates at ticks', () => {
     expect(between('2024-02-28T00:00:00', '2024-02-28T00:00:02', 'dd.MM.yyyy', 2)).toContain(
       '28.02.2024 00:00:01',
     );
+    // A day that begins before the axis has no place on it.
+    expect(between('2024-02-28T06:00:00', '2024-02-29T06:00:00', 'yyyy-MM-dd', 2)).toContain(
+      '2024-02-28 12:00',
+    );
+    // Days of months are the same in each of them.
+    expect(between('2024-01-01', '2024-06-01', 'dd', 6)).toContain('Feb 2024');
+    // A pattern that has hours gets no second time.
+    expect(between('2024-02-28T00:00:00', '2024-02-28T00:20:00', 'yyyy-MM-dd HH', 4)).toContain(
+      '28 Feb 00:05',
+    );
   });
 
   test('are each there once with ticks that the chart asks for', () => {
@@ -81,6 +103,15 @@ describe('dates at ticks', () => {
       coordinates: '<dimension domain="d"><axis><majorTicks delta="43200"/></axis></dimension><dimension/>',
     });
     expect(drawn.textsOf('x axis')).toEqual(['2024-02-28', '2024-02-29']);
+  });
+
+  test('go by the first date of the axis where the chart asks for a distance without a base', () => {
+    const times = ['2024-02-28T06:00:00', '2024-02-29T18:00:00'].map((text) => secondsOf(text)!);
+    const drawn = picture({ a: times, b: [1, 2] }, '<line><x variable="t"/><y variable="b"/></line>', {
+      rest: '<sourceVariable id="t" source="s" sourceName="a"><format pattern="d HH"/></sourceVariable><intervalDomain id="d"><range min="2024-02-28T06:00:00" max="2024-02-29T18:00:00" exact="true"/></intervalDomain>',
+      coordinates: '<dimension domain="d"><axis><majorTicks delta="43200"/></axis></dimension><dimension/>',
+    });
+    expect(drawn.textsOf('x axis')).toEqual(['28 06', '28 18', '29 06', '29 18']);
   });
 });
 

@@ -50,6 +50,30 @@ describe('bars and areas of several groups in one place', () => {
     expect(drawn.notes).toEqual([note('Areas')]);
     expect(densities([1, 2, 3, 1001, 1002, 1003], [1, 1, 1, 2, 2, 2]).notes).toEqual([]);
   });
+
+  test('are no areas that go on where others end', () => {
+    const areas = picture(
+      { a: [1, 2, 2, 3], b: [1, 1, 1, 1], g: [1, 1, 2, 2] },
+      '<area><x variable="a"/><y variable="b"/><color variable="g"/></area>',
+      { categorical },
+    );
+    expect(areas.notes).toEqual([]);
+  });
+
+  test('are not those of different elements', () => {
+    const element = '<interval><x variable="k"/><summaryStatistic method="10"/></interval>';
+    expect(picture({ k: [1, 2] }, element + element, { categorical }).notes).toEqual([]);
+  });
+
+  test('are not bars that stand beside each other, but areas that the chart wants there', () => {
+    expect(bars(both, 'positionModifier="1"').notes).toEqual([]);
+    const areas = picture(
+      { a: [0, 2, 4, 1, 3], b: [2, 2, 2, 4, 4], g: [1, 1, 1, 2, 2] },
+      '<area positionModifier="1"><x variable="a"/><y variable="b"/><color variable="g"/></area>',
+      { categorical },
+    );
+    expect(areas.notes).toEqual([note('Areas')]);
+  });
 });
 
 describe('a place of a line without neighbours', () => {

@@ -456,6 +456,22 @@ describe('labels of panels that touch', () => {
       ['30'],
       ['0', '30', '60'],
     ]);
+    expect(written(panels('delta="30">', range, 'a', mirror, 4))[3]).toEqual(['30', '60']);
+  });
+
+  test('of panels that run the other way stand once, too', () => {
+    const drawn = panels('delta="30">', range, 'a', '<reflectionTransform dimension="0"/>');
+    expect(written(drawn)).toEqual([
+      ['0', '30', '60'],
+      ['0', '30'],
+      ['0', '30'],
+      ['0', '30'],
+    ]);
+  });
+
+  test('that reach farther at the low end stand at the first panel', () => {
+    const low = range.replace('min="0" max="60"', 'min="-1000" max="0"');
+    expect(written(panels('delta="1000">', low))).toEqual([['\u22121000', '0'], ['0'], ['0'], ['0']]);
   });
 
   test('that are turned keep apart, too', () => {

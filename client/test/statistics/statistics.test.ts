@@ -9,6 +9,11 @@ const bins = (values: number[], wanted: { count?: number; start?: number; width?
   binsOf(values, { count: null, start: null, width: null, dots: false, ...wanted });
 
 suite('Student t', () => {
+  test('is as likely below its middle as above it', () => {
+    expect(studentProbability(-2, 5)).toBeCloseTo(1 - studentProbability(2, 5), 12);
+    expect(studentProbability(-2, 5)).toBeLessThan(0.5);
+  });
+
   // From printed tables.
   test.each([
     [0.975, 1, 12.7062],
@@ -61,6 +66,22 @@ suite('summaries', () => {
   });
 });
 
+suite('weighted cases', () => {
+  const computed = (method: number, values: number[], weights: number[]) =>
+    summaries.get(method)!.compute({ values, weights });
+
+  test('have a median between two of them where half of all lies below each', () => {
+    expect(computed(4, [4, 1, 3, 2], [1, 1, 1, 1])).toBe(2.5);
+    expect(computed(4, [1, 2, 3], [1, 1, 2])).toBe(2.5);
+    expect(computed(4, [1, 2, 3], [1, 3, 1])).toBe(2);
+  });
+
+  test('do not count where their weight is not above 0', () => {
+    expect(computed(10, [1, 1, 1], [1, -1, 2])).toBe(3);
+    expect(computed(2, [1, 50, 4], [1, -1, 2])).toBe(3);
+  });
+});
+
 suite('bins of dates', () => {
   const at = (text: string) => Date.parse(`${text}Z`) / 1000;
   /** So many values, evenly from one date to another. */
@@ -97,6 +118,12 @@ suite('bins of dates', () => {
     }
   });
 
+  test('go on behind a date on the bound of the last month', () => {
+    const months = made('2021-01-01T00:00', '2021-07-01T00:00');
+    const last = binOf(months, at('2021-07-01T00:00'));
+    expect(textOf(boundsOf(months, last)[0])).toBe('2021-07-01T00:00');
+  });
+
   test('of one date are its day', () => {
     const one = made('2024-01-03T05:00', '2024-01-03T05:00', 2);
     expect([textOf(one.start), one.width, one.count]).toEqual(['2024-01-03T00:00', 86_400, 1]);
@@ -114,6 +141,19 @@ suite('bins', () => {
 
   test('are as many as are wanted, from the lowest to the highest value', () => {
     expect(bins([0, 24], { count: 12 })).toEqual({ start: 0, width: 2, count: 12 });
+    expect(bins([0, 24], { count: 12, start: -12 })).toEqual({ start: -12, width: 3, count: 12 });
+    expect(bins([0, 24], { count: 12, start: 10 })).toEqual({ start: 0, width: 2, count: 12 });
+  });
+
+  test('are 2,000 at most', () => {
+    expect(bins([0, 1e6], { width: 1 })!.count).toBe(2_000);
+    expect(bins([0, 24], { count: 1e6 })!.count).toBe(2_000);
+  });
+
+  test('have their bounds where readers see them, however numbers are stored', () => {
+    const tenths = bins([0, 0.3], { width: 0.1 })!;
+    expect(tenths.count).toBe(4);
+    expect(binOf(tenths, 0.3)).toBe(3);
   });
 
   test('have round bounds where the chart leaves them open', () => {
@@ -149,6 +189,16 @@ suite('boxes', () => {
     expect(box.outliers).toEqual([5]);
     expect(box.extremes).toEqual([8]);
     expect([box.lowest, box.highest]).toEqual([1, 5]);
+  });
+
+  test('have fences at one and a half and at three times the distance of the hinges', () => {
+    // Hinges 0 and 1: inner fences at -1.5 and 2.5, outer ones at -3 and 4.
+    const halves = [...Array<number>(11).fill(0), ...Array<number>(11).fill(1)];
+    const values = [...halves, 2.5, 2.51, 4, 4.01, -1.5, -1.51, -3, -3.01];
+    const box = boxOf({ values, weights: null })!;
+    expect([box.lowest, box.highest]).toEqual([-1.5, 2.5]);
+    expect(box.outliers.map((at) => values[at])).toEqual([2.51, 4, -1.51, -3]);
+    expect(box.extremes.map((at) => values[at])).toEqual([4.01, -3.01]);
   });
 
   const figures = (values: number[], weights: number[] | null) => {
@@ -193,6 +243,8 @@ suite('densities', () => {
   test('go by the rule for their width', () => {
     // Quartiles 2 and 4 give 1.4826, the deviation 1.2247 is less.
     expect(bandwidthOf(values)).toBeCloseTo(0.9 * Math.sqrt(12 / 8) * 9 ** -0.2, 6);
+    // A value far away makes the deviation larger than the quartiles, which are 2 and 4 now.
+    expect(bandwidthOf([1, 2, 2, 3, 3, 3, 4, 4, 100])).toBeCloseTo(((0.9 * 2) / 1.349) * 9 ** -0.2, 6);
   });
 
   test('are none of values that are all the same', () => {

@@ -140,9 +140,8 @@ function numberValues(scale: DrawnScale, settings: Ticks | null, wish: TickWish)
   const delta = settings?.delta;
   if (delta && delta > 0 && (high - low) / delta <= mostTicks) return steppedTicks(low, high, delta, base);
   if (scale.method === 'log') return logTicks(low, high, scale.base, wish.wanted);
-  const values = shownTicks(low, high, Math.max(2, wish.wanted), format);
-  if (!wish.whole) return basedTicks(values, low, high, base);
-  return values.every(Number.isInteger) ? values : steppedTicks(low, high, 1, 0);
+  const values = shownTicks(low, high, wish.wanted, format);
+  return wish.whole ? values : basedTicks(values, low, high, base);
 }
 
 /** All ticks for `wanted` labels at most; the text of a date is by the chart's pattern. */

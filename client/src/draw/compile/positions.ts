@@ -77,7 +77,8 @@ function stackAlongY(layers: Layer[], baseline: number): void {
     const stacked = layer.element.modifier === stackModifier || layer.kind === 'slices';
     for (const shape of layer.shapes) {
       if (shape.y1 !== undefined) continue;
-      const reach = stacked ? (shape.y >= 0 ? tops : bottoms) : null;
+      // A missing value ends no stack: others stand there as if it were not.
+      const reach = stacked && !Number.isNaN(shape.y) ? (shape.y >= 0 ? tops : bottoms) : null;
       const sum = reach?.get(shape.x);
       shape.y1 = sum ?? baseline;
       shape.y2 = (sum ?? 0) + shape.y;

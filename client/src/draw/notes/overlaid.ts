@@ -10,7 +10,7 @@ const words = { bars: 'Bars', area: 'Areas' } as const;
 type Wide = keyof typeof words;
 
 const isWide = (layer: Layer): layer is Layer & { kind: Wide } =>
-  (layer.kind === 'bars' || layer.kind === 'area') && layer.element.modifier !== 3 && layer.slot === null;
+  (layer.kind === 'bars' || layer.kind === 'area') && layer.element.modifier !== 3;
 
 /** Bars have places, areas reach over all between their ends. */
 function share(one: Layer, other: Layer): boolean {
