@@ -1,4 +1,5 @@
 import { describe, expect, test } from 'vitest';
+import { lengthOf, numberOf, pixels } from '../../src/chart/markup.js';
 import { readChart } from '../../src/chart/read.js';
 import { parseXml } from '../../src/node/document.js';
 import { chartText } from '../draw/chart.js';
@@ -100,4 +101,14 @@ describe('a chart text', () => {
     expect(() => readChart('<svg/>', parseXml)).toThrow(/svg/);
     expect(() => readChart('<visualization', parseXml)).toThrow();
   });
+});
+
+test('lengths are as long on the page as on paper, and bounds may have no end', () => {
+  const inPixels = (text: string) => pixels(lengthOf(text)!, 200);
+  expect(inPixels('25.4mm')).toBeCloseTo(96, 6);
+  expect(inPixels('2.54cm')).toBeCloseTo(96, 6);
+  expect(inPixels('1in')).toBe(96);
+  expect(inPixels('72pt')).toBe(96);
+  expect(inPixels('50%')).toBe(100);
+  expect([numberOf('INF'), numberOf('-INF'), numberOf('endless')]).toEqual([Infinity, -Infinity, null]);
 });

@@ -4,7 +4,7 @@ import { readChart } from '../../src/chart/read.js';
 import { categoriesOf } from '../../src/data/categories.js';
 import { Data } from '../../src/data/columns.js';
 import { parseBlend, parseExpression } from '../../src/data/expression.js';
-import { dateText, numberText, secondsOf } from '../../src/data/format.js';
+import { dateText, mergeFormats, numberText, secondsOf } from '../../src/data/format.js';
 import { parseXml } from '../../src/node/document.js';
 import { chartText, tableOf } from '../draw/chart.js';
 
@@ -27,6 +27,8 @@ describe('expressions', () => {
     ['2 ^ 3 ^ 2', 512],
     ['-2 ^ 2', -4],
     ['2 ^ -1', 0.5],
+    ['-+3', -3],
+    ['1 --3', 4],
     ['10 - 4 - 3', 3],
     ['max(1, x, 2)', 5],
     ['sqrt(x + 11) / log10(100)', 2],
@@ -84,6 +86,23 @@ describe('formats', () => {
     expect(dateText(leapDay, pattern, 'en-US')).toBe(expected);
   });
 
+  test('dates at midnight have 12 hours, and weeks by the year that has most of them', () => {
+    const dated = (text: string, pattern: string) => dateText(secondsOf(text)!, pattern, 'en-US');
+    expect(dated('2012-02-29T00:05:00', 'hh:mm a')).toBe('12:05 AM');
+    expect(dated('2012-02-29T12:05:00', 'h a')).toBe('12 PM');
+    expect(dated('2021-01-03', 'w')).toBe('53');
+    expect(dated('2021-01-04', 'w')).toBe('1');
+  });
+
+  test('the first format that says anything counts', () => {
+    const merged = mergeFormats(
+      format({ prefix: 'a' }),
+      format({ prefix: 'b', suffix: 'b' }),
+      format({ suffix: 'c' }),
+    );
+    expect([merged!.prefix, merged!.suffix]).toEqual(['a', 'b']);
+  });
+
   test('dates of bounds', () => {
     expect(secondsOf('2012-02-29T13:05:09')).toBe(leapDay);
     expect(secondsOf('2012-02-29')).toBe(1330473600);
@@ -116,6 +135,28 @@ describe('variables', () => {
     ]);
   });
 
+  test('that have no number are missing', () => {
+    const made = data(
+      '<sourceVariable id="m" source="s" sourceName="mass"/><derivedVariable id="d" value="1 / (m - 2)"/>',
+    );
+    expect([...made.data.values('d')!.numbers]).toEqual([0.5, NaN, NaN, 1 / 6, 1 / 14]);
+  });
+
+  test('of weights count for their own source', () => {
+    const made = data(
+      '<userSource id="t"/><sourceVariable id="w" source="s" sourceName="mass" weight="true"/>',
+    );
+    expect(made.data.weights('s')).not.toBeNull();
+    expect(made.data.weights('t')).toBeNull();
+  });
+
+  test('have their short labels where they have no other', () => {
+    const labels = data(
+      '<sourceVariable id="v" source="s" sourceName="mass" shortLabel="M"/><sourceVariable id="u" source="s" sourceName="mass" shortLabel="M" label="Mass"/>',
+    ).chart.variables;
+    expect([labels.get('v')!.label, labels.get('u')!.label]).toEqual(['M', 'Mass']);
+  });
+
   test('that are not there are named', () => {
     const made = data('<sourceVariable id="v" source="s" sourceName="speed" label="Speed"/>');
     expect(made.data.values('v')).toBeNull();
@@ -139,6 +180,13 @@ describe('variables', () => {
     const made = data('<sourceVariable id="v" source="e" sourceName="a"/>', embedded);
     expect([...made.data.values('v')!.numbers]).toEqual([1, NaN]);
   });
+});
+
+test('the first text of a value counts', () => {
+  const made = data(
+    '<sourceVariable id="v" source="s" sourceName="kind" categorical="true"><format><relabel from="1" to="first"/><relabel from="1" to="second"/></format></sourceVariable>',
+  );
+  expect(made.data.values('v')!.textOf(1)).toBe('first');
 });
 
 describe('categories', () => {

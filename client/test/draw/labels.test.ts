@@ -1,4 +1,5 @@
 import { describe, expect, test } from 'vitest';
+import { figureText } from '../../src/draw/marks/piefigures.js';
 import { Picture, picture, plainAxes } from './chart.js';
 
 /** Where a text stands, and the side of that place on which it is. */
@@ -386,6 +387,66 @@ describe('shares of slices', () => {
         expect(Math.max(Math.abs(one.y - other.y), Math.abs(one.x - other.x) / 3)).toBeGreaterThan(13);
       }),
     );
+  });
+
+  const radius = (drawn: Picture) => {
+    const [slice] = drawn.marks('slice').map((mark) => /A([\d.]+),/.exec(mark.getAttribute('d')!));
+    return Number(slice![1]);
+  };
+
+  test('are those of the slices with the clock, from the top', () => {
+    const drawn = pie([1, 3]);
+    expect(drawn.textsOf('Shares')).toEqual(['25.0%', '75.0%']);
+    const [first, second] = places(drawn);
+    expect(first!.x).toBeGreaterThan(0);
+    expect(first!.y).toBeLessThan(0);
+    expect(second!.x).toBeLessThan(0);
+  });
+
+  test('are of what is above 0', () => {
+    expect(pie([3, -1, 1, 0]).textsOf('Shares')).toEqual(['75.0%', '25.0%']);
+    expect([0, 0.0004, 0.0006].map(figureText)).toEqual(['0.0%', '<0.1%', '0.1%']);
+  });
+
+  test('stay within the panel and outside of the pie', () => {
+    const few = Array.from({ length: 8 }, () => 0.5);
+    for (const weights of [
+      [...few, 96],
+      [48, ...few, 48],
+      [24, ...few, 72],
+      [96, ...few],
+    ]) {
+      const drawn = pie(weights);
+      const half = numberOf(drawn.svg.querySelector('g[aria-label="Data"] rect')!, 'height') / 2;
+      for (const { x, y } of places(drawn)) {
+        expect(Math.abs(y)).toBeLessThan(half);
+        expect(Math.hypot(x, y)).toBeGreaterThan(radius(drawn));
+      }
+      const right = places(drawn)
+        .filter(({ x }) => x > 0)
+        .map(({ y }) => y)
+        .sort((a, b) => a - b);
+      right.slice(1).forEach((y, at) => expect(y - right[at]!).toBeGreaterThan(13));
+    }
+  });
+
+  test('are those of the largest slices where there are too many', () => {
+    const drawn = pie(Array.from({ length: 400 }, (_, at) => (at % 8 === 0 ? 50 : 1)));
+    expect(drawn.textsOf('Shares').filter((text) => text === '1.8%')).toHaveLength(50);
+  });
+
+  test('are not there where their style hides them', () => {
+    const hidden = picture(
+      { k: [1, 2], b: [1, 3] },
+      '<interval positionModifier="3"><y variable="b"/><color variable="k"/><labeling variable="b" style="h"/></interval>',
+      {
+        categorical: kinds,
+        coordinates: `${plainAxes}<polarTransform/>`,
+        rest: '<style id="h" visible="false"/>',
+      },
+    );
+    expect(hidden.marks('slice')).toHaveLength(2);
+    expect(hidden.names()).not.toContain('Shares');
   });
 
   test('that have no room at all are counted in a note', () => {
