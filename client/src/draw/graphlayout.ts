@@ -184,6 +184,18 @@ function roomsOf(
   };
 }
 
+const mostPasses = 6;
+
+/** After so many of them rooms only grow: a label that stands where there is room for it may take that away. */
+const freePasses = 2;
+
+const places = ['left', 'right', 'top', 'bottom'] as const;
+
+function grown(rooms: Layout['rooms'], needed: Layout['rooms']): Layout['rooms'] {
+  const most = (place: AxisPlace) => Math.max(rooms[place], needed[place]);
+  return { left: most('left'), right: most('right'), top: most('top'), bottom: most('bottom') };
+}
+
 /** The share of a graph's height, or width, that the texts over its panels, or beside them, take. */
 const mostHeaders = 0.25;
 
@@ -200,7 +212,7 @@ export function layoutOf(compiled: CompiledGraph, whole: Rectangle, named: numbe
   let { scales } = compiled;
   let axes: DrawnAxis[] = [];
   // Labels need to know how long axes are, which need to know how much room labels take.
-  for (let pass = 0; pass < 3; pass += 1) {
+  for (let pass = 0; pass < mostPasses; pass += 1) {
     const size = panelSize(compiled, whole, rooms);
     scales = scalesFor(compiled, size);
     axes = axesOf(compiled, scales, size, rooms, whole);
@@ -208,7 +220,10 @@ export function layoutOf(compiled: CompiledGraph, whole: Rectangle, named: numbe
     const upright = (each: Headers) => fitHeaders(each, size.height, size.gapY, whole.width * mostHeaders);
     const { top, bottom, left, right } = wanted;
     headers = { top: across(top), bottom: across(bottom), left: upright(left), right: upright(right) };
-    rooms = roomsOf(axes, headers, named, size.width, countsOf(grid).columns);
+    const needed = roomsOf(axes, headers, named, size.width, countsOf(grid).columns);
+    const before = rooms;
+    rooms = pass < freePasses ? needed : grown(before, needed);
+    if (places.every((place) => Math.abs(rooms[place] - before[place]) < 0.5)) break;
   }
   compiled.notes.push(...headerNotes(Object.values(headers)), ...axisNotes(axes));
   const { width, height, gapX, gapY } = panelSize(compiled, whole, rooms);

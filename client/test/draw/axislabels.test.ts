@@ -1,4 +1,6 @@
 import { describe, expect, test } from 'vitest';
+import { ownTexts } from '../../src/draw/compile/looks.js';
+import { textWidth } from '../../src/draw/svg/text.js';
 import { number, picture, type Picture } from './chart.js';
 
 const pageWidth = 625;
@@ -72,6 +74,11 @@ describe('names below an axis', () => {
     expect(number(panel(plain), 'height') - number(panel(staggered), 'height')).toBeCloseTo(15, 1);
   });
 
+  test('that the chart turns run against the clock', () => {
+    for (const label of labels(bars(['one', 'two'], 'labelAngle="45"')))
+      expect(label.getAttribute('transform')).toContain('rotate(-45)');
+  });
+
   test('that are turned by a half circle stand upright', () => {
     for (const label of labels(bars(['one', 'two'], 'labelAngle="180"')))
       expect(label.getAttribute('transform')).toBeNull();
@@ -126,6 +133,18 @@ describe('numbers below an axis', () => {
     ]);
   });
 
+  test('are never nearer to each other than 8 pixels', () => {
+    for (let digits = 1; digits < 60; digits += 1) {
+      const suffix = 'i'.repeat(digits);
+      const shown = labels(points([0, 10], 'delta="1"', `suffix="${suffix}">`, exact(0, 10)));
+      const ends = shown.map((label) => {
+        const half = textWidth(label.textContent!, ownTexts.tickLabel) / 2;
+        return { from: number(label, 'x') - half, to: number(label, 'x') + half };
+      });
+      ends.slice(1).forEach(({ from }, at) => expect(from - ends[at]!.to).toBeGreaterThanOrEqual(7.9));
+    }
+  });
+
   test('have no marks where the chart gives these a length below 0', () => {
     const marks = (length: string) =>
       points([0, 3], `length="${length}"`, '>').svg.querySelectorAll('g[aria-label="x axis"] path[d*=" v"]');
@@ -173,5 +192,37 @@ describe('numbers of a logarithmic axis', () => {
     const texts = upwards([1, 1e6], '<format><relabel from="1" to="one"/></format>');
     expect(texts[0]).toBe('one');
     expect(texts).toContain('1,000,000');
+  });
+});
+
+describe('titles of axes', () => {
+  const titled = (inner: string, title = 'The title') =>
+    picture(
+      { a: [1, 2], b: [1, 2] },
+      '<point><x variable="a"/><y variable="b"/></point><facetLayout cellAspect="0.3"/>',
+      {
+        coordinates: `<dimension><axis><label><text>${title}</text></label>${inner}</axis></dimension><dimension/>`,
+      },
+    );
+  const bottom = (drawn: Picture) => {
+    const group = panel(drawn).parentNode as Element;
+    return (
+      Number(/,([\d.]+)\)/.exec((group.parentNode!.parentNode as Element).getAttribute('transform')!)![1]) +
+      number(panel(drawn), 'height')
+    );
+  };
+
+  test('that are longer than their panel stay on the page', () => {
+    const long = 'A title that is a good deal longer than the narrow panel is wide';
+    const drawn = titled('<majorTicks/>', long);
+    const title = Array.from(drawn.svg.querySelectorAll('text')).find((text) => text.textContent === long)!;
+    const half = textWidth(long, ownTexts.axisLabel) / 2;
+    const middle = leftOf(title) + number(title, 'x');
+    expect(middle - half).toBeGreaterThan(0);
+    expect(middle + half).toBeLessThan(pageWidth);
+  });
+
+  test('stand near their axis where that has no labels', () => {
+    expect(bottom(titled(''))).toBeGreaterThan(bottom(titled('<majorTicks/>')) + 15);
   });
 });

@@ -358,6 +358,39 @@ describe('statistics', () => {
   });
 });
 
+describe('statistics of several elements', () => {
+  const drawn = (elements: string, coordinates = plainAxes) =>
+    picture({ k: [1, 1, 2], b: [1, 2, null], c: [2, 3, 4] }, elements, { categorical: kinds, coordinates });
+  const count = '<interval><x variable="k"/><summaryStatistic method="10"/></interval>';
+  const mean = (y: string) =>
+    `<line><x variable="k"/><y variable="${y}"/><summaryStatistic method="2"/></line>`;
+
+  test('name an axis where they are the same, and no derived one', () => {
+    const counts = (drawn: Picture) => drawn.texts().filter((text) => text === 'Count').length;
+    expect(counts(drawn(count + count))).toBe(1);
+    expect(counts(drawn(count + mean('c')))).toBe(0);
+    const twice =
+      '<dimension/><dimension><axis><majorTicks/></axis><axis transform="1" opposite="true"><majorTicks/></axis></dimension>';
+    expect(counts(drawn(count, twice))).toBe(1);
+    const dots = '<point positionModifier="7"><x variable="b"/><binStatistic/></point>';
+    expect(counts(drawn(dots))).toBe(0);
+  });
+
+  test('are told where one variable is along the axis, also where its title is its label', () => {
+    const told = (elements: string, title = '') =>
+      drawn(elements, `<dimension/><dimension><axis>${title}<majorTicks/></axis></dimension>`).textsOf(
+        'What is shown',
+      );
+    expect(told(mean('c'))).toEqual(['Lines show the mean of the c.']);
+    expect(told(mean('c'), '<label><text>the c</text></label>')).toEqual(['Lines show the mean of the c.']);
+    expect(told(mean('b') + mean('c'))).toEqual([]);
+  });
+
+  test('of lines leave missing values out, and a note counts them', () => {
+    expect(drawn(mean('b')).notes).toEqual(['1 row with a missing value is not drawn (the b).']);
+  });
+});
+
 describe('shares of slices', () => {
   const pie = (weights: number[]) =>
     picture(
@@ -454,5 +487,71 @@ describe('shares of slices', () => {
     const shown = drawn.textsOf('Shares').length;
     expect(drawn.notes).toContain(`${120 - shown} shares of slices have no room.`);
     expect(shown).toBeGreaterThan(40);
+  });
+});
+
+describe('labels along a dimension', () => {
+  test('have the format that they are given, and the value beside which their mark stands', () => {
+    const labelled = (labeling: string) =>
+      picture(
+        { a: [1, 1, 9], b: [2, 8, 5], g: [1, 2, 1] },
+        `<point positionModifier="1"><x variable="a"/><y variable="b"/><color variable="g"/>${labeling}</point>`,
+        { categorical: { g: ['x', 'y'] } },
+      ).textsOf('Labels of data');
+    expect(labelled('<labeling dimension="0"><format suffix=" s"/></labeling>').sort()).toEqual([
+      '1 s',
+      '1 s',
+      '9 s',
+    ]);
+    expect(labelled('<labeling variable="b"><format suffix=" m"/></labeling>').sort()).toEqual([
+      '2 m',
+      '5 m',
+      '8 m',
+    ]);
+  });
+});
+
+describe('names of guides', () => {
+  const guided = (guides: string) =>
+    picture({ a: [0, 10], b: [0, 10] }, `<point><x variable="a"/><y variable="b"/></point>${guides}`, {
+      coordinates: '<dimension domain="d"/><dimension domain="d"/>',
+      rest: '<intervalDomain id="d"><range min="0" max="10" exact="true"/></intervalDomain>',
+    });
+  const found = (drawn: Picture, name: string) =>
+    Array.from(drawn.svg.querySelectorAll('text')).find((text) => text.textContent === name);
+
+  test('at the right end of a panel stand at the left of their line', () => {
+    const drawn = guided('<lineGuide x="9" name="Far"/><lineGuide x="2" name="Near"/>');
+    expect(drawn.look(found(drawn, 'Far')!, 'text-anchor')).toBe('end');
+    expect(drawn.look(found(drawn, 'Near')!, 'text-anchor')).toBe('start');
+  });
+
+  test('are not there where their line is not', () => {
+    expect(guided('<lineGuide x="20" name="Beyond"/>').texts()).not.toContain('Beyond');
+  });
+
+  test('of one place stand beside each other', () => {
+    const drawn = guided('<functionGuide value="x" name="First"/><functionGuide value="x" name="Second"/>');
+    const places = ['First', 'Second'].map((name) => {
+      const text = found(drawn, name)!;
+      return `${text.getAttribute('transform')} ${(text.parentNode as Element).getAttribute('transform')}`;
+    });
+    expect(places[0]).not.toBe(places[1]);
+  });
+
+  test('of functions end with their line, which stays in the panel', () => {
+    const drawn = guided('<functionGuide value="3 * x" name="Steep"/>');
+    const height = numberOf(drawn.svg.querySelector('g[aria-label="Data"] rect')!, 'height');
+    const heights = Array.from(
+      drawn
+        .marks('line')[0]!
+        .getAttribute('d')!
+        .matchAll(/,([-\d.]+)/g),
+      (each) => Number(each[1]),
+    );
+    for (const y of heights) {
+      expect(y).toBeGreaterThan(-1);
+      expect(y).toBeLessThan(height + 1);
+    }
   });
 });

@@ -192,3 +192,97 @@ describe('groups beside each other', () => {
     expect(share(boxes('<color variable="g"/>', 'clusterVariable="g"'))).toBeCloseTo(0.8, 2);
   });
 });
+
+test('shares of sums are those of the values', () => {
+  const drawn = picture(
+    { k: [1, 2], b: [1, 3] },
+    '<interval><x variable="k"/><y variable="b"/><summaryStatistic method="3"/></interval>',
+    { categorical: kinds },
+  );
+  expect(drawn.drawn.dataTable.rows.map((row) => row[1])).toEqual(['25', '75']);
+});
+
+test('a density counts cases as often as their weights say', () => {
+  const top = (rest: string) => {
+    const drawn = picture(
+      { a: [1, 2, 9], w: [1, 1, 20] },
+      '<area><x variable="a"/><distributionStatistic/></area>',
+      { rest },
+    );
+    const rows = drawn.drawn.dataTable.rows.map((row) => row.map(Number));
+    return rows.reduce((best, row) => (row[1]! > best[1]! ? row : best))[0]!;
+  };
+  expect(top('')).toBeLessThan(3);
+  expect(top('<sourceVariable id="v" source="s" sourceName="w" weight="true"/>')).toBeGreaterThan(8);
+});
+
+test('low bars below the base line go down', () => {
+  const drawn = picture(
+    { k: [1, 2], b: [10_000, -1] },
+    '<interval><x variable="k"/><y variable="b"/></interval>',
+    {
+      categorical: kinds,
+    },
+  );
+  const [high, low] = bars(drawn);
+  expect(low!.top).toBeCloseTo(high!.bottom, 1);
+  expect(low!.bottom).toBeCloseTo(high!.bottom + 1, 1);
+});
+
+test('the base line of bars is drawn where it is on the axis', () => {
+  const rules = (range: string) =>
+    picture({ k: [1, 2], b: [60, 80] }, '<interval><x variable="k"/><y variable="b"/></interval>', {
+      categorical: kinds,
+      coordinates: '<dimension/><dimension domain="d"/>',
+      rest: `<intervalDomain id="d"><range ${range} exact="true"/></intervalDomain>`,
+    }).marks('rule');
+  expect(rules('min="0" max="100"')).toHaveLength(1);
+  expect(rules('min="50" max="100"')).toHaveLength(0);
+});
+
+test('lines of very many places keep what is lowest, too', () => {
+  const a = Array.from({ length: 30_000 }, (_, at) => at);
+  const b = a.map((at) => (at === 12_345 ? -1000 : Math.sin(at)));
+  const { rows } = picture({ a, b }, '<line><x variable="a"/><y variable="b"/></line>').drawn.dataTable;
+  expect(rows.some((row) => Number(row[1]!.replace('\u2212', '-')) === -1000)).toBe(true);
+});
+
+describe('symbols', () => {
+  const height = (drawn: Picture) => number(drawn.svg.querySelector('g[aria-label="Data"] rect')!, 'height');
+  const width = (drawn: Picture) => number(drawn.svg.querySelector('g[aria-label="Data"] rect')!, 'width');
+
+  test('take a fifth of a panel at each end at most', () => {
+    const drawn = picture(
+      { a: [0, 10], b: [0, 10] },
+      '<point style="s"><x variable="a"/><y variable="b"/></point>',
+      {
+        rest: '<style id="s" size="600px"/>',
+      },
+    );
+    const [first, last] = drawn.marks('dot').map((mark) => number(mark, 'cx'));
+    expect((last! - first!) / width(drawn)).toBeGreaterThan(0.55);
+  });
+
+  test('leave ends where bars stand, and where the chart gives a margin', () => {
+    const standing = picture(
+      { k: [1, 2], b: [0, 10] },
+      '<interval><x variable="k"/><y variable="b"/></interval><point><x variable="k"/><y variable="b"/></point>',
+      { categorical: kinds },
+    );
+    expect(bars(standing)[1]!.bottom).toBeCloseTo(height(standing), 1);
+    const points = picture({ a: [0, 10], b: [0, 10] }, '<point><x variable="a"/><y variable="b"/></point>', {
+      coordinates: '<dimension upperMargin="0%"/><dimension/>',
+    });
+    expect(number(points.marks('dot')[1]!, 'cx')).toBeCloseTo(width(points), 1);
+  });
+
+  test('of extremes have room for their own size', () => {
+    const drawn = picture(
+      { k: Array.from({ length: 12 }, () => 1), b: [1, 2, 3, 1, 2, 3, 1, 2, 3, 1, 2, 30] },
+      '<schema extremeStyle="e"><tukeyStatistic/><x variable="k"/><y variable="b"/></schema>',
+      { categorical: kinds, rest: '<style id="e" symbol="circle" size="80px"/>' },
+    );
+    const [extreme] = drawn.marks('dot');
+    expect(number(extreme!, 'cy')).toBeGreaterThanOrEqual(39);
+  });
+});

@@ -3,7 +3,8 @@ import { colorRange, luminance, readableShade } from '../../src/draw/svg/colors.
 import { Patterns } from '../../src/draw/svg/patterns.js';
 import { Maker } from '../../src/draw/svg/svg.js';
 import { atMost, textLook, textWidth } from '../../src/draw/svg/text.js';
-import { ownTexts } from '../../src/draw/compile/looks.js';
+import { ownLook, ownTexts } from '../../src/draw/compile/looks.js';
+import { casingOf, edged } from '../../src/draw/marks/edges.js';
 import { Places } from '../../src/draw/page.js';
 import { makeDocument } from '../../src/node/document.js';
 
@@ -31,7 +32,9 @@ describe('texts', () => {
 describe('colours', () => {
   test('become lighter on dark paper, and darker on light one', () => {
     const own = luminance('#0072b2');
-    expect(luminance(readableShade('#101010', '#0072b2'))).toBeGreaterThan(own);
+    expect(luminance(readableShade('#101010', '#0072b2'))).toBeGreaterThanOrEqual(own);
+    expect(luminance(readableShade('#101010', '#004466'))).toBeGreaterThan(luminance('#004466'));
+    expect(readableShade('#101010', '#004466')).not.toBe('#ffffff');
     expect(luminance(readableShade('#ffffff', '#56b4e9'))).toBeLessThan(luminance('#56b4e9'));
   });
 
@@ -63,4 +66,23 @@ test('a part with a right edge and a width has its left edge there', () => {
     height: 500,
   });
   expect(places.edges('a')).toEqual({ right: 300, left: 180 });
+});
+
+describe('outlines', () => {
+  const faint = { ...ownLook('point'), fill: '#ffffcc', strokeWidth: 0.2 };
+
+  test('are not given to what the chart wants to be seen through', () => {
+    const look = { ...ownLook('point'), opacity: 0.1 };
+    expect(edged(look, 'point', '#ffffff')).toEqual(look);
+  });
+
+  test('are a pixel wide at least, and as see-through as the chart wants marks', () => {
+    expect(edged(faint, 'point', '#ffffff')).toMatchObject({ strokeWidth: 1, strokeOpacity: 1 });
+    expect(edged({ ...faint, opacity: 0.3 }, 'point', '#ffffff').strokeOpacity).toBe(0.3);
+  });
+
+  test('are not there below lines of no width', () => {
+    expect(casingOf('#ffffcc', 2, '#ffffff')).not.toBeNull();
+    expect(casingOf('#ffffcc', 0, '#ffffff')).toBeNull();
+  });
 });
