@@ -254,7 +254,7 @@ describe('lines and areas', () => {
 
   test('of very many places keep their extremes', () => {
     const a = Array.from({ length: 30_000 }, (_, at) => at);
-    const b = a.map((at) => (at === 12_345 ? 1000 : Math.sin(at)));
+    const b = a.map((at) => (at === 12_347 ? 1000 : Math.sin(at)));
     const drawn = picture({ a, b }, `<line>${xy}</line>`);
     const corners = drawn.marks('line')[0]!.getAttribute('d')!.split('L');
     expect(corners.length).toBeLessThan(8_100);

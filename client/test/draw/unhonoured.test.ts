@@ -434,6 +434,13 @@ describe('missing values', () => {
     expect(notesOf(points + single, { ...lacking, a: [1, 2, 3, 4] })).toEqual([]);
   });
 
+  test('of rows of panels are counted', () => {
+    const rows = single.replace('<variableReference ref="k"/>', '<unity/><variableReference ref="g"/>');
+    expect(notesOf(points + rows, { ...lacking, a: [1, 2, 3, 4] })).toEqual([
+      '2 rows with missing values are not drawn (the g).',
+    ]);
+  });
+
   test('of clusters are counted', () => {
     const drawn = picture(
       lacking,
