@@ -174,6 +174,27 @@ describe('legends', () => {
     expect(entry!.querySelector('title')!.textContent).toBe(long);
   });
 
+  test('of large texts take more of the width before they shorten these', () => {
+    const drawn = picture(
+      { a: [1, 2, 3, 4, 5, 6, 7], b: [1, 2, 3, 4, 5, 6, 7], k: [1, 2, 3, 4, 5, 6, 7] },
+      '<point id="p"><x variable="a"/><y variable="b"/><color id="c" variable="k"/></point>',
+      {
+        categorical: { k: count(7).map((at) => `${at} of those who agree with the statement in full`) },
+        rest: '<style id="t" font_size="24px"/><legend id="l" tickTextStyle="t"><legendTarget target="c"/></legend>',
+      },
+    );
+    const shown = places(drawn).map(({ text }) => text);
+    expect(shown).toHaveLength(7);
+    for (const text of shown) expect(text.length).toBeGreaterThan(15);
+    expect(corner(drawn)[0]).toBeGreaterThan(300);
+  });
+
+  test('of many long names have one line for each before they are cut down to a word', () => {
+    const texts = count(24).map((at) => `${at} of them who agree in full with all`);
+    const shown = places(grouped({ texts })).map(({ text }) => text);
+    for (const text of shown) expect(text.length).toBeGreaterThan(20);
+  });
+
   const above = '<location part="2" method="0" value="0%"/>';
   const atBottom = '<location part="3" method="0" value="100%"/>';
 

@@ -37,7 +37,10 @@ export interface Room {
 export const swatchWidth = 22;
 export const swatchHeight = 13;
 export const gapToText = 7;
-export const widestText = 170;
+const usualSize = 12;
+const scaleOf = ({ size }: TextLook) => Math.max(1, size / usualSize);
+/** The most that a text of the usual size takes; larger ones take more. */
+export const widestText = (look: TextLook) => usualFits[0]!.width * scaleOf(look);
 export const gapOfBlocks = 11;
 const gapOfColumns = 12;
 /** Sums of sizes are not exact. */
@@ -52,11 +55,22 @@ interface Fit {
   gap: number;
 }
 
-const fits: Fit[] = [
-  { width: widestText, lines: 3, gap: 5 },
+const usualFits: Fit[] = [
+  { width: 170, lines: 3, gap: 5 },
   { width: 110, lines: 2, gap: 4 },
+  { width: 170, lines: 1, gap: 2 },
+  { width: 110, lines: 1, gap: 2 },
   { width: 60, lines: 1, gap: 2 },
 ];
+
+/** Large texts take more, as far as the room has it for all of them. */
+function fitsOf(look: TextLook, room: Room): Fit[] {
+  const scale = scaleOf(look);
+  if (scale === 1) return usualFits;
+  const most = Math.max(60, room.width - swatchWidth - gapToText);
+  const large = usualFits.map((fit) => ({ ...fit, width: Math.min(most, fit.width * scale) }));
+  return [...large, ...usualFits.slice(-1)];
+}
 
 /** An entry with its lines, before it has a place. */
 interface Sized {
@@ -219,7 +233,7 @@ function cut(entries: Sized[], all: number, fit: Fit, look: TextLook, room: Room
 export function layEntries(sections: Entry[][], room: Room, look: TextLook, across: boolean): Block[] {
   if (sections.length === 0) return [];
   if (sections.every((entries) => entries.length <= mostEntries)) {
-    for (const fit of fits) {
+    for (const fit of fitsOf(look, room)) {
       const blocks = placeAll(
         sections.map((entries) => sizedOf(entries, fit, look)),
         room,
@@ -228,7 +242,7 @@ export function layEntries(sections: Entry[][], room: Room, look: TextLook, acro
       if (blocks) return blocks;
     }
   }
-  const fit = fits[fits.length - 1]!;
+  const fit = usualFits[usualFits.length - 1]!;
   const sized = sections.map((entries) => sizedOf(entries.slice(0, mostEntries), fit, look));
   const gaps = gapOfBlocks * (sections.length - 1);
   const wanted = sized.map(

@@ -215,7 +215,8 @@ export function layLegend(open: OpenLegend, room: Room, across: boolean): LaidLe
   const padding = paddingOf(open.legend.style);
   const [beside, above] = [padding.left + padding.right, padding.top + padding.bottom];
   const width = room.width - beside;
-  const lines = open.title === '' ? [] : wrap(open.title, Math.min(widestText, width), open.titleLook);
+  const lines =
+    open.title === '' ? [] : wrap(open.title, Math.min(widestText(open.titleLook), width), open.titleLook);
   const title = titleHeight({ title: lines, titleLook: open.titleLook });
   const inside = { width, height: room.height - above - title };
   const sections = laySections(open, inside, across);
