@@ -190,9 +190,9 @@ describe('legends', () => {
   });
 
   test('of many long names have one line for each before they are cut down to a word', () => {
-    const texts = count(24).map((at) => `${at} of them who agree in full with all`);
+    const texts = count(40).map((at) => `${at} of them who agree in full with all`);
     const shown = places(grouped({ texts })).map(({ text }) => text);
-    for (const text of shown) expect(text.length).toBeGreaterThan(20);
+    for (const text of shown) expect(text.length).toBeGreaterThan(13);
   });
 
   const above = '<location part="2" method="0" value="0%"/>';

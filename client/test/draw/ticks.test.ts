@@ -384,6 +384,32 @@ describe('labels of panels', () => {
     expect(turned.notes).toEqual([]);
   });
 
+  test('are turned over narrow panels, however large they are', () => {
+    const names = Array.from({ length: 20 }, (_, at) => `Province ${at + 1}`);
+    const at = names.map((_, index) => index + 1);
+    const drawn = picture(
+      { a: at, b: at, k: at },
+      '<point><x variable="a"/><y variable="b"/></point><faceting><cross><variableReference ref="k"/></cross></faceting><facetLayout><facetLevel level="1"><axis><majorTicks style="t"/></axis></facetLevel></facetLayout>',
+      { categorical: { k: names }, rest: '<style id="t" font_size="24px"/>' },
+    );
+    expect(drawn.notes).toEqual([]);
+    const [first] = Array.from(group(drawn).querySelectorAll('text'));
+    expect(first!.getAttribute('transform')).toContain('rotate(-90)');
+  });
+
+  test('are smaller, in up to five lines, before they are shortened', () => {
+    const long = 'administrative support and management of waste, with all services of the sector';
+    const names = [1, 2, 3, 4].map((at) => `${at} ${long}`);
+    const drawn = picture(
+      { a: [1, 2, 3, 4], b: [1, 2, 3, 4], k: [1, 2, 3, 4] },
+      '<point><x variable="a"/><y variable="b"/></point><faceting><cross><variableReference ref="k"/></cross></faceting><facetLayout><facetLevel level="1"><axis><majorTicks style="t"/></axis></facetLevel></facetLayout>',
+      { categorical: { k: names }, rest: '<style id="t" font_size="22px"/>' },
+    );
+    expect(drawn.notes).toEqual([]);
+    const [first] = Array.from(group(drawn).querySelectorAll('text'));
+    expect(first!.querySelectorAll('tspan').length).toBeGreaterThan(3);
+  });
+
   test('are noted where they are shortened', () => {
     const drawn = panels(Array.from({ length: 8 }, (_, at) => `${at}_${'long'.repeat(30)}`));
     expect(drawn.notes.join()).toContain('shortened');
@@ -513,7 +539,7 @@ describe('labels of panels that touch', () => {
 });
 
 test('labels of rows stand beside them in their order, shortened ones with the whole text', () => {
-  const long = 'A row with a name that is quite long '.repeat(4).trim();
+  const long = 'A row with a name that is quite long '.repeat(12).trim();
   const rows = picture(
     { a: [1, 2, 3], b: [1, 2, 3], k: [1, 2, 3] },
     '<point><x variable="a"/><y variable="b"/></point><faceting><cross><unity/><variableReference ref="k"/></cross></faceting><facetLayout><facetLevel level="1"><axis><label><text>Rows</text></label><majorTicks/></axis></facetLevel></facetLayout>',

@@ -6,7 +6,16 @@ import { none, safeColor } from '../svg/colors.js';
 import { ownTexts } from '../compile/looks.js';
 import type { PanelGrid, PanelSide } from '../compile/panels.js';
 import type { Maker } from '../svg/svg.js';
-import { lineHeight, shorten, textLook, textWidth, widest, wrap, type TextLook } from '../svg/text.js';
+import {
+  atMost,
+  lineHeight,
+  shorten,
+  textLook,
+  textWidth,
+  widest,
+  wrap,
+  type TextLook,
+} from '../svg/text.js';
 
 /** A line between texts and what they name. */
 interface Rule {
@@ -120,31 +129,39 @@ export function headersOf(grid: PanelGrid, name: 'columns' | 'rows', graph: Grap
   return { lines, room: roomOf(lines) };
 }
 
-const mostLines = 3;
+const usualLines = 3;
+/** Where they are as small as they may be, texts have so many lines before they are shortened in fewer. */
+const linesOfSmallest = [5, 3, 2, 1];
 const gapBetweenTexts = 8;
 /** So that no letter touches a rule. */
 const roomOfTurned = 6;
 
-/** Texts that do not fit along the panels are turned, if they may, and shortened to `mostAcross`. */
-function fitLine(
-  line: HeaderLine,
-  length: number,
-  gap: number,
-  mayTurn: boolean,
-  mostAcross: number,
-): HeaderLine {
+/** How texts that do not fit in their lines along the panels find room. */
+interface HeaderFit {
+  lines: number;
+  mayTurn: boolean;
+  /** What turned ones take at most. */
+  mostAcross: number;
+}
+
+/** Texts that do not fit along the panels are turned, if they may, else shortened. */
+function fitLine(line: HeaderLine, length: number, gap: number, fit: HeaderFit): HeaderLine {
   const { look, spans } = line;
   const spare = spans.length > 1 ? Math.max(0, gapBetweenTexts - gap) : 0;
   const rooms = spans.map(({ from, to }) => (to - from) * (length + gap) - gap - spare);
   const wrapped = spans.map(({ text }, at) => wrap(text, Math.max(1, rooms[at]!), look));
-  const whole = spans.every(({ text }, at) =>
+  const whole = spans.map(({ text }, at) =>
     text.split(/\s+/).every((word) => textWidth(word, look) <= rooms[at]!),
   );
-  const fits = whole && wrapped.every((lines) => lines.length <= mostLines);
-  const turned = mayTurn && !fits && spans.length > 1 && rooms.every((room) => room >= look.size);
-  const lines = spans.map(({ text }, at) =>
-    fits ? wrapped[at]! : [shorten(text, turned ? mostAcross : Math.max(1, rooms[at]!), look)],
-  );
+  const fits = whole.every(Boolean) && wrapped.every((lines) => lines.length <= fit.lines);
+  // Turned ones stand beside each other as lines do, over the gaps of panels, too.
+  const upright = spans.every(({ from, to }) => (to - from) * (length + gap) >= look.size * 1.05);
+  const turned = fit.mayTurn && !fits && spans.length > 1 && upright;
+  const lines = spans.map(({ text }, at) => {
+    if (turned) return [shorten(text, fit.mostAcross, look)];
+    if (whole[at] && fit.lines > 1) return atMost(wrapped[at]!, fit.lines);
+    return [shorten(text, Math.max(1, rooms[at]!), look)];
+  });
   const most = Math.max(1, ...lines.map((each) => each.length));
   return {
     ...line,
@@ -168,24 +185,32 @@ const leastSizes = 4;
  * they are smaller; where that is not enough they are not turned, but shortened.
  */
 export function fitHeaders(headers: Headers, length: number, gap: number, most: number): Headers {
-  const fit = (scale: number, mayTurn: (look: TextLook) => boolean, mostAcross: number) =>
-    headers.lines.map((line) => {
+  const fitted = (scale: number, fitOf: (look: TextLook) => HeaderFit): Headers => {
+    const lines = headers.lines.map((line) => {
       const look = { ...line.look, size: line.look.size * scale };
-      return fitLine({ ...line, look }, length, gap, mayTurn(look), mostAcross);
+      return fitLine({ ...line, look }, length, gap, fitOf(look));
     });
+    return { lines, room: roomOf(lines) };
+  };
   for (const scale of scales) {
-    const lines = fit(scale, () => true, most);
-    if (roomOf(lines) <= most) return { lines, room: roomOf(lines) };
+    const fit = fitted(scale, () => ({ lines: usualLines, mayTurn: true, mostAcross: most }));
+    if (fit.room <= most) return fit;
   }
-  const share = (most / Math.max(1, headers.lines.length)) * 1.25;
-  const lines = fit(scales[scales.length - 1]!, (look) => length < leastSizes * look.size, share);
-  return { lines, room: roomOf(lines) };
+  const mostAcross = (most / Math.max(1, headers.lines.length)) * 1.25;
+  const smallest = linesOfSmallest.map((lines) =>
+    fitted(scales[scales.length - 1]!, (look) => ({
+      lines,
+      mayTurn: length < leastSizes * look.size,
+      mostAcross,
+    })),
+  );
+  return smallest.find(({ room }) => room <= most) ?? smallest[smallest.length - 1]!;
 }
 
 type Span = HeaderLine['spans'][number];
 
-const isShortened = ({ text, lines }: Span) =>
-  lines?.length === 1 && lines[0] !== text && lines[0]!.endsWith('\u2026');
+const isShortened = ({ text, lines = [text] }: Span) =>
+  !text.endsWith('\u2026') && (lines[lines.length - 1] ?? '').endsWith('\u2026');
 
 const shownOf = (span: Span, text: SVGElement, maker: Maker) =>
   isShortened(span) ? maker.withWhole(text, span.text) : text;
