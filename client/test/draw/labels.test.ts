@@ -77,6 +77,22 @@ describe('labels of bars', () => {
   });
 });
 
+describe('labels of symbols', () => {
+  test('keep away from large ones', () => {
+    const labelled = (size: string) => {
+      const drawn = picture(
+        { a: [1, 2], b: [1, 2], n: [1001, 1002] },
+        '<point style="p"><x variable="a"/><y variable="b"/><labeling variable="n"/></point>',
+        { rest: `<style id="p" size="${size}"/>` },
+      );
+      const [dot] = drawn.marks('dot');
+      return placeOf(drawn, '1001').x - numberOf(dot!, 'cx');
+    };
+    expect(labelled('4px')).toBeCloseTo(6, 0);
+    expect(labelled('24px')).toBeGreaterThanOrEqual(14);
+  });
+});
+
 describe('labels of outliers', () => {
   const calm = Array.from({ length: 40 }, (_, at) => 10 + (at % 5));
   const boxes = (outliers: number[], coordinates = plainAxes) =>

@@ -21,10 +21,34 @@ export interface Candidate extends PlacedLabel {
   down: number;
 }
 
-/** The look of the labels of an element; null where it shows none. */
-export function labelLook({ element }: Layer): TextLook | null {
-  const [labeling] = element.labeling;
-  return !labeling || labeling.style.visible === false ? null : textLook(labeling.style, ownTexts.dataLabel);
+/** A text that keeps away from what it names, in pixels. */
+export interface LabelLook extends TextLook {
+  /** From the place to the text at its side. */
+  gap: number;
+  /** From the place to the middle of the text over or below it. */
+  shift: number;
+}
+
+const leastGap = 6;
+const leastShift = 8;
+const gapToSymbol = 2;
+
+/** How far the symbols that have labels reach around their places. */
+function radiusOf({ kind, look, parts, shapes }: Layer): number {
+  if (kind === 'points') return look.size / 2;
+  if (kind !== 'boxes' || !parts) return 0;
+  const extreme = shapes.some(({ box }) => box?.outliers.some((outlier) => outlier.extreme));
+  return Math.max(parts.outlier.size, extreme ? parts.extreme.size : 0) / 2;
+}
+
+/** The look of the labels of a layer; null where it shows none. */
+export function labelLook(layer: Layer): LabelLook | null {
+  const [labeling] = layer.element.labeling;
+  if (!labeling || labeling.style.visible === false) return null;
+  const look = textLook(labeling.style, ownTexts.dataLabel);
+  const beyond = radiusOf(layer) + gapToSymbol;
+  const shift = Math.max(leastShift, lineHeight(look) / 2 + 1, beyond + look.size * 0.36);
+  return { ...look, gap: Math.max(leastGap, Math.ceil(beyond)), shift: Math.round(shift) };
 }
 
 /** What stands beside a shape: its label, or the value along the dimension that labels without a variable show. */
@@ -40,10 +64,6 @@ export function labelText(layer: Layer, shape: Shape, x: Direction, y: Direction
   const [values] = direction.values;
   return values ? values.textOf(value, format) : numberText(value, format, '');
 }
-
-/** Between a place and the label at its side, and from the end of a bar to the middle of the text over it. */
-export const gapToLabel = 6;
-export const shiftToLabel = (look: TextLook) => Math.max(8, Math.round(lineHeight(look) / 2 + 1));
 
 /** Bars have their labels beyond their ends, which lie below, or at the left, where they go down. */
 function sideOf(layer: Layer, shape: Shape, canvas: Canvas): PlacedLabel['side'] {
@@ -78,12 +98,12 @@ export interface Room {
   bottom: number;
 }
 
-export function roomOf(label: Candidate, look: TextLook): Room {
+export function roomOf(label: Candidate, look: LabelLook): Room {
   const width = textWidth(label.text, look);
   const height = lineHeight(look);
-  const left = label.side === 'right' ? label.across + gapToLabel : label.across - gapToLabel - width;
+  const left = label.side === 'right' ? label.across + look.gap : label.across - look.gap - width;
   const from = label.side === 'above' || label.side === 'below' ? label.across - width / 2 : left;
-  const shift = shiftToLabel(look);
+  const { shift } = look;
   const middle = label.down + { right: 0, left: 0, above: -shift, below: shift }[label.side];
   return { left: from, right: from + width, top: middle - height / 2, bottom: middle + height / 2 };
 }

@@ -1,22 +1,20 @@
 /** Labels of data as marks of Observable Plot. */
 import * as Plot from '@observablehq/plot';
 import { none } from '../svg/colors.js';
-import { gapToLabel, labelLook, placeLabels, shiftToLabel, type PlacedLabel } from './datalabels.js';
+import { labelLook, placeLabels, type LabelLook, type PlacedLabel } from './datalabels.js';
 import type { Layer } from '../compile/layers.js';
 import type { Canvas } from './marks.js';
-import type { TextLook } from '../svg/text.js';
 
 /** Texts beside what they name; `paint` is how their letters are filled and outlined. */
-function labelMarks(labels: PlacedLabel[], look: TextLook, paint: Plot.TextOptions): Plot.Markish[] {
+function labelMarks(labels: PlacedLabel[], look: LabelLook, paint: Plot.TextOptions): Plot.Markish[] {
   const sides = [...new Set(labels.map((label) => label.side))];
   return sides.map((side) => {
     const anchor = { right: 'start', left: 'end', above: 'middle', below: 'middle' }[side];
-    const down = shiftToLabel(look);
     const shift = {
-      right: [gapToLabel, 0] as const,
-      left: [-gapToLabel, 0] as const,
-      above: [0, -down] as const,
-      below: [0, down] as const,
+      right: [look.gap, 0] as const,
+      left: [-look.gap, 0] as const,
+      above: [0, -look.shift] as const,
+      below: [0, look.shift] as const,
     }[side];
     return Plot.text(
       labels.filter((label) => label.side === side),

@@ -2,8 +2,8 @@
 import type { EndReach } from '../axes/symbolroom.js';
 import type { Direction } from '../compile/directions.js';
 import type { Layer } from '../compile/layers.js';
-import { lineHeight, textWidth, type TextLook } from '../svg/text.js';
-import { gapToLabel, labelLook, labelText, mostLabels, shiftToLabel } from './datalabels.js';
+import { lineHeight, textWidth } from '../svg/text.js';
+import { labelLook, labelText, mostLabels, type LabelLook } from './datalabels.js';
 
 /** Labels never take more of a panel than that at each end. */
 const mostOfPanel = 0.35;
@@ -12,7 +12,7 @@ const gapToEdge = 4;
 /** How far the labels of a layer's bars reach beyond their ends along y. */
 function reachesOf(
   layer: Layer,
-  look: TextLook,
+  look: LabelLook,
   x: Direction,
   y: Direction,
   transposed: boolean,
@@ -21,9 +21,7 @@ function reachesOf(
     const text = labelText(layer, shape, x, y);
     const value = shape.y2 ?? shape.y;
     if (text === '' || Number.isNaN(value)) return [];
-    const extent = transposed
-      ? gapToLabel + textWidth(text, look)
-      : shiftToLabel(look) + lineHeight(look) / 2;
+    const extent = transposed ? look.gap + textWidth(text, look) : look.shift + lineHeight(look) / 2;
     const beyond = extent + gapToEdge;
     const down = value < (shape.y1 ?? layer.baseline);
     const [before, after] = down ? [beyond, 0] : [0, beyond];

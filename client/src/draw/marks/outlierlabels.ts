@@ -1,8 +1,16 @@
 /** Labels of the outliers of boxes: beside their symbols, or further out where they would cover each other. */
-import { mostLabels, overlap, pixelsOf, roomOf, type PlacedLabel, type Room } from './datalabels.js';
+import {
+  mostLabels,
+  overlap,
+  pixelsOf,
+  roomOf,
+  type LabelLook,
+  type PlacedLabel,
+  type Room,
+} from './datalabels.js';
 import type { BoxShape, Layer, Shape } from '../compile/layers.js';
 import { capShare, type Canvas } from './marks.js';
-import { lineHeight, type TextLook } from '../svg/text.js';
+import { lineHeight } from '../svg/text.js';
 
 /** The labels of a box's outliers from the lowest one; those of equal values stand in one text, or a `short` one. */
 function joinedLabels({ outliers }: BoxShape): { value: number; text: string; short: string }[] {
@@ -70,7 +78,7 @@ class OutlierPlaces {
 
   constructor(
     private readonly canvas: Canvas,
-    private readonly look: TextLook,
+    private readonly look: LabelLook,
   ) {}
 
   /** Beside the symbol, else in a column further out, but not beyond `reach`; null where there is no room. */
@@ -137,7 +145,7 @@ export function placeOutliers(
   canvas: Canvas,
   layer: Layer,
   layers: Layer[],
-  look: TextLook,
+  look: LabelLook,
   notes: string[],
 ): PlacedLabel[] {
   const places = new OutlierPlaces(canvas, look);
