@@ -96,6 +96,8 @@ function layFrames(chart: Chart, figures: Figures, places: Places, page: Rectang
 const mostBeside = 0.5;
 const mostAcross = 1 / 3;
 const gapBetweenLegends = 8;
+/** Between the data and what stands across, above or below it. */
+const gapBelowLegend = 6;
 /** So much lower than the room that they share panels begin; boxes of legends beside them do as well. */
 const topOfPanels = 10;
 
@@ -131,6 +133,10 @@ function layLegends(chart: Chart, scope: LegendScope, graph: Rectangle, places: 
   });
 }
 
+/** What legends that stand one below the other take. */
+const stackedHeight = (heights: number[]) =>
+  heights.reduce((sum, height) => sum + height, 0) + gapBetweenLegends * Math.max(0, heights.length - 1);
+
 function placeLegends(
   legends: { laid: LaidLegend; side: Side }[],
   graph: Rectangle,
@@ -143,6 +149,7 @@ function placeLegends(
   );
   const beside = legends.filter(({ side }) => side === 'right').map(({ laid }) => laid.width);
   const right = graph.left + graph.width - Math.max(0, ...beside);
+  const below = stackedHeight(legends.filter(({ side }) => side === 'bottom').map(({ laid }) => laid.height));
   return legends.map(({ laid, side }) => {
     const used = next[side] ?? 0;
     const { width, height } = laid;
@@ -151,7 +158,7 @@ function placeLegends(
       right: { left: right, top: graph.top + used, width, height },
       left: { left: graph.left, top: graph.top + used, width, height },
       top: { left: middle, top: graph.top + used, width, height },
-      bottom: { left: middle, top: graph.top + graph.height - height - used, width, height },
+      bottom: { left: middle, top: graph.top + graph.height - below + used, width, height },
       free: { ...rectangle(places.edges(laid.legend.id), graph), width, height },
     };
     next[side] = used + height + gapBetweenLegends;
@@ -164,12 +171,8 @@ function without(graph: Rectangle, legends: PlacedLegend[]): Rectangle {
   const reach = (side: Side, extent: 'width' | 'height') => {
     const own = legends.filter((legend) => legend.side === side);
     if (own.length === 0) return 0;
-    const stacked = isAcross(side);
     const sizes = own.map((legend) => legend.box[extent]);
-    return (
-      (stacked ? sizes.reduce((sum, size) => sum + size + 4, 0) : Math.max(...sizes)) +
-      (stacked ? 2 : gapBesideLegend)
-    );
+    return isAcross(side) ? stackedHeight(sizes) + gapBelowLegend : Math.max(...sizes) + gapBesideLegend;
   };
   const [left, right] = [reach('left', 'width'), reach('right', 'width')];
   const [top, bottom] = [reach('top', 'height'), reach('bottom', 'height')];

@@ -249,6 +249,26 @@ describe('legends', () => {
     expect(Number(/,([\d.]+)/.exec(moved[1]!)![1])).toBeLessThan(300);
   });
 
+  test('above or below the data stand in their order from the top', () => {
+    const names = ['First', 'Second', 'Third'];
+    for (const location of [above, atBottom]) {
+      const legends = names.map(
+        (name, at) =>
+          `<legend id="l${at}"><legendTarget target="c${at}"/><label><text>${name}</text></label>${location}</legend>`,
+      );
+      const drawn = picture(
+        { a: [1, 2], b: [1, 2], k: [1, 2], g: [1, 2], w: [3, 4] },
+        '<point><x variable="a"/><y variable="b"/><color id="c0" variable="k"/><shape id="c1" variable="g"/><size id="c2" variable="w"/></point>',
+        { categorical: { k: ['one', 'two'], g: ['low', 'high'] }, rest: legends.join('') },
+      );
+      const tops = names.map((name) => {
+        const box = drawn.svg.querySelector(`g[aria-label="Legend: ${name}"]`)!.getAttribute('transform')!;
+        return Number(/,([-\d.]+)\)/.exec(box)![1]);
+      });
+      expect(tops).toEqual([...tops].sort((one, other) => one - other));
+    }
+  });
+
   test('above the data show a range of colours lying, with texts that do not cover each other', () => {
     const drawn = picture(
       { a: [1, 2], b: [1, 2], w: [0, 12_000_000] },
