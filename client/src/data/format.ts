@@ -77,8 +77,12 @@ const noFormat: Format = {
   relabels: new Map(),
 };
 
-/** The format with groups of three digits, unless it says how numbers are grouped. */
-export function withGroups(format: Format | null): Format {
+/** From here on digits stand in groups: four of them are read as they are. */
+const leastGrouped = 10_000;
+
+/** The format with groups of three digits where any of the values needs them, unless it says how numbers are grouped. */
+export function withGroups(format: Format | null, values: number[]): Format | null {
+  if (!values.some((value) => Math.abs(value) >= leastGrouped)) return format;
   const own = format ?? noFormat;
   return own.grouping !== null || own.pattern ? own : { ...own, grouping: true };
 }

@@ -54,17 +54,29 @@ describe('labels of bars', () => {
         `<interval><x variable="k"/><y variable="b"/><labeling variable="b"${look}/></interval>`,
         { categorical: kinds, coordinates, rest: '<style id="big" font_size="24px"/>' },
       );
-    const label = '7423847';
+    const label = '7,423,847';
     const across = wide(`${plainAxes}<transposeTransform/>`);
     const right = numberOf(across.svg.querySelector('g[aria-label="Data"] rect')!, 'width');
-    expect(placeOf(across, label).x + 41).toBeLessThan(right);
-    expect(placeOf(across, `\u2212${label}`).x - 47).toBeGreaterThan(0);
+    expect(placeOf(across, label).x + 47).toBeLessThan(right);
+    expect(placeOf(across, `\u2212${label}`).x - 53).toBeGreaterThan(0);
     const up = wide(plainAxes, ' style="big"');
     const [bar, other] = up.marks('rect');
     expect(placeOf(up, label).y + 12).toBeLessThan(numberOf(bar!, 'y'));
     expect(placeOf(up, `\u2212${label}`).y - 12).toBeGreaterThan(
       numberOf(other!, 'y') + numberOf(other!, 'height'),
     );
+  });
+
+  test('have groups of digits as their axis has, but not where they are names', () => {
+    const labelled = (attributes: string) =>
+      picture(
+        { k: [1], b: [20500], n: [10234] },
+        `<interval><x variable="k"/><y variable="b"/><labeling ${attributes}/></interval>`,
+        { categorical: kinds },
+      ).textsOf('Labels of data');
+    expect(labelled('variable="b"')).toEqual(['20,500']);
+    expect(labelled('dimension="1"')).toEqual(['20,500']);
+    expect(labelled('variable="n"')).toEqual(['10234']);
   });
 
   test('of an inverted scale stand where the bars end on the page', () => {

@@ -83,9 +83,6 @@ function powersOf(values: number[], base: number, format: Format | null): number
   return exact && many ? exponents : null;
 }
 
-/** From here on digits stand in groups: four of them are read as they are. */
-const leastGrouped = 10_000;
-
 /** A format whose decimals are too few for any of the values gives way. */
 function numberTicks(
   values: number[],
@@ -93,7 +90,7 @@ function numberTicks(
   language: string,
   [low, high]: [number, number],
 ): Tick[] {
-  const format = values.some((value) => Math.abs(value) >= leastGrouped) ? withGroups(own) : own;
+  const format = withGroups(own, values);
   const ticks = trueTicks(values, format, language);
   const shown = ticks.map(({ value }) => value);
   if (ticks.length === values.length || !format || isScale(shown, low, high)) return ticks;

@@ -1,4 +1,5 @@
 /** The shapes of an element's rows: one for each row, for each class or place of a statistic, or for each box. */
+import { withGroups } from '../../data/format.js';
 import { binOf, boundsOf } from '../../statistics/bins.js';
 import type { Values } from '../../data/columns.js';
 import { densityOf } from '../../statistics/density.js';
@@ -58,7 +59,12 @@ function labelOf(plan: Plan, row: number, scope: Scope): string | undefined {
   const labeling = plan.element.labeling[0];
   if (!labeling || labeling.variable === '' || labeling.style.visible === false) return undefined;
   const values = scope.data.values(labeling.variable);
-  return values?.textOf(values.numbers[row] ?? NaN, labeling.format ?? values.variable.format);
+  if (!values) return undefined;
+  const value = values.numbers[row] ?? NaN;
+  const format = labeling.format ?? values.variable.format;
+  // What the axis shows is written as there; other numbers may be names.
+  const measured = values.kind === 'number' && plan.element.y.includes(labeling.variable);
+  return values.textOf(value, measured ? withGroups(format, [value]) : format);
 }
 
 /** More marks of one element make a picture that no reader and no browser can take in. */

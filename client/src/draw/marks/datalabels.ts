@@ -1,5 +1,5 @@
 /** Labels beside what is drawn: where they stand, and which of them have room. */
-import { mergeFormats, numberText } from '../../data/format.js';
+import { mergeFormats, numberText, withGroups } from '../../data/format.js';
 import type { Direction } from '../compile/directions.js';
 import type { Layer, Shape } from '../compile/layers.js';
 import { ownTexts } from '../compile/looks.js';
@@ -60,7 +60,8 @@ export function labelText(layer: Layer, shape: Shape, x: Direction, y: Direction
   const value = labeling.dimension === 0 ? (shape.place ?? shape.x) : shape.y;
   if (Number.isNaN(value)) return '';
   if (direction.kind === 'category') return direction.texts[Math.round(value)] ?? '';
-  const format = mergeFormats(labeling.format, direction.format);
+  const own = mergeFormats(labeling.format, direction.format);
+  const format = direction.kind === 'number' ? withGroups(own, [value]) : own;
   const [values] = direction.values;
   return values ? values.textOf(value, format) : numberText(value, format, '');
 }
