@@ -89,7 +89,36 @@ describe('labels of bars', () => {
   });
 });
 
+test('labels of parts that stand on each other stand within them, where they have room', () => {
+  const drawn = picture(
+    { k: [1, 1, 1], b: [10, 0.1, 20], g: [1, 2, 3] },
+    '<interval positionModifier="3"><x variable="k"/><y variable="b"/><color variable="g"/><labeling variable="b"/></interval>',
+    { categorical: { k: ['one'], g: ['low', 'middle', 'high'] } },
+  );
+  // The thin part lies above the others.
+  const bars = drawn.marks('rect');
+  expect(drawn.textsOf('Labels of data')).toEqual(['10', '20']);
+  for (const [text, at] of [
+    ['10', 0],
+    ['20', 1],
+  ] as const) {
+    const [top, height] = [numberOf(bars[at]!, 'y'), numberOf(bars[at]!, 'height')];
+    expect(placeOf(drawn, text).y).toBeCloseTo(top + height / 2, 0);
+  }
+  expect(drawn.notes.join()).toContain('left out');
+});
+
 describe('labels of symbols', () => {
+  test('stand at the left where there is no room at the right', () => {
+    const drawn = picture(
+      { a: [1, 5], b: [1, 2], n: [1, 2] },
+      '<point><x variable="a"/><y variable="b"/><labeling variable="n"/></point>',
+      { categorical: { n: ['a name that is long', 'another name that is long'] } },
+    );
+    expect(placeOf(drawn, 'a name that is long').anchor).toBe('start');
+    expect(placeOf(drawn, 'another name that is long').anchor).toBe('end');
+  });
+
   test('keep away from large ones', () => {
     const labelled = (size: string) => {
       const drawn = picture(

@@ -187,3 +187,16 @@ describe('the legend of a chart with panels', () => {
     expect(new Set(shown)).toEqual(new Set(looks(drawn, 'fill')));
   });
 });
+
+test('a range of colours over dates has round dates', () => {
+  const years = [0, 400, 800, 1200, 1460].map((days) => (15340 + days) * 86_400);
+  const drawn = picture(
+    { a: [1, 2, 3, 4, 5], b: [1, 2, 3, 4, 5], w: years },
+    '<point><x variable="a"/><y variable="b"/><color id="c" variable="t"/></point>',
+    {
+      rest: '<sourceVariable id="t" source="s" sourceName="w" label="Day"><format pattern="yyyy-MM-dd"/></sourceVariable><legend id="l"><legendTarget target="c"/></legend>',
+    },
+  );
+  // From 2012-01-01 to the end of 2015.
+  expect(drawn.textsOf('Legend')).toEqual(['2012-01-01', '2013-01-01', '2014-01-01', '2015-01-01']);
+});

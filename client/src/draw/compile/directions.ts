@@ -78,7 +78,7 @@ const monday = 1;
 export const unitOfDate = (value: number) => (value % day === 0 ? day : hour);
 
 /** Weeks begin on the day of the week that all dates are on, else on Monday. */
-function weekBegins(all: Values[]): number {
+export function weekBegins(all: Values[]): number {
   let common: number | null = null;
   for (const { kind, numbers } of all) {
     if (kind !== 'date') return monday;

@@ -1,4 +1,6 @@
 /** Legends: what groups, ranges and named elements look like. */
+import { dateTicks } from '../axes/dateticks.js';
+import { weekBegins } from '../compile/directions.js';
 import { ticks as roundValues } from 'd3';
 import { plainText } from '../../chart/labels.js';
 import type { Aesthetic, Chart, ChartElement, Legend } from '../../chart/model.js';
@@ -113,11 +115,19 @@ function groupEntries(target: Target, scope: LegendScope): Entry[] {
   return wide && element.x.length > 0 && (lying ? beside : stacked) ? entries.reverse() : entries;
 }
 
-/** Round values within a range; numbers with texts that are true of them. */
+/** Round values within a range; numbers and dates with texts that are true of them. */
 function rangeTicks(range: Range, language: string): Tick[] {
   const { low, high, values } = range;
   const wanted = range.aesthetic.kind === 'color' ? 5 : 3;
-  if (values.kind === 'number') return ticksBetween(low, high, wanted, values.variable.format, language);
+  const { format } = values.variable;
+  if (values.kind === 'number') return ticksBetween(low, high, wanted, format, language);
+  if (values.kind === 'date' && low < high)
+    return dateTicks(
+      { low, high, weekBegins: weekBegins([values]) },
+      wanted,
+      format?.pattern ?? null,
+      language,
+    );
   return roundValues(low, high, wanted).map((value) => ({ value, text: values.textOf(value) }));
 }
 

@@ -12,13 +12,15 @@ export interface PlacedLabel {
   x: number;
   y: number;
   text: string;
-  side: 'left' | 'right' | 'above' | 'below';
+  side: 'left' | 'right' | 'above' | 'below' | 'within';
 }
 
 export interface Candidate extends PlacedLabel {
   /** The place in pixels. */
   across: number;
   down: number;
+  /** What the part that it stands in has along y, in pixels. */
+  extent?: number;
 }
 
 /** A text that keeps away from what it names, in pixels. */
@@ -66,22 +68,35 @@ export function labelText(layer: Layer, shape: Shape, x: Direction, y: Direction
   return values ? values.textOf(value, format) : numberText(value, format, '');
 }
 
+/** Parts that stand on each other: what lies beyond the end of one is the next. */
+export const isPart = ({ kind, element, group }: Layer) =>
+  kind === 'bars' && element.modifier === 3 && group.categories.length > 0;
+
 /** Bars have their labels beyond their ends, which lie below, or at the left, where they go down. */
 function sideOf(layer: Layer, shape: Shape, canvas: Canvas): PlacedLabel['side'] {
+  if (isPart(layer)) return 'within';
   if (layer.kind !== 'bars') return 'right';
   const down = canvas.y.unit(shape.y2 ?? shape.y) < canvas.y.unit(shape.y1 ?? layer.baseline);
   if (canvas.transposed) return down ? 'left' : 'right';
   return down ? 'below' : 'above';
 }
 
-function candidatesOf(layer: Layer, canvas: Canvas): Candidate[] {
+/** In the middle of a part, else at the end, or at the left of a symbol where there is no room at its right. */
+function candidatesOf(layer: Layer, canvas: Canvas, look: LabelLook): Candidate[] {
   return layer.shapes.flatMap((shape): Candidate[] => {
     const text = labelText(layer, shape, canvas.x.direction, canvas.y.direction);
     if (text === '') return [];
-    const [x, y] = [shape.x, shape.y2 ?? shape.y];
-    const { across, down } = pixelsOf(canvas, x, y);
-    const place = canvas.transposed ? { x: y, y: x } : { x, y };
-    return [{ ...place, text, side: sideOf(layer, shape, canvas), across, down }];
+    const side = sideOf(layer, shape, canvas);
+    const end = shape.y2 ?? shape.y;
+    const units = [shape.y1 ?? end, end].map((value) => canvas.y.unit(value)) as [number, number];
+    const y = side === 'within' ? canvas.y.value((units[0] + units[1]) / 2) : end;
+    const { across, down } = pixelsOf(canvas, shape.x, y);
+    const place = canvas.transposed ? { x: y, y: shape.x } : { x: shape.x, y };
+    const extent = Math.abs(units[1] - units[0]) * (canvas.transposed ? canvas.width : canvas.height);
+    const label = { ...place, text, side, across, down, ...(side === 'within' ? { extent } : {}) };
+    const turned = { ...label, side: 'left' as const };
+    const atLeft = layer.kind === 'points' && roomOf(label, look).right > canvas.width;
+    return [atLeft && roomOf(turned, look).left >= 0 ? turned : label];
   });
 }
 
@@ -102,10 +117,11 @@ export interface Room {
 export function roomOf(label: Candidate, look: LabelLook): Room {
   const width = textWidth(label.text, look);
   const height = lineHeight(look);
-  const left = label.side === 'right' ? label.across + look.gap : label.across - look.gap - width;
-  const from = label.side === 'above' || label.side === 'below' ? label.across - width / 2 : left;
-  const { shift } = look;
-  const middle = label.down + { right: 0, left: 0, above: -shift, below: shift }[label.side];
+  const { gap, shift } = look;
+  const centred = -width / 2;
+  const beside = { right: gap, left: -gap - width, above: centred, below: centred, within: centred };
+  const from = label.across + beside[label.side];
+  const middle = label.down + { right: 0, left: 0, above: -shift, below: shift, within: 0 }[label.side];
   return { left: from, right: from + width, top: middle - height / 2, bottom: middle + height / 2 };
 }
 
@@ -130,13 +146,15 @@ export function placeLabels(canvas: Canvas, layer: Layer, layers: Layer[], notes
   const look = labelLook(layer);
   if (!look) return [];
   if (layer.kind === 'boxes') return placeOutliers(canvas, layer, layers, look, notes);
-  const all = candidatesOf(layer, canvas);
+  const all = candidatesOf(layer, canvas, look);
   if (all.length > mostLabels) notes.push(`Of ${all.length} labels the first ${mostLabels} are drawn.`);
   const candidates = all.slice(0, mostLabels);
   if (layer.element.showCollidingLabels) return candidates;
   const taken: Room[] = symbolRooms(layer, canvas);
   const placed = candidates.filter((label) => {
     const room = roomOf(label, look);
+    const needed = canvas.transposed ? room.right - room.left : look.size;
+    if (label.extent !== undefined && label.extent < needed) return false;
     if (taken.some((other) => overlap(room, other))) return false;
     taken.push(room);
     return true;

@@ -9,12 +9,13 @@ import type { Canvas } from './marks.js';
 function labelMarks(labels: PlacedLabel[], look: LabelLook, paint: Plot.TextOptions): Plot.Markish[] {
   const sides = [...new Set(labels.map((label) => label.side))];
   return sides.map((side) => {
-    const anchor = { right: 'start', left: 'end', above: 'middle', below: 'middle' }[side];
+    const anchor = { right: 'start', left: 'end', above: 'middle', below: 'middle', within: 'middle' }[side];
     const shift = {
       right: [look.gap, 0] as const,
       left: [-look.gap, 0] as const,
       above: [0, -look.shift] as const,
       below: [0, look.shift] as const,
+      within: [0, 0] as const,
     }[side];
     return Plot.text(
       labels.filter((label) => label.side === side),

@@ -3,7 +3,7 @@ import type { EndReach } from '../axes/symbolroom.js';
 import type { Direction } from '../compile/directions.js';
 import type { Layer } from '../compile/layers.js';
 import { lineHeight, textWidth } from '../svg/text.js';
-import { labelLook, labelText, mostLabels, type LabelLook } from './datalabels.js';
+import { isPart, labelLook, labelText, mostLabels, type LabelLook } from './datalabels.js';
 
 /** Labels never take more of a panel than that at each end. */
 const mostOfPanel = 0.35;
@@ -32,7 +32,7 @@ function reachesOf(
 /** How far the labels of all bars reach beyond their ends along y. */
 export function labelReaches(panels: Layer[][], x: Direction, y: Direction, transposed: boolean): EndReach[] {
   return panels.flat().flatMap((layer) => {
-    const look = layer.kind === 'bars' ? labelLook(layer) : null;
+    const look = layer.kind === 'bars' && !isPart(layer) ? labelLook(layer) : null;
     return look ? reachesOf(layer, look, x, y, transposed) : [];
   });
 }
