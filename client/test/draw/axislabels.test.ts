@@ -60,7 +60,7 @@ describe('names below an axis', () => {
       expect(label.getAttribute('transform')).toBeNull();
       expect(label.querySelectorAll('tspan')).toHaveLength(3);
     }
-    const more = bars(Array.from({ length: 8 }, (_, at) => `${name} and then something ${at}`));
+    const more = bars(Array.from({ length: 8 }, (_, at) => `Rather upright letters stand ${at}`));
     for (const label of labels(more)) expect(label.getAttribute('transform')).toContain('rotate');
   });
 
