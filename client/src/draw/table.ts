@@ -114,17 +114,49 @@ function describe(shape: Shape, layer: Layer, compiled: CompiledGraph, data: Dat
   return new Map([...cells, ...valueCells(shape, layer, compiled, data)]);
 }
 
-function groupCells(layer: Layer, panel: Panel, compiled: CompiledGraph, data: Data): Cells {
+const nameOf = ({ variable }: Values) => variable.label || variable.id;
+
+function valueCell(values: Values, value: number, format: Format | null): Cell {
+  if (Number.isNaN(value)) return null;
+  const own = format ?? values.variable.format;
+  if (values.kind !== 'number' || own?.relabels.has(String(value))) return values.textOf(value, own);
+  return { numbers: [value], between: '', format: own, computed: false };
+}
+
+/** What sizes, transparencies and ranges of colours show: values, or the means of several rows. */
+function rangeCells(shape: Shape, layer: Layer): Cells {
+  const cells: Cells = new Map();
+  layer.ranges.forEach(({ values }, at) => {
+    const value = shape.shown?.[at];
+    if (value === undefined) return;
+    const { format } = values.variable;
+    if (shape.row !== undefined) cells.set(nameOf(values), valueCell(values, value, format));
+    else if (values.kind !== 'number') cells.set(`mean of ${nameOf(values)}`, values.textOf(value));
+    else cells.set(`mean of ${nameOf(values)}`, { ...computed(value), format });
+  });
+  return cells;
+}
+
+/** What labels tell of points, or of the outliers of a box. */
+function labelCells(shape: Shape, layer: Layer, data: Data): Cells {
+  const [labeling] = layer.element.labeling;
+  const values = labeling?.variable ? data.values(labeling.variable) : null;
+  if (!labeling || !values || labeling.style.visible === false) return new Map();
+  if (shape.box) {
+    const labels = shape.box.outliers.map(({ label }) => label || '\u2013').join(', ');
+    return new Map([[nameOf(values), labels]]);
+  }
+  if (shape.row === undefined) return new Map();
+  return new Map([[nameOf(values), valueCell(values, values.numbers[shape.row] ?? NaN, labeling.format)]]);
+}
+
+function groupCells(layer: Layer, panel: Panel, compiled: CompiledGraph): Cells {
   const cells: Cells = new Map();
   for (const { level, values } of [...compiled.grid.columns.variables, ...compiled.grid.rows.variables]) {
-    cells.set(values.variable.label, panel.facets.get(level)?.text ?? null);
+    cells.set(nameOf(values), panel.facets.get(level)?.text ?? null);
   }
   for (const id of panel.terms.values()) cells.set('Measure', compiled.chart.variables.get(id)?.label ?? id);
-  const shown = layer.element.aesthetics.map((aesthetic) => data.values(aesthetic.variable));
-  for (const category of layer.group.categories) {
-    const values = shown.find((each) => each?.textOf(category.code) === category.text);
-    cells.set(values?.variable.label || 'Group', category.text);
-  }
+  layer.group.categories.forEach(({ text }, at) => cells.set(nameOf(layer.group.variables[at]!), text));
   return cells;
 }
 
@@ -178,14 +210,17 @@ function rowsOf(graphs: CompiledGraph[], data: Data): Cells[] {
   for (const compiled of graphs) {
     for (const [at, layers] of compiled.panels.entries()) {
       for (const layer of layers) {
-        const shared = groupCells(layer, compiled.grid.panels[at]!, compiled, data);
-        for (const shape of layer.shapes) {
+        const shared = groupCells(layer, compiled.grid.panels[at]!, compiled);
+        for (const shape of layer.shapes.filter(({ between }) => !between)) {
           if (rows.length >= mostRows) return rows;
           if (shape.between) continue;
           const start: Cells = several
             ? new Map([['Element', layer.element.name || layer.element.kind]])
             : new Map();
-          rows.push(new Map([...start, ...shared, ...describe(shape, layer, compiled, data)]));
+          const own = new Map([...start, ...shared, ...describe(shape, layer, compiled, data)]);
+          const further = [...rangeCells(shape, layer), ...labelCells(shape, layer, data)];
+          // What stands along an axis or makes groups is told already.
+          rows.push(new Map([...own, ...further.filter(([name]) => !own.has(name))]));
         }
       }
     }

@@ -92,3 +92,86 @@ describe('numbers of a column', () => {
     });
   });
 });
+
+describe('the rows of the data table', () => {
+  const yesNo = { k: ['yes', 'no'], g: ['yes', 'no'] };
+
+  test('of stacked areas are their own places, not those that they take from others', () => {
+    const areas = (rest = '') =>
+      picture(
+        { a: [0, 1, 2, 3, 4, 5], b: [1, 2, 3, 2, 1, 2], k: [1, 2, 1, 2, 1, 2] },
+        '<area positionModifier="3"><x variable="a"/><y variable="b"/><color variable="k"/></area>',
+        {
+          categorical: yesNo,
+          rest,
+          coordinates: '<dimension domain="d"><axis/></dimension><dimension><axis/></dimension>',
+        },
+      );
+    expect(columnOf(areas(), 'the a')).toEqual(['0', '2', '4', '1', '3', '5']);
+    const bounded = areas('<intervalDomain id="d"><range min="0" max="3" exact="true"/></intervalDomain>');
+    expect(bounded.notes).toContain('2 of 6 values lie outside the x axis.');
+  });
+
+  test('tell groups of several variables that have the same texts', () => {
+    const drawn = picture(
+      { a: [0, 1, 2, 3], b: [1, 2, 3, 2], k: [1, 2, 1, 2], g: [1, 1, 2, 2] },
+      '<point><x variable="a"/><y variable="b"/><color variable="k"/><shape variable="g"/></point>',
+      { categorical: yesNo },
+    );
+    expect(drawn.drawn.dataTable.header).toEqual(['the k', 'the g', 'the a', 'the b']);
+    expect(columnOf(drawn, 'the k')).toEqual(['yes', 'yes', 'no', 'no']);
+    expect(columnOf(drawn, 'the g')).toEqual(['yes', 'no', 'yes', 'no']);
+  });
+
+  test('name a variable that only clusters', () => {
+    const drawn = picture(
+      { k: [1, 1, 2], g: [1, 2, 1] },
+      '<interval><summaryStatistic method="10"/><x variable="k"/></interval>',
+      { categorical: yesNo, coordinates: '<dimension clusterVariable="g"/><dimension/>' },
+    );
+    expect(columnOf(drawn, 'the g')).toEqual(['yes', 'yes', 'no']);
+  });
+
+  test.each(['<size variable="n"/>', '<transparency variable="n"/>', '<color variable="n"/>'])(
+    'tell the values behind %s',
+    (aesthetic) => {
+      const drawn = picture(
+        { a: [1, 2], b: [3, 4], n: [10.5, 20] },
+        points.replace('</point>', `${aesthetic}</point>`),
+      );
+      expect(drawn.drawn.dataTable.header).toEqual(['the a', 'the b', 'the n']);
+      expect(columnOf(drawn, 'the n')).toEqual(['10.5', '20.0']);
+    },
+  );
+
+  test('tell the mean that the colour of a bar shows', () => {
+    const drawn = picture(
+      { k: [1, 1, 2], n: [10, 11, 20] },
+      '<interval><x variable="k"/><summaryStatistic method="10"/><color variable="n"/></interval>',
+      { categorical: yesNo },
+    );
+    expect(columnOf(drawn, 'mean of the n')).toEqual(['10.5', '20.0']);
+  });
+
+  test('have one column of a variable that is shown twice', () => {
+    const drawn = picture(
+      { a: [1, 2], b: [3, 4] },
+      points.replace('</point>', '<size variable="a"/><color variable="b"/><labeling variable="a"/></point>'),
+    );
+    expect(drawn.drawn.dataTable.header).toEqual(['the a', 'the b']);
+  });
+
+  test('tell the labels of points and of outliers', () => {
+    const labelled = points.replace('</point>', '<labeling variable="n"/></point>');
+    const drawn = picture({ a: [1, 2], b: [3, 4], n: [7, null] }, labelled);
+    expect(columnOf(drawn, 'the n')).toEqual(['7', null]);
+    const b = [10, 11, 12, 11, 12, 13, 11, 12, 20, 30];
+    const boxes = picture(
+      { k: b.map(() => 1), b, n: b.map((_, at) => at + 1) },
+      '<schema><x variable="k"/><y variable="b"/><tukeyStatistic/><labeling variable="n"/></schema>',
+      { categorical: yesNo },
+    );
+    expect(columnOf(boxes, 'Outliers')).toEqual(['20, 30']);
+    expect(columnOf(boxes, 'the n')).toEqual(['9, 10']);
+  });
+});

@@ -52,7 +52,7 @@ function groupOf(plan: Plan, key: number, chart: Chart): Group {
   const categories = plan.grouping.categoriesOf(key);
   const look = lookOf(plan.own, plan.lookKind, variables, categories, chart);
   const name = categories.map((category) => category.text).join(', ') || plan.element.name;
-  return { categories, look, name };
+  return { categories, variables: variables.map(({ values }) => values), look, name };
 }
 
 function slotOf(plan: Plan, group: Group, key: number, scope: Scope): Layer['slot'] {

@@ -16,6 +16,8 @@ export interface GroupVariable {
 export interface Group {
   /** A category for each variable of the grouping. */
   categories: Category[];
+  /** What these are categories of. */
+  variables: Values[];
   look: Look;
   /** Its texts, such as "Adelie, male". */
   name: string;

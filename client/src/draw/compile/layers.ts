@@ -35,6 +35,8 @@ export interface Shape {
   high?: number;
   box?: BoxShape;
   varied?: Varied;
+  /** The values that vary it, one for each range of its layer. */
+  shown?: number[];
   /** What is written beside it. */
   label?: string;
   /** The row of the source, where it shows one. */

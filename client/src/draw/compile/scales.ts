@@ -197,7 +197,8 @@ function boundNotes(direction: Direction, panels: Layer[][], [low, high]: [numbe
   let outside = 0;
   for (const layer of panels.flat()) {
     if (layer.kind === 'slices') continue;
-    for (const value of layer.shapes.flatMap((shape) => valuesAlong(direction, layer, shape))) {
+    const own = layer.shapes.filter((shape) => !shape.between);
+    for (const value of own.flatMap((shape) => valuesAlong(direction, layer, shape))) {
       if (value === undefined || Number.isNaN(value)) continue;
       all += 1;
       if (value < low || value > high) outside += 1;

@@ -42,17 +42,20 @@ export class Places {
   }
 }
 
-function variedOf(plan: Plan, rows: ArrayLike<number>): Varied | null {
+/** What the ranges show of rows: their values, or means of these. Null where one is missing. */
+function variedOf(plan: Plan, rows: ArrayLike<number>): Pick<Shape, 'varied' | 'shown'> | null {
   if (plan.ranges.length === 0) return {};
   const varied: Varied = {};
+  const shown: number[] = [];
   for (const range of plan.ranges) {
     let total = 0;
     for (let at = 0; at < rows.length; at += 1) total += range.values.numbers[rows[at]!]!;
     const value = total / rows.length;
     if (Number.isNaN(value)) return null;
     Object.assign(varied, range.lookOf(value));
+    shown.push(value);
   }
-  return varied;
+  return { varied, shown };
 }
 
 function labelOf(plan: Plan, row: number, scope: Scope): string | undefined {
@@ -129,7 +132,7 @@ function rawShapes(places: Places, all: ArrayLike<number>, scope: Scope): Shape[
     if (Number.isNaN(shape.x2) || Number.isNaN(shape.y2)) continue;
     const varied = variedOf(plan, [row]);
     if (!varied) continue;
-    if (plan.ranges.length > 0) shape.varied = varied;
+    Object.assign(shape, varied);
     const label = labelOf(plan, row, scope);
     if (label) shape.label = label;
     shapes.push(shape);
@@ -177,7 +180,7 @@ function summaryShapes(places: Places, rows: ArrayLike<number>, summary: Summary
     const varied = variedOf(places.plan, kept.length > 0 ? kept : members);
     if (y === null || Number.isNaN(y) || !varied) continue;
     const [x1, x2] = bins ? boundsOf(bins, place) : [place, place];
-    const shape: Shape = { x: (x1 + x2) / 2, y, varied, cases: kept.length };
+    const shape: Shape = { x: (x1 + x2) / 2, y, ...varied, cases: kept.length };
     if (bins) Object.assign(shape, { x1, x2 });
     if (summary.errorBar) Object.assign(shape, confidenceInterval(sample));
     shapes.push(shape);
