@@ -13,6 +13,7 @@ import { position } from './compile/positions.js';
 import { baselineOf, scaleOf, withFunctions, type DrawnScale } from './compile/scales.js';
 import { symbolReaches, type EndReach, type SymbolReach } from './axes/symbolroom.js';
 import { labelReaches } from './marks/labelroom.js';
+import { pieNotes } from './notes/pies.js';
 import { flatNotes, panelNotes, scaleNotes } from './notes/unhonoured.js';
 
 export interface CompiledGraph {
@@ -37,7 +38,7 @@ const countMethods = new Set([10, 11]);
 
 /** Everything of a graph that does not depend on its size. */
 export function compileGraph(graph: Graph, chart: Chart, data: Data, notes: string[]): CompiledGraph {
-  const orientation = orientationOf(graph.coordinates[0], notes);
+  const orientation = orientationOf(graph, chart, data, notes);
   const grid = panelGrid(graph, chart, data, notes);
   const x = directionOf('x', graph, chart, data, notes);
   const y = directionOf('y', graph, chart, data, notes);
@@ -50,11 +51,8 @@ export function compileGraph(graph: Graph, chart: Chart, data: Data, notes: stri
   notes.push(...panelNotes(graph, grid));
   const scope: Scope = { chart, graph, data, grid, x, y, polar: orientation.polar, notes };
   const panels = compile(scope);
-  if (orientation.polar && panels.flat().some((layer) => layer.kind !== 'slices')) {
-    notes.push('Of polar coordinates only pies are drawn; the rest stands in straight ones.');
-  }
   position(panels, x, baselineOf(y, panels));
-  notes.push(...showOverlaid(panels));
+  notes.push(...pieNotes(panels, grid), ...showOverlaid(panels));
   const guides = guidesOf(graph, x, y, notes);
   const places = (name: 'x' | 'y') => guides.flatMap(({ at }) => (at?.direction === name ? [at.place] : []));
   const scales = {

@@ -1,5 +1,7 @@
 /** How the dimensions lie on the screen: transposed, and reflected in some panels. */
-import type { Coordinates } from '../../chart/model.js';
+import type { Chart, ChartElement, Graph } from '../../chart/model.js';
+import type { Data } from '../../data/columns.js';
+import { isGrouping } from './grouping.js';
 
 export interface Orientation {
   transposed: boolean;
@@ -10,10 +12,33 @@ export interface Orientation {
   reflections: { screen: 0 | 1; alternating: boolean }[];
 }
 
+/** Stacked bars make slices. Those of several places along x would not be told apart, unless they have looks. */
+function isSlices(element: ChartElement, chart: Chart, data: Data): boolean {
+  const grouped = element.aesthetics.filter((aesthetic) => {
+    const values = data.values(aesthetic.variable);
+    return values !== null && isGrouping(aesthetic, values, chart);
+  });
+  const stacked = element.kind === 'interval' && element.modifier === 3 && element.y.length < 2;
+  const told = element.x.every((id) => grouped.some(({ variable }) => variable === id));
+  return stacked && told && element.summary !== 7;
+}
+
+const wantsPolar = (graph: Graph) =>
+  (graph.coordinates[0]?.transforms ?? []).some((each) => each.kind === 'polar');
+
+/** Whether a graph is drawn in polar coordinates. */
+export function isPie(graph: Graph, chart: Chart, data: Data): boolean {
+  return wantsPolar(graph) && graph.elements.every((element) => isSlices(element, chart, data));
+}
+
 /** Transforms act one after the other: a reflection behind a transpose means the dimension by its new position. */
-export function orientationOf(coordinates: Coordinates | undefined, notes: string[]): Orientation {
-  const transforms = coordinates?.transforms ?? [];
-  const polar = transforms.some((each) => each.kind === 'polar');
+export function orientationOf(graph: Graph, chart: Chart, data: Data, notes: string[]): Orientation {
+  const transforms = graph.coordinates[0]?.transforms ?? [];
+  const polar = isPie(graph, chart, data);
+  if (!polar && wantsPolar(graph))
+    notes.push(
+      'Of polar coordinates only pies of stacked bars are drawn; this graph stands in straight ones.',
+    );
   const transposes = transforms.filter((each) => each.kind === 'transpose').length;
   const reflections: Orientation['reflections'] = [];
   let before = 0;

@@ -90,7 +90,7 @@ function ofElement(element: ChartElement, polar: boolean): Property[] {
     case 'schema':
       return [...boxes, 'pattern', 'width', 'size', 'lineCap'];
     case 'interval':
-      if (polar) return [...boxes.filter((each) => each !== 'dashes'), 'pattern'];
+      if (polar && element.modifier === 3) return [...boxes.filter((each) => each !== 'dashes'), 'pattern'];
       if (element.summary === 7) return [...strokes, 'width', 'size'];
       return [...boxes, 'pattern', ...(element.bins ? [] : (['width'] as const))];
     default:
