@@ -40,7 +40,7 @@ export interface Plan {
 const dotModifiers = new Set([7, 8]);
 const knownModifiers = new Set([1, 3, 7, 8]);
 
-function kindOf(element: ChartElement, scope: Scope): LayerKind {
+export function kindOf(element: ChartElement, polar: boolean): LayerKind {
   switch (element.kind) {
     case 'point':
       return dotModifiers.has(element.modifier ?? 0) ? 'dots' : 'points';
@@ -48,7 +48,7 @@ function kindOf(element: ChartElement, scope: Scope): LayerKind {
     case 'path':
       return 'line';
     case 'interval':
-      if (scope.polar) return 'slices';
+      if (polar) return 'slices';
       return element.summary === 7 ? 'errors' : 'bars';
     case 'area':
       return 'area';
@@ -89,7 +89,7 @@ export function planOf(element: ChartElement, scope: Scope): Plan | null {
     notes.push(`The element ${element.id || element.kind} shows no variable.`);
     return null;
   }
-  const kind = kindOf(element, scope);
+  const kind = kindOf(element, scope.polar);
   const lookKind: LookKind = kind === 'errors' ? 'error' : element.kind;
   const weights = data.weights(first.source);
   if (weights && kind === 'dots') {

@@ -1,14 +1,23 @@
 /** Legends: what groups, ranges and named elements look like. */
 import { dateTicks } from '../axes/dateticks.js';
-import { weekBegins } from '../compile/directions.js';
 import { ticks as roundValues } from 'd3';
 import { plainText } from '../../chart/labels.js';
-import type { Aesthetic, Chart, ChartElement, Legend } from '../../chart/model.js';
+import type { Aesthetic, Chart, ChartElement, Graph, Legend } from '../../chart/model.js';
 import type { Data } from '../../data/columns.js';
 import { none, safeColor } from '../svg/colors.js';
-import type { Direction } from '../compile/directions.js';
+import { weekBegins, type Direction } from '../compile/directions.js';
 import { drawBox, paddingOf } from '../frames.js';
-import { aestheticOf, groupingOf, isGrouping, lookOf } from '../compile/grouping.js';
+import {
+  aestheticOf,
+  cycleOf,
+  groupingOf,
+  isGrouping,
+  lookOf,
+  type GroupVariable,
+} from '../compile/grouping.js';
+import { isPie } from '../compile/orientation.js';
+import { kindOf } from '../compile/plan.js';
+import { isUnseen } from '../notes/unhonoured.js';
 import {
   gapOfBlocks,
   gapToText,
@@ -26,6 +35,7 @@ import type { Maker } from '../svg/svg.js';
 import { drawRamp, drawSwatch, rampSize, type Ramp } from './swatches.js';
 import { lineHeight, textLook, widest, wrap, type TextLook } from '../svg/text.js';
 import type { Tick } from '../axes/ticks.js';
+import { dateTicks } from '../axes/dateticks.js';
 import { ticksBetween } from '../axes/ticktexts.js';
 
 /** Entries, or a range of colours with the texts at its ticks. */
@@ -61,15 +71,19 @@ export interface LegendScope {
 }
 
 interface Target {
+  graph: Graph;
   element: ChartElement;
   aesthetic: Aesthetic | null;
 }
 
 function targetOf(id: string, chart: Chart): Target | null {
-  for (const element of chart.graphs.flatMap((graph) => graph.elements)) {
-    if (element.id === id && id !== '') return { element, aesthetic: null };
-    const aesthetic = element.aesthetics.find((each) => each.id === id && id !== '');
-    if (aesthetic) return { element, aesthetic };
+  if (id === '') return null;
+  for (const graph of chart.graphs) {
+    for (const element of graph.elements) {
+      if (element.id === id) return { graph, element, aesthetic: null };
+      const aesthetic = element.aesthetics.find((each) => each.id === id);
+      if (aesthetic) return { graph, element, aesthetic };
+    }
   }
   return null;
 }
@@ -90,29 +104,28 @@ function lookBeside(element: ChartElement, variable: string | null, chart: Chart
   return colored ? styled(own, { color: neutral }, lookKind(element)) : own;
 }
 
-function groupEntries(target: Target, scope: LegendScope): Entry[] {
+/** Whether the entries stand the other way round: parts are listed as they stand. */
+function isReversed({ graph, element }: Target, variable: GroupVariable, scope: LegendScope): boolean {
+  const wide = element.kind === 'interval' || element.kind === 'schema' || element.kind === 'area';
+  if (!wide || element.x.length === 0) return false;
+  const lying = graph.coordinates[0]?.transforms.some(({ kind }) => kind === 'transpose') ?? false;
+  // Slices follow each other as the entries do; what clusters stands side by side, whatever is stacked there.
+  const clusters = scope.cluster?.values === variable.values;
+  const stacked = element.modifier === 3 && !clusters && !isPie(graph, scope.chart, scope.data);
+  const beside = !stacked && (scope.cluster !== null || element.modifier === 1);
+  // Upwards where they stand on each other, or beside each other in lying bars.
+  return lying ? beside : stacked;
+}
+
+function groupEntries(target: Target, variable: GroupVariable, scope: LegendScope): Entry[] {
   const { element } = target;
-  const grouping = groupingOf(element, scope.chart, scope.data, scope.cluster);
-  const variable = grouping.variables.find((each) => each.aesthetics.includes(target.aesthetic!));
-  if (!variable) return [];
   const kind = lookKind(element);
   const base = lookBeside(element, variable.values.variable.id, scope.chart);
   const entries = variable.categories.map((category): Entry => {
     const own = lookOf(base, kind, [variable], [category], scope.chart);
     return { look: own, kind, text: category.text };
   });
-  const lying = scope.chart.graphs.some((graph) =>
-    graph.coordinates[0]?.transforms.some((transform) => transform.kind === 'transpose'),
-  );
-  const wide = element.kind === 'interval' || element.kind === 'schema' || element.kind === 'area';
-  const polar = scope.chart.graphs.some((graph) =>
-    graph.coordinates[0]?.transforms.some((transform) => transform.kind === 'polar'),
-  );
-  // Slices follow each other as the entries do.
-  const stacked = element.modifier === 3 && element.x.length > 0 && !polar;
-  const beside = !stacked && (scope.cluster !== null || element.modifier === 1);
-  // Parts are listed as they stand: upwards where they stand on each other, or beside each other in lying bars.
-  return wide && element.x.length > 0 && (lying ? beside : stacked) ? entries.reverse() : entries;
+  return isReversed(target, variable, scope) ? entries.reverse() : entries;
 }
 
 /** Round values within a range; numbers and dates with texts that are true of them. */
@@ -153,35 +166,79 @@ function rangeSection(target: Target, range: Range, scope: LegendScope): Section
   return { entries, ramp: null };
 }
 
-/** Targets over one variable are one section. */
+/** What a legend explains of one element: a variable by all the looks that show it, or one range. */
+interface Explained {
+  target: Target;
+  /** Null of a range. */
+  variable: GroupVariable | null;
+  range: Range | null;
+  /** The same for what looks the same. */
+  looks: Set<string>;
+}
+
+/** The variable of a target's groups, with the aesthetics that its marks show. */
+function explainedGroups(target: Target, seen: (each: Aesthetic) => boolean, scope: LegendScope) {
+  const { chart } = scope;
+  const { variables } = groupingOf(target.element, chart, scope.data, scope.cluster);
+  const found = variables.find((each) => each.aesthetics.includes(target.aesthetic!));
+  if (!found) return null;
+  const variable = { ...found, aesthetics: found.aesthetics.filter(seen) };
+  const looks = variable.aesthetics.map((each) => {
+    const texts = variable.categories.map(({ text }) => text);
+    const cycle = cycleOf(each, chart);
+    const parts = [found.values.variable.id, aestheticOf(each, chart), texts, cycle, [...each.mappings]];
+    return JSON.stringify(parts);
+  });
+  return { target, variable, range: null, looks: new Set(looks) };
+}
+
+/** Null where there are no values, or the marks do not show them by that look. */
+function explainedBy(target: Target, scope: LegendScope): Explained | null {
+  const { chart, data } = scope;
+  const aesthetic = target.aesthetic!;
+  const values = data.values(aesthetic.variable);
+  if (!values) return null;
+  const kind = kindOf(target.element, isPie(target.graph, chart, data));
+  const grouped = isGrouping(aesthetic, values, chart);
+  if (isUnseen(aesthetic, kind, !grouped, chart)) return null;
+  if (grouped) return explainedGroups(target, (each) => !isUnseen(each, kind, false, chart), scope);
+  const range = rangesOf(target.element, chart, data).find((each) => each.aesthetic === aesthetic);
+  if (!range) return null;
+  return { target, variable: null, range, looks: new Set([`${aesthetic.kind} ${aesthetic.variable}`]) };
+}
+
+const isWithin = (one: Explained, other: Explained) => [...one.looks].every((each) => other.looks.has(each));
+
+/** Each variable by each of its looks once: the first of those that tell the same. */
+function toldOnce(all: Explained[]): Explained[] {
+  return all.filter((one, at) =>
+    all.every((other, place) => {
+      if (place === at || !isWithin(one, other)) return true;
+      return place > at && isWithin(other, one);
+    }),
+  );
+}
+
+/** What the targets explain; elements with names come last. */
 function sectionsOf(legend: Legend, scope: LegendScope): Section[] {
-  const sections: Section[] = [];
+  const explained: Explained[] = [];
   const named: Entry[] = [];
-  const done = new Set<string>();
   for (const id of legend.targets) {
     const target = targetOf(id, scope.chart);
     if (!target) {
       scope.notes.push(`A legend explains ${id}, which is not there.`);
-      continue;
+    } else if (target.aesthetic) {
+      const found = explainedBy(target, scope);
+      if (found) explained.push(found);
+    } else {
+      const { element } = target;
+      named.push({ look: ownLookOf(element), kind: lookKind(element), text: element.name || element.id });
     }
-    const { element, aesthetic } = target;
-    if (!aesthetic) {
-      const text = element.name || element.id;
-      named.push({ look: ownLookOf(element), kind: lookKind(element), text });
-      continue;
-    }
-    const values = scope.data.values(aesthetic.variable);
-    if (!values) continue;
-    const grouped = isGrouping(aesthetic, values, scope.chart);
-    const key = grouped ? aesthetic.variable : `${aesthetic.kind} ${aesthetic.variable}`;
-    if (done.has(key)) continue;
-    done.add(key);
-    const range = grouped
-      ? null
-      : rangesOf(element, scope.chart, scope.data).find((each) => each.aesthetic === aesthetic);
-    if (range) sections.push(rangeSection(target, range, scope));
-    else sections.push({ entries: groupEntries(target, scope), ramp: null });
   }
+  const sections = toldOnce(explained).map(({ target, variable, range }): Section => {
+    if (range) return rangeSection(target, range, scope);
+    return { entries: variable ? groupEntries(target, variable, scope) : [], ramp: null };
+  });
   return named.length > 0 ? [...sections, { entries: named, ramp: null }] : sections;
 }
 

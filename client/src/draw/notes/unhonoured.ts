@@ -191,6 +191,13 @@ const unseenRanges: Unseen = {
   dots: ['size'],
 };
 
+/** Whether marks of that kind cannot show an aesthetic; `ranged` where its values make a range. */
+export function isUnseen(aesthetic: Aesthetic, kind: LayerKind, ranged: boolean, chart: Chart): boolean {
+  const unseen = ranged ? unseenRanges[kind] : unseenGroups[kind];
+  const what = ranged ? aesthetic.kind : aestheticOf(aesthetic, chart);
+  return unseen?.includes(what as AestheticKind) ?? false;
+}
+
 /** Aesthetics that marks of that kind cannot show. */
 export function aestheticNotes(
   element: ChartElement,
@@ -200,9 +207,7 @@ export function aestheticNotes(
 ): string[] {
   const name = element.name || element.id || element.kind;
   const unseen = element.aesthetics.filter((aesthetic) =>
-    ranged.includes(aesthetic)
-      ? unseenRanges[kind]?.includes(aesthetic.kind)
-      : unseenGroups[kind]?.includes(aestheticOf(aesthetic, chart) as AestheticKind),
+    isUnseen(aesthetic, kind, ranged.includes(aesthetic), chart),
   );
   return unseen.map((aesthetic) => {
     const label = chart.variables.get(aesthetic.variable)?.label || aesthetic.variable;
