@@ -7,7 +7,8 @@ import { alikeNotes } from '../notes/alike.js';
 import type { Direction } from './directions.js';
 import { groupingOf, type Grouping } from './grouping.js';
 import type { LayerKind } from './layers.js';
-import { ownLook, styled, type Look, type LookKind } from './looks.js';
+import type { Look, LookKind } from './looks.js';
+import { elementLook } from './owncolors.js';
 import type { PanelGrid } from './panels.js';
 import { rangesOf, type Range } from './ranges.js';
 import { aestheticNotes } from '../notes/unhonoured.js';
@@ -105,7 +106,7 @@ export function planOf(element: ChartElement, scope: Scope): Plan | null {
     element,
     kind,
     lookKind,
-    own: styled(ownLook(lookKind), element.style, lookKind),
+    own: elementLook(element, scope.graph, chart, lookKind),
     grouping,
     ranges,
     summary: summaryOf(element, scope),

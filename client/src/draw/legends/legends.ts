@@ -1,5 +1,4 @@
 /** Legends: what groups, ranges and named elements look like. */
-import { dateTicks } from '../axes/dateticks.js';
 import { ticks as roundValues } from 'd3';
 import { plainText } from '../../chart/labels.js';
 import type { Aesthetic, Chart, ChartElement, Graph, Legend } from '../../chart/model.js';
@@ -28,7 +27,8 @@ import {
   type PlacedEntry,
   type Room,
 } from './legendlayout.js';
-import { ownLook, ownTexts, styled, type Look, type LookKind } from '../compile/looks.js';
+import { ownTexts, styled, type Look } from '../compile/looks.js';
+import { elementLook, lookKindOf } from '../compile/owncolors.js';
 import type { Patterns } from '../svg/patterns.js';
 import { rangesOf, type Range } from '../compile/ranges.js';
 import type { Maker } from '../svg/svg.js';
@@ -88,20 +88,17 @@ function targetOf(id: string, chart: Chart): Target | null {
   return null;
 }
 
-function lookKind(element: ChartElement): LookKind {
-  return element.kind === 'interval' && element.summary === 7 ? 'error' : element.kind;
-}
-
-const ownLookOf = (element: ChartElement) =>
-  styled(ownLook(lookKind(element)), element.style, lookKind(element));
+const ownLookOf = ({ element, graph }: Target, chart: Chart) =>
+  elementLook(element, graph, chart, lookKindOf(element));
 
 /** The element's look; in a colour that stands for nothing where its colours show something else than `variable`. */
-function lookBeside(element: ChartElement, variable: string | null, chart: Chart): Look {
-  const own = ownLookOf(element);
+function lookBeside(target: Target, variable: string | null, chart: Chart): Look {
+  const { element } = target;
+  const own = ownLookOf(target, chart);
   const colored = element.aesthetics.some(
     (each) => each.variable !== variable && aestheticOf(each, chart) === 'color',
   );
-  return colored ? styled(own, { color: neutral }, lookKind(element)) : own;
+  return colored ? styled(own, { color: neutral }, lookKindOf(element)) : own;
 }
 
 /** Whether the entries stand the other way round: parts are listed as they stand. */
@@ -119,8 +116,8 @@ function isReversed({ graph, element }: Target, variable: GroupVariable, scope: 
 
 function groupEntries(target: Target, variable: GroupVariable, scope: LegendScope): Entry[] {
   const { element } = target;
-  const kind = lookKind(element);
-  const base = lookBeside(element, variable.values.variable.id, scope.chart);
+  const kind = lookKindOf(element);
+  const base = lookBeside(target, variable.values.variable.id, scope.chart);
   const entries = variable.categories.map((category): Entry => {
     const own = lookOf(base, kind, [variable], [category], scope.chart);
     return { look: own, kind, text: category.text };
@@ -156,8 +153,8 @@ function rangeSection(target: Target, range: Range, scope: LegendScope): Section
       ramp: { range, ticks: shown.map(({ value, text }) => ({ share: share(value), text })) },
     };
   }
-  const kind = lookKind(target.element);
-  const own = lookBeside(target.element, null, scope.chart);
+  const kind = lookKindOf(target.element);
+  const own = lookBeside(target, null, scope.chart);
   const entries = shown.map(({ value, text }): Entry => {
     const varied = range.lookOf(value);
     const size = varied.size ?? own.size;
@@ -232,7 +229,11 @@ function sectionsOf(legend: Legend, scope: LegendScope): Section[] {
       if (found) explained.push(found);
     } else {
       const { element } = target;
-      named.push({ look: ownLookOf(element), kind: lookKind(element), text: element.name || element.id });
+      named.push({
+        look: ownLookOf(target, scope.chart),
+        kind: lookKindOf(element),
+        text: element.name || element.id,
+      });
     }
   }
   const sections = toldOnce(explained).map(({ target, variable, range }): Section => {
