@@ -41,7 +41,7 @@ export function compileGraph(graph: Graph, chart: Chart, data: Data, notes: stri
   const orientation = orientationOf(graph, chart, data, notes);
   const grid = panelGrid(graph, chart, data, notes);
   const x = directionOf('x', graph, chart, data, notes);
-  const y = directionOf('y', graph, chart, data, notes);
+  const along = directionOf('y', graph, chart, data, notes);
   if (graph.coordinates.length > 1) notes.push('Elements are drawn in the first coordinates of their graph.');
   if (orientation.view || graph.elements.some((element) => element.z.length > 0)) {
     notes.push('The chart is one in three dimensions: it is drawn flat, by x and y alone.');
@@ -49,15 +49,17 @@ export function compileGraph(graph: Graph, chart: Chart, data: Data, notes: stri
     notes.push(...flatNotes(graph));
   }
   notes.push(...panelNotes(graph, grid));
-  const scope: Scope = { chart, graph, data, grid, x, y, polar: orientation.polar, notes };
+  const scope: Scope = { chart, graph, data, grid, x, y: along, polar: orientation.polar, notes };
   const panels = compile(scope);
+  const piled = along.values.length === 0 && panels.flat().some((layer) => layer.kind === 'dots');
+  const y = piled ? withoutTicks(along, notes) : along;
   position(panels, x, baselineOf(y, panels));
   notes.push(...pieNotes(panels, grid), ...showOverlaid(panels));
   const guides = guidesOf(graph, x, y, notes);
   const places = (name: 'x' | 'y') => guides.flatMap(({ at }) => (at?.direction === name ? [at.place] : []));
   const scales = {
     x: scaleOf(x, panels, places('x'), notes),
-    y: dotted(panels, y) ?? scaleOf(y, panels, places('y'), notes),
+    y: piled ? heights(y) : scaleOf(y, panels, places('y'), notes),
   };
   notes.push(...scaleNotes(scales, orientation));
   const isCount = (each: Graph['elements'][number]) =>
@@ -68,8 +70,18 @@ export function compileGraph(graph: Graph, chart: Chart, data: Data, notes: stri
   return { graph, chart, grid, x, y, orientation, panels, scales, guides, symbols, labels, counts, notes };
 }
 
+/** The heights of dots that pile up go by the room that there is: no number would be true of them. */
+function withoutTicks(y: Direction, notes: string[]): Direction {
+  const { dimension } = y;
+  if (!dimension?.axes.some(({ ticks }) => ticks && ticks.style.visible !== false)) return y;
+  notes.push('Ticks along y are not drawn: the heights of stacked dots go by the room that there is.');
+  return {
+    ...y,
+    dimension: { ...dimension, axes: dimension.axes.map((axis) => ({ ...axis, ticks: null })) },
+  };
+}
+
 /** Dots that pile up have their own scale, from the bottom to the top. */
-function dotted(panels: Layer[][], y: Direction): DrawnScale | null {
-  if (y.values.length > 0 || !panels.flat().some((layer) => layer.kind === 'dots')) return null;
+function heights(y: Direction): DrawnScale {
   return withFunctions({ direction: y, domain: [0, 1], method: 'linear', base: 1, inverted: false });
 }

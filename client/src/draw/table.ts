@@ -7,6 +7,7 @@ import type { CompiledGraph } from './compilegraph.js';
 import type { Direction } from './compile/directions.js';
 import type { Layer, Shape } from './compile/layers.js';
 import type { Panel } from './compile/panels.js';
+import { capitalized, marksName } from './notes/names.js';
 
 export interface DataTable {
   header: string[];
@@ -215,7 +216,7 @@ function rowsOf(graphs: CompiledGraph[], data: Data): Cells[] {
           if (rows.length >= mostRows) return rows;
           if (shape.between) continue;
           const start: Cells = several
-            ? new Map([['Element', layer.element.name || layer.element.kind]])
+            ? new Map([['Element', layer.element.name || capitalized(marksName(layer.element))]])
             : new Map();
           const own = new Map([...start, ...shared, ...describe(shape, layer, compiled, data)]);
           const further = [...rangeCells(shape, layer), ...labelCells(shape, layer, data)];

@@ -257,7 +257,7 @@ const graphs: Record<string, Decision> = {
 
 const elements: Record<string, Decision> = {
   'element@coordinates': noted('referring', nothing, /first coordinates/),
-  'element@dot': noted('plainBars', set('e', 'dot', 'true'), /dots that e asks for/),
+  'element@dot': noted('plainBars', set('e', 'dot', 'true'), /Dots instead of the bars/),
   'element@labelCollisionHandling': noted('points', set('e', 'labelCollisionHandling', '7'), /What 7 does/),
   'element@name': drawn('points', set('e', 'name', 'x')),
   'element@positionModifier': drawn('dots', set('e', 'positionModifier', '8')),

@@ -28,15 +28,16 @@ describe('symbols', () => {
   test('of outliers are whole within the axis, also where others are outside of it', () => {
     const drawn = box(20);
     const dots = drawn.marks('dot');
-    expect(dots).toHaveLength(1);
-    expect(dots.some(isClipped)).toBe(false);
-    expect(drawn.notes.join()).toContain('1 of 4 values lies outside the y axis.');
+    expect(dots.map(isClipped)).toEqual([false]);
+    expect(drawn.notes).toContain('1 of 4 values lies outside the y axis.');
   });
 
   test('of outliers are whole at the bound, but whiskers are cut there', () => {
     const drawn = box(12.5);
     expect(drawn.marks('dot')).toHaveLength(0);
-    expect(drawn.marks('link').every(isClipped)).toBe(true);
+    const links = drawn.marks('link').map(isClipped);
+    expect(links.length).toBeGreaterThan(0);
+    expect(links).not.toContain(false);
   });
 
   test('of error bars are whole or left out, and a note counts those', () => {
@@ -46,10 +47,11 @@ describe('symbols', () => {
       '<interval><summaryStatistic method="7"/><x variable="k"/><y variable="b"/></interval>',
       { categorical: { k: names('ab') }, ...bounded(2, 8) },
     );
-    expect(drawn.marks('dot')).toHaveLength(1);
-    expect(drawn.marks('dot').some(isClipped)).toBe(false);
-    expect(drawn.marks('link').every(isClipped)).toBe(true);
-    expect(drawn.notes.join()).toMatch(/values? lies? outside the y axis|values lie outside/);
+    expect(drawn.marks('dot').map(isClipped)).toEqual([false]);
+    const links = drawn.marks('link').map(isClipped);
+    expect(links.length).toBeGreaterThan(0);
+    expect(links).not.toContain(false);
+    expect(drawn.notes).toEqual(['3 of 6 values lie outside the y axis.']);
   });
 
   /** How far the outermost symbols reach beyond the panel, in pixels. */

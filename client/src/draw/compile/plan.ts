@@ -11,6 +11,7 @@ import type { Look, LookKind } from './looks.js';
 import { elementLook } from './owncolors.js';
 import type { PanelGrid } from './panels.js';
 import { rangesOf, type Range } from './ranges.js';
+import { elementName } from '../notes/names.js';
 import { aestheticNotes } from '../notes/unhonoured.js';
 
 export interface Scope {
@@ -87,7 +88,7 @@ export function planOf(element: ChartElement, scope: Scope): Plan | null {
   if (shown.some((values) => values === null)) return null;
   const first = shown[0] ?? aesthetics.map((id) => data.values(id)).find((values) => values);
   if (!first) {
-    notes.push(`The element ${element.id || element.kind} shows no variable.`);
+    notes.push(`Nothing is drawn of ${elementName(element)}: there is no variable to show.`);
     return null;
   }
   const kind = kindOf(element, scope.polar);

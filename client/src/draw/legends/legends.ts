@@ -16,6 +16,7 @@ import {
 } from '../compile/grouping.js';
 import { isPie } from '../compile/orientation.js';
 import { kindOf } from '../compile/plan.js';
+import { capitalized, marksName } from '../notes/names.js';
 import { isUnseen } from '../notes/unhonoured.js';
 import {
   gapOfBlocks,
@@ -232,7 +233,7 @@ function sectionsOf(legend: Legend, scope: LegendScope): Section[] {
       named.push({
         look: ownLookOf(target, scope.chart),
         kind: lookKindOf(element),
-        text: element.name || element.id,
+        text: element.name || capitalized(marksName(element)),
       });
     }
   }

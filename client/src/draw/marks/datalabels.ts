@@ -1,4 +1,5 @@
 /** Labels beside what is drawn: where they stand, and which of them have room. */
+import { elementName } from '../notes/names.js';
 import { mergeFormats, numberText, withGroups } from '../../data/format.js';
 import type { Direction } from '../compile/directions.js';
 import type { Layer, Shape } from '../compile/layers.js';
@@ -159,7 +160,7 @@ export function placeLabels(canvas: Canvas, layer: Layer, layers: Layer[], notes
     taken.push(room);
     return true;
   });
-  const name = layer.element.name || layer.element.id || layer.element.kind;
+  const name = elementName(layer.element);
   if (placed.length < candidates.length)
     notes.push(`Labels of ${name} that would cover others are left out.`);
   return placed;

@@ -32,6 +32,32 @@ export interface DrawnGuide {
   expression: Expression | null;
 }
 
+const nouns = { number: 'number', date: 'date', category: 'category' };
+
+/** The function along which a guide runs that has no place along a direction; null, with a note, where it has none. */
+function functionOf(guide: Guide, x: Direction, notes: string[]): Expression | null {
+  const name = guide.name ? `guide ${guide.name}` : 'guide';
+  const formula = guide.value ?? guide.y ?? '';
+  if (formula === '') {
+    notes.push(
+      guide.x
+        ? `The ${name} at "${guide.x}" is not drawn: there is no such ${nouns[x.kind]} along x.`
+        : `The ${name} is not drawn: it has no place.`,
+    );
+    return null;
+  }
+  try {
+    const expression = parseExpression(formula);
+    const unknown = expression.names.find((each) => each !== 'x');
+    if (unknown) throw new Error(`${unknown} is not known`);
+    return expression;
+  } catch (error) {
+    const reason = error instanceof Error ? error.message : String(error);
+    notes.push(`The ${name} at "${formula}" is not drawn: ${reason}.`);
+    return null;
+  }
+}
+
 /** The guides that can be drawn; what cannot is noted. */
 export function guidesOf(graph: Graph, x: Direction, y: Direction, notes: string[]): DrawnGuide[] {
   const text = smallText([graph], ownTexts.guideLabel);
@@ -45,17 +71,8 @@ export function guidesOf(graph: Graph, x: Direction, y: Direction, notes: string
       if (place !== null)
         return [{ guide, look, text, at: { direction: direction.name, place }, expression: null }];
     }
-    const formula = guide.value ?? guide.y ?? '';
-    try {
-      const expression = parseExpression(formula);
-      const unknown = expression.names.find((name) => name !== 'x');
-      if (unknown) throw new Error(`${unknown} is not known`);
-      return [{ guide, look, text, at: null, expression }];
-    } catch (error) {
-      const reason = error instanceof Error ? error.message : String(error);
-      notes.push(`The guide ${guide.name || guide.id} at "${formula}" is not drawn: ${reason}.`);
-      return [];
-    }
+    const expression = functionOf(guide, x, notes);
+    return expression ? [{ guide, look, text, at: null, expression }] : [];
   });
 }
 

@@ -1,6 +1,7 @@
 /** Which properties of a style show where it is used, and a sentence for each that is given but does not. */
 import type { Axis, Chart, ChartElement, Graph, Style } from '../../chart/model.js';
 import { safeColor } from '../svg/colors.js';
+import { elementName } from './names.js';
 import { isKnownSymbol } from '../marks/symbols.js';
 
 type Property = keyof Style;
@@ -99,7 +100,7 @@ function ofElement(element: ChartElement, polar: boolean): Property[] {
 }
 
 function elementUses(element: ChartElement, polar: boolean): Use[] {
-  const what = element.name || element.id || `an element ${element.kind}`;
+  const what = elementName(element);
   const { parts } = element;
   const own = [element.style, ...element.conditions.map(({ style }) => style)];
   return [

@@ -20,6 +20,7 @@ import type { LayerKind } from '../compile/layers.js';
 import type { Orientation } from '../compile/orientation.js';
 import type { PanelGrid } from '../compile/panels.js';
 import type { DrawnScale } from '../compile/scales.js';
+import { elementName, marksName } from './names.js';
 import { styleNotes } from './styleuse.js';
 import { baseOf } from '../axes/ticktexts.js';
 import { mostTicks } from '../axes/tickvalues.js';
@@ -60,7 +61,7 @@ function labelNotes(element: ChartElement, name: string): string[] {
   const [{ variable, dimension }] = element.labeling as [Labeling];
   const single = element.kind === 'schema' || !(element.summary || element.bins || element.density);
   if (variable !== '' && !single)
-    notes.push(`Labels of ${name} are not drawn: each of its marks shows several rows.`);
+    notes.push(`Labels of ${name} are not drawn: each mark shows several rows.`);
   if (variable === '' && element.kind === 'schema')
     notes.push(`Labels of ${name} are not drawn: they name no variable.`);
   if (variable === '' && dimension > 1)
@@ -71,14 +72,14 @@ function labelNotes(element: ChartElement, name: string): string[] {
 }
 
 function elementNotes(element: ChartElement): string[] {
-  const name = element.name || element.id || element.kind;
+  const name = elementName(element);
   const notes: string[] = [];
   if (element.labeling.length > 1)
     notes.push(`Of ${element.labeling.length} labels of ${name} the first is drawn.`);
   if (element.labeling.some((each) => each.connectingLines))
     notes.push(`Lines from labels of ${name} to what they name are not drawn.`);
   if (element.labeling.length > 0) notes.push(...labelNotes(element, name));
-  if (element.dot && element.kind !== 'point') notes.push(`The dots that ${name} asks for are not drawn.`);
+  if (element.dot && element.kind !== 'point') notes.push(`Dots instead of ${name} are not drawn.`);
   if (element.tukey && element.kind !== 'schema')
     notes.push(`The statistic of boxes of ${name} is not drawn: only a schema has boxes.`);
   return notes;
@@ -111,7 +112,9 @@ function graphNotes(graph: Graph): string[] {
     notes.push(`The method ${method} of panels is not known; they are drawn as the markup nests them.`);
   for (const guide of graph.guides) {
     if (guide.kind === 'line' && guide.x !== null && guide.y !== null)
-      notes.push(`The guide ${guide.name || guide.id} has an x and a y; one line is drawn.`);
+      notes.push(
+        `${guide.name ? `The guide ${guide.name}` : 'A guide'} has an x and a y; one line is drawn.`,
+      );
   }
   const ratios = graph.coordinates.flatMap((each) => each.transforms);
   if (ratios.some((each) => each.kind === 'sameRatio' && !each.center))
@@ -205,13 +208,13 @@ export function aestheticNotes(
   ranged: Aesthetic[],
   chart: Chart,
 ): string[] {
-  const name = element.name || element.id || element.kind;
+  const name = elementName(element);
   const unseen = element.aesthetics.filter((aesthetic) =>
     isUnseen(aesthetic, kind, ranged.includes(aesthetic), chart),
   );
   return unseen.map((aesthetic) => {
     const label = chart.variables.get(aesthetic.variable)?.label || aesthetic.variable;
-    return `The ${aesthetic.kind} of ${name} by ${label} is not to be seen: this client draws no such ${element.kind}.`;
+    return `The ${aesthetic.kind} of ${name} by ${label} is not to be seen: this client draws no such ${marksName(element)}.`;
   });
 }
 
