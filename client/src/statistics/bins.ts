@@ -10,15 +10,27 @@ export interface Bins {
   count: number;
   /** The bounds of all classes where they are not equally wide, as those of months. */
   edges?: number[];
+  /** The width that was asked for, where there would be too many classes of it. */
+  tooNarrow?: number;
+  /** The number of classes that was asked for, where it is too large. */
+  tooMany?: number;
 }
 
 /** More would be no picture. */
-const mostBins = 2_000;
+export const mostBins = 2_000;
 
+/** Where there would be too many classes they are wider by a whole number, so that each has whole ones in it. */
 function upTo(start: number, width: number, highest: number): Bins {
   // A value on the upper bound of the last class belongs to it only if the class is the only one.
-  const classes = Math.floor((highest - start) / width + 1e-9) + 1;
-  return { start, width, count: Math.min(mostBins, Math.max(1, classes)) };
+  const classes = Math.max(1, Math.floor((highest - start) / width + 1e-9) + 1);
+  if (classes <= mostBins) return { start, width, count: classes };
+  const times = Math.ceil(classes / mostBins);
+  return { start, width: width * times, count: Math.ceil(classes / times), tooNarrow: width };
+}
+
+/** Classes of that width, the first of which holds the lowest value: a start moves by whole classes. */
+function fromStart(start: number, width: number, low: number, high: number): Bins {
+  return upTo(start + Math.floor((low - start) / width + 1e-9) * width, width, high);
 }
 
 /** Round bounds, as many classes as Scott's rule wants. */
@@ -71,20 +83,27 @@ function chosenDates(values: Numbers, low: number, high: number): Bins {
 export function binsOf(values: Numbers, wanted: BinStatistic, ofDates = false): Bins | null {
   const [low, high] = extent(values);
   if (low === undefined || high === undefined) return null;
-  if (wanted.width !== null && wanted.width > 0) {
-    const start = wanted.start ?? Math.floor(low / wanted.width) * wanted.width;
-    // A start above the lowest value moves down by whole classes, so that no value is left out.
-    const below = Math.max(0, Math.ceil((start - low) / wanted.width));
-    return upTo(start - below * wanted.width, wanted.width, high);
-  }
   const automatic = ofDates ? chosenDates(values, low, high) : chosen(values, low, high);
-  if (wanted.count !== null && wanted.count >= 1) {
-    const count = Math.min(mostBins, Math.round(wanted.count));
-    const start = Math.min(wanted.start ?? low, low);
-    return { start, width: high > start ? (high - start) / count : 1, count };
+  if (wanted.width !== null && wanted.width > 0) {
+    // A width that is no share of the values at all is as good as none.
+    if (!Number.isFinite((high - low) / wanted.width)) return { ...automatic, tooNarrow: wanted.width };
+    return fromStart(wanted.start ?? 0, wanted.width, low, high);
   }
-  if (wanted.start !== null) return upTo(Math.min(wanted.start, low), automatic.width, high);
-  return automatic;
+  if (wanted.count !== null && wanted.count >= 1) return counted(wanted.count, wanted.start, low, high);
+  return wanted.start === null ? automatic : fromStart(wanted.start, automatic.width, low, high);
+}
+
+/** So many classes, one of which begins at the start. */
+function counted(wanted: number, from: number | null, low: number, high: number): Bins {
+  const count = Math.min(mostBins, Math.round(wanted));
+  const tooMany = Math.round(wanted) > mostBins ? { tooMany: Math.round(wanted) } : {};
+  const start = from ?? low;
+  // As many of the classes lie below the start as the values below it take.
+  const below = start > low ? Math.ceil(((start - low) / (high - low)) * count - 1e-9) : 0;
+  if (!(start < high) || below >= count)
+    return { start: low, width: high > low ? (high - low) / count : 1, count, ...tooMany };
+  const width = (high - start) / (count - below);
+  return { start: start - below * width, width, count, ...tooMany };
 }
 
 /** The number of the class of a value, from 0. */

@@ -146,7 +146,7 @@ suite('bins', () => {
   });
 
   test('are 2,000 at most', () => {
-    expect(bins([0, 1e6], { width: 1 })!.count).toBe(2_000);
+    expect(bins([0, 1e6], { width: 1 })!.count).toBe(1_997);
     expect(bins([0, 24], { count: 1e6 })!.count).toBe(2_000);
   });
 
@@ -154,6 +154,33 @@ suite('bins', () => {
     const tenths = bins([0, 0.3], { width: 0.1 })!;
     expect(tenths.count).toBe(4);
     expect(binOf(tenths, 0.3)).toBe(3);
+  });
+
+  test('begin at the first class with a value, also where the width is left open', () => {
+    const values = Array.from({ length: 100 }, (_, at) => 2700 + at * 36);
+    const made = bins(values, { start: 3001 })!;
+    expect(made.start).toBeLessThanOrEqual(2700);
+    expect(made.start + made.width).toBeGreaterThan(2700);
+    expect((3001 - made.start) % made.width).toBe(0);
+    expect(bins([2700, 6300], { start: 0, width: 500 })).toEqual({ start: 2500, width: 500, count: 8 });
+  });
+
+  test('that are counted have a bound at their start', () => {
+    expect(bins([2700, 6300], { start: 3000, count: 12 })).toEqual({ start: 2700, width: 300, count: 12 });
+    expect(bins([10, 50], { start: 25, count: 8 })).toEqual({ start: 10, width: 5, count: 8 });
+    expect(bins([10, 49], { start: 25, count: 8 })!.start).toBeCloseTo(25 - 4 * 6, 9);
+    expect(bins([10, 50], { start: 0, count: 5 })).toEqual({ start: 0, width: 10, count: 5 });
+    expect(bins([10, 50], { start: 60, count: 4 })).toEqual({ start: 10, width: 10, count: 4 });
+  });
+
+  test('beyond 2,000 are wider by a whole number, and count no value falsely', () => {
+    expect(bins([0, 1999.5], { width: 1 })).toEqual({ start: 0, width: 1, count: 2000 });
+    const made = bins([2700, 6300], { width: 1 })!;
+    expect(made).toEqual({ start: 2700, width: 2, count: 1801, tooNarrow: 1 });
+    expect(boundsOf(made, binOf(made, 4701))).toEqual([4700, 4702]);
+    expect(boundsOf(made, binOf(made, 6300))).toEqual([6300, 6302]);
+    expect(bins([0, 10], { count: 5000 })).toEqual({ start: 0, width: 0.005, count: 2000, tooMany: 5000 });
+    expect(bins([0, 1e300], { width: 1e-300 })!.count).toBeLessThanOrEqual(2000);
   });
 
   test('have round bounds where the chart leaves them open', () => {

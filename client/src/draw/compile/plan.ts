@@ -3,6 +3,7 @@ import type { Chart, ChartElement, Graph } from '../../chart/model.js';
 import type { Data } from '../../data/columns.js';
 import { binsOf, type Bins } from '../../statistics/bins.js';
 import { summaries, vaguePercentages, type Summary } from '../../statistics/summary.js';
+import { binNotes } from '../notes/classes.js';
 import { alikeNotes } from '../notes/alike.js';
 import type { Direction } from './directions.js';
 import { groupingOf, type Grouping } from './grouping.js';
@@ -103,6 +104,8 @@ export function planOf(element: ChartElement, scope: Scope): Plan | null {
   notes.push(...aestheticNotes(element, kind, ranged, chart));
   notes.push(...alikeNotes(element, kind, grouping, scope.grid, chart));
   const binned = element.bins !== null && !element.bins.dots && scope.x.kind !== 'category';
+  const bins = binned ? binsOf(present(first.numbers), element.bins!, scope.x.kind === 'date') : null;
+  notes.push(...binNotes(bins, scope.x.kind === 'date'));
   return {
     element,
     kind,
@@ -111,7 +114,7 @@ export function planOf(element: ChartElement, scope: Scope): Plan | null {
     grouping,
     ranges,
     summary: summaryOf(element, scope),
-    bins: binned ? binsOf(present(first.numbers), element.bins!, scope.x.kind === 'date') : null,
+    bins,
     weights,
     source: first.source,
     rows: first.numbers.length,

@@ -204,10 +204,20 @@ function grounded(canvas: Canvas, layer: Layer): Shape[] {
   const { shapes } = layer;
   if (canvas.y.method !== 'log') return shapes;
   const [low] = canvas.y.domain;
-  const above = (value: number | undefined) => (value !== undefined && value > 0 ? value : low);
+  // What is missing breaks an area.
+  const above = (value: number | undefined) => (value === undefined || value <= 0 ? low : value);
   const single = layer.kind === 'bars' && layer.element.y.length < 2;
   const shown = single ? shapes.filter((shape) => !(shape.y2! <= 0)) : shapes;
   return shown.map((shape) => ({ ...shape, y1: above(shape.y1), y2: above(shape.y2) }));
+}
+
+/** Along a scale that has no 0 what begins below it begins at the bound; what ends below it has no place. */
+function placedAlongX(canvas: Canvas, shapes: Shape[]): Shape[] {
+  if (canvas.x.method !== 'log') return shapes;
+  const [low] = canvas.x.domain;
+  return shapes
+    .filter((shape) => !(shape.x2! <= 0))
+    .map((shape) => (shape.x1! <= 0 ? { ...shape, x1: low } : shape));
 }
 
 /** Bars with less room than that in pixels have no outline, which would hide them. */
@@ -259,7 +269,7 @@ const isCrowded = (layer: Layer) => layer.element.modifier === 3 && layer.group.
 
 /** Bars; of a stack the low ones, or the others, where `low` says so. */
 function barMarks(canvas: Canvas, layer: Layer, low?: boolean): Plot.Markish[] {
-  const all = grounded(canvas, layer).map((shape) => raised(canvas, shape));
+  const all = placedAlongX(canvas, grounded(canvas, layer)).map((shape) => raised(canvas, shape));
   const shapes = low === undefined ? all : all.filter((shape) => isLow(canvas, shape) === low);
   if (shapes.length === 0) return [];
   const extent = canvas.transposed ? canvas.height : canvas.width;
@@ -342,7 +352,7 @@ function links(canvas: Canvas, shapes: Shape[], own: Channels, look: Look): Plot
 
 function errorMarks(canvas: Canvas, layer: Layer): Plot.Markish[] {
   const { look } = layer;
-  const shapes = layer.shapes.filter((shape) => shape.low !== undefined);
+  const shapes = placedAlongX(canvas, layer.shapes).filter((shape) => shape.low !== undefined);
   const cap = (bound: 'low' | 'high') =>
     links(
       canvas,
@@ -365,7 +375,8 @@ function errorMarks(canvas: Canvas, layer: Layer): Plot.Markish[] {
 export const capShare = 0.5;
 
 function boxMarks(canvas: Canvas, layer: Layer): Plot.Markish[] {
-  const { shapes, look } = layer;
+  const { look } = layer;
+  const shapes = placedAlongX(canvas, layer.shapes);
   const parts = layer.parts!;
   const box = (shape: Shape) => shape.box!.box;
   const whisker = (from: (s: Shape) => number, to: (s: Shape) => number) =>
