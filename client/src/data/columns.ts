@@ -3,8 +3,9 @@ import type { Chart, Format, Variable } from '../chart/model.js';
 import type { Column, Received, Table } from '../received.js';
 import { parseBlend, parseExpression, type BlendTerm } from './expression.js';
 import { dateText, numberText, plainDateText } from './format.js';
+import { withinReach, type ValueKind } from './reach.js';
 
-export type ValueKind = 'number' | 'date' | 'category';
+export type { ValueKind };
 
 /** The values of one variable, one for each row of its source. */
 export interface Values {
@@ -155,7 +156,7 @@ export class Data {
       for (let row = 0; row < numbers.length; row += 1) {
         numbers[row] = expression.evaluate((name) => inputs.get(name)?.numbers[row] ?? NaN);
       }
-      return this.valuesOf(variable, this.kindOf(variable), first.source, finite(numbers));
+      return this.valuesOf(variable, this.kindOf(variable), first.source, numbers);
     } catch (error) {
       const reason = error instanceof Error ? error.message : String(error);
       this.notes.push(`The variable "${variable.label || variable.id}" cannot be computed: ${reason}.`);
@@ -170,14 +171,26 @@ export class Data {
     return this.valuesOf(variable, 'category', source, numbers, new Map([[1, text]]));
   }
 
+  private shown(variable: Variable, kind: ValueKind, all: Float64Array): Float64Array {
+    const { numbers, beyond } = withinReach(all, kind);
+    const are = beyond === 1 ? '1 value' : `${beyond.toLocaleString('en')} values`;
+    const label = variable.label || variable.id;
+    if (beyond > 0)
+      this.notes.push(
+        `${are} of ${label} ${beyond === 1 ? 'is' : 'are'} too large or infinite, as if missing.`,
+      );
+    return numbers;
+  }
+
   private valuesOf(
     variable: Variable,
     kind: ValueKind,
     source: string,
-    numbers: Float64Array,
+    all: Float64Array,
     texts?: Map<number, string>,
   ): Values {
     const language = this.chart.language;
+    const numbers = this.shown(variable, kind, all);
     const textOf = (value: number, format: Format | null = variable.format): string => {
       if (Number.isNaN(value)) return format?.errorCharacter ?? '';
       const text = texts?.get(value) ?? String(value);
@@ -191,11 +204,6 @@ export class Data {
     };
     return { variable, kind, source, numbers, textOf };
   }
-}
-
-/** What is computed beyond all numbers is missing. */
-function finite(numbers: Float64Array): Float64Array {
-  return numbers.map((value) => (Number.isFinite(value) ? value : NaN));
 }
 
 function embeddedTables(chart: Chart): [string, Table][] {

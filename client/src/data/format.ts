@@ -1,5 +1,6 @@
 /** Values as text: numbers with decimals, grouping, prefix and suffix; dates by patterns; relabels. */
 import type { Format } from '../chart/model.js';
+import { isWithinReach } from './reach.js';
 
 const minus = '\u2212';
 
@@ -266,7 +267,7 @@ export function plainDateText(seconds: number): string {
 /** A date as bounds and places have it: `2012-06-30`, `2012-06-30T12:00:00`, or a number of seconds. */
 export function secondsOf(text: string): number | null {
   const number = Number(text);
-  if (text.trim() !== '' && !Number.isNaN(number)) return number;
+  if (text.trim() !== '' && !Number.isNaN(number)) return isWithinReach(number, 'number') ? number : null;
   const found = /^(\d{4,})-(\d\d)-(\d\d)(?:[T ](\d\d):(\d\d)(?::(\d\d(?:\.\d+)?))?)?$/.exec(text.trim());
   if (!found) return null;
   const [, year, monthNumber, day, hour = '0', minute = '0', second = '0'] = found;

@@ -6,6 +6,7 @@ import { directionOf, type Direction } from './compile/directions.js';
 import { guidesOf, type DrawnGuide } from './marks/guides.js';
 import type { Layer } from './compile/layers.js';
 import { orientationOf, type Orientation } from './compile/orientation.js';
+import { leaveOutBeyond } from './notes/beyond.js';
 import { showOverlaid } from './notes/overlaid.js';
 import { panelGrid, type PanelGrid } from './compile/panels.js';
 import type { Scope } from './compile/plan.js';
@@ -54,7 +55,7 @@ export function compileGraph(graph: Graph, chart: Chart, data: Data, notes: stri
   const piled = along.values.length === 0 && panels.flat().some((layer) => layer.kind === 'dots');
   const y = piled ? withoutTicks(along, notes) : along;
   position(panels, x, baselineOf(y, panels));
-  notes.push(...pieNotes(panels, grid), ...showOverlaid(panels));
+  notes.push(...leaveOutBeyond(panels), ...pieNotes(panels, grid), ...showOverlaid(panels));
   const guides = guidesOf(graph, x, y, notes);
   const places = (name: 'x' | 'y') => guides.flatMap(({ at }) => (at?.direction === name ? [at.place] : []));
   const scales = {

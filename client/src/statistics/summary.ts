@@ -84,20 +84,30 @@ function medianOf(sample: Weighted): number | null {
   return sample.weights === null ? (median(sample.values) ?? null) : weightedQuantile(sample, 0.5);
 }
 
+/** Squares of values that are larger would be beyond all numbers: these are counted by the largest. */
+const largestSquared = 1e140;
+
+function unitOf({ values }: Weighted): number {
+  let largest = 0;
+  for (let at = 0; at < values.length; at += 1) largest = Math.max(largest, Math.abs(values[at]!) || 0);
+  return largest > largestSquared ? largest : 1;
+}
+
 /** Mean, standard deviation with n - 1, and number of the values that are there. */
 export function describe(sample: Weighted): { mean: number; deviation: number; count: number } {
   let count = 0;
   let center = 0;
   let squares = 0;
+  const unit = unitOf(sample);
   each(sample, (value, weight) => {
     count += weight;
-    const step = value - center;
+    const step = value / unit - center;
     center += (weight / count) * step;
-    squares += weight * step * (value - center);
+    squares += weight * step * (value / unit - center);
   });
   return {
-    mean: count > 0 ? center : NaN,
-    deviation: count > 1 ? Math.sqrt(squares / (count - 1)) : NaN,
+    mean: count > 0 ? center * unit : NaN,
+    deviation: count > 1 ? Math.sqrt(squares / (count - 1)) * unit : NaN,
     count,
   };
 }

@@ -53,6 +53,12 @@ suite('summaries', () => {
     expect(deviation).toBeCloseTo(Math.sqrt(32 / 7), 12);
   });
 
+  test('deviations of values whose squares are beyond all numbers', () => {
+    const { mean, deviation } = describe({ values: [1e200, 3e200], weights: null });
+    expect(mean / 1e200).toBeCloseTo(2, 9);
+    expect(deviation / 1e200).toBeCloseTo(Math.SQRT2, 9);
+  });
+
   test('the confidence interval of a mean', () => {
     // Mean 3, deviation sqrt(2.5), t of 4 degrees 2.776445.
     const interval = confidenceInterval({ values: [1, 2, 3, 4, 5], weights: null })!;

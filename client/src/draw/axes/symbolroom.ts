@@ -118,6 +118,7 @@ export function withRoom(
     low > 0 && !isFixed(direction, domain, 'low', standing) ? upright.value(-low) : scale.domain[0],
     high > 0 && !isFixed(direction, domain, 'high', standing) ? upright.value(1 + high) : scale.domain[1],
   ];
-  if (bounds.every((bound, at) => bound === scale.domain[at]) || bounds.some(Number.isNaN)) return scale;
+  const isBound = (bound: number) => Number.isFinite(bound) && (scale.method !== 'log' || bound > 0);
+  if (bounds.every((bound, at) => bound === scale.domain[at]) || !bounds.every(isBound)) return scale;
   return withFunctions({ ...scale, domain: bounds });
 }

@@ -152,7 +152,7 @@ export function ticksOf(scale: DrawnScale, settings: Ticks | null, wish: TickWis
     const pattern = format?.pattern ?? null;
     const [low, high] = domain;
     const range = { low, high, weekBegins: direction.weekBegins };
-    return delta && delta > 0
+    return delta && delta > 0 && (high - low) / delta <= mostTicks
       ? dateTicksAt(steppedTicks(...domain, delta, base ?? domain[0]), pattern, wish.language)
       : dateTicks(range, wish.wanted, pattern, wish.language);
   }

@@ -50,6 +50,10 @@ const enoughPowers = 5;
 
 /** Powers of the base; numbers between them where the powers are few. */
 export function logTicks(low: number, high: number, base: number, wanted: number): number[] {
+  return powersWithin(low, high, base, wanted).filter((value) => value > 0 && Number.isFinite(value));
+}
+
+function powersWithin(low: number, high: number, base: number, wanted: number): number[] {
   const power = (exponent: number) => (exponent < 0 ? 1 / base ** -exponent : base ** exponent);
   const first = Math.ceil(Math.log(low) / Math.log(base) - 1e-9);
   const last = Math.floor(Math.log(high) / Math.log(base) + 1e-9);

@@ -2,6 +2,7 @@
 import type { Chart, Dimension, Domain, Format, Graph } from '../../chart/model.js';
 import { categoriesOf, type Category } from '../../data/categories.js';
 import type { Data, ValueKind, Values } from '../../data/columns.js';
+import { isWithinReach } from '../../data/reach.js';
 import { mergeFormats, secondsOf } from '../../data/format.js';
 import type { Length } from '../../chart/markup.js';
 
@@ -127,7 +128,7 @@ export function directionOf(
 /** The place of a bound or guide as the chart has it: a number, a date, or the number of a category. */
 export function placeOf(direction: Direction, text: string): number | null {
   const number = direction.kind === 'date' ? secondsOf(text) : Number(text);
-  if (number === null || text.trim() === '' || Number.isNaN(number)) return null;
+  if (number === null || text.trim() === '' || !isWithinReach(number, direction.kind)) return null;
   if (direction.kind !== 'category') return number;
   const [values] = direction.values;
   const place = values ? direction.place(values, number) : NaN;

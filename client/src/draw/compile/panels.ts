@@ -3,6 +3,10 @@ import { cross } from 'd3';
 import type { Chart, Graph, PanelNode } from '../../chart/model.js';
 import { categoriesOf, type Category } from '../../data/categories.js';
 import type { Data, Values } from '../../data/columns.js';
+import { counted } from '../notes/counts.js';
+
+/** More would be no picture. */
+export const mostPanels = 400;
 
 /** A variable that splits the graph. Levels count from 1 in the order of the markup. */
 export interface PanelVariable {
@@ -18,7 +22,10 @@ export interface Strip {
 
 export interface PanelSide {
   variables: PanelVariable[];
+  /** No more than there may be panels. */
   strips: Strip[];
+  /** How many there would be. */
+  count: number;
 }
 
 export interface Panel {
@@ -56,26 +63,43 @@ function nestedVariables(node: PanelNode): string[] {
   return node.kind === 'unity' ? [] : node.children.flatMap(nestedVariables);
 }
 
-/** Every combination of the categories, or of nested variables those that occur. */
-function stripsOf(variables: PanelVariable[], nested: boolean): Strip[] {
-  if (variables.length === 0) return [{ categories: [] }];
-  const all = variables.reduce<Strip[]>(
-    (strips, variable) =>
-      cross(strips, variable.categories, (strip, category) => ({
+/** Every combination of the categories, as far as there may be panels of them. */
+function crossed(variables: PanelVariable[]): Strip[] {
+  return variables.reduce<Strip[]>(
+    (strips, { categories }) =>
+      cross(strips.slice(0, mostPanels), categories.slice(0, mostPanels), (strip, category) => ({
         categories: [...strip.categories, category],
-      })),
+      })).slice(0, mostPanels),
     [{ categories: [] }],
   );
-  return nested ? all.filter((strip) => occurs(variables, strip)) : all;
 }
 
-function occurs(variables: PanelVariable[], strip: Strip): boolean {
-  const rows = Math.max(...variables.map((variable) => variable.values.numbers.length));
+/** The combinations of nested variables that occur, in the order of their categories. */
+function occurring(variables: PanelVariable[]): Strip[] {
+  const places = variables.map(({ categories }) => new Map(categories.map(({ code }, at) => [code, at])));
+  const rows = Math.max(...variables.map(({ values }) => values.numbers.length));
+  const found = new Map<string, number[]>();
   for (let row = 0; row < rows; row += 1) {
-    if (variables.every((variable, at) => variable.values.numbers[row] === strip.categories[at]?.code))
-      return true;
+    const place = variables.map(({ values }, at) => places[at]!.get(values.numbers[row]!) ?? -1);
+    if (!place.includes(-1)) found.set(place.join(), place);
   }
-  return false;
+  const before = (one: number[], other: number[]) => {
+    const at = one.findIndex((place, index) => place !== other[index]);
+    return at < 0 ? 0 : one[at]! - other[at]!;
+  };
+  return [...found.values()]
+    .sort(before)
+    .map((place) => ({ categories: place.map((at, index) => variables[index]!.categories[at]!) }));
+}
+
+/** How many strips a side would have, and the first of them. */
+function stripsOf(variables: PanelVariable[], nested: boolean): { strips: Strip[]; count: number } {
+  if (nested && variables.length > 0) {
+    const strips = occurring(variables);
+    return { strips: strips.slice(0, mostPanels), count: strips.length };
+  }
+  const count = variables.reduce((product, { categories }) => product * categories.length, 1);
+  return { strips: crossed(variables), count };
 }
 
 function sidesOf(graph: Graph, chart: Chart, data: Data): { columns: PanelSide; rows: PanelSide } {
@@ -94,7 +118,7 @@ function sidesOf(graph: Graph, chart: Chart, data: Data): { columns: PanelSide; 
   });
   const [columns, rows] = sides.map(({ variables, nested }) => ({
     variables,
-    strips: stripsOf(variables, nested),
+    ...stripsOf(variables, nested),
   }));
   return { columns: columns!, rows: rows! };
 }
@@ -131,14 +155,14 @@ function blendsOf(graph: Graph, data: Data): { columns: Blend | null; rows: Blen
   return x ? { columns: x, rows: y } : { columns: y, rows: null };
 }
 
-/** More would be no picture. */
-export const mostPanels = 400;
-
 export function panelGrid(graph: Graph, chart: Chart, data: Data, notes: string[]): PanelGrid {
   const { columns, rows } = sidesOf(graph, chart, data);
   const blends = blendsOf(graph, data);
   const columnTerms = blends.columns?.terms ?? [null];
   const rowTerms = blends.rows?.terms ?? [null];
+  // Panels go row by row: so many rows have all that there may be.
+  const across = columns.strips.length * columnTerms.length * rowTerms.length;
+  rows.strips.length = Math.min(rows.strips.length, Math.ceil(mostPanels / Math.max(1, across)));
   const panels: Panel[] = [];
   cross(rows.strips, rowTerms).forEach(([rowStrip, rowTerm], row) =>
     cross(columns.strips, columnTerms).forEach(([columnStrip, columnTerm], column) => {
@@ -151,10 +175,9 @@ export function panelGrid(graph: Graph, chart: Chart, data: Data, notes: string[
       panels.push({ column, row, facets, terms });
     }),
   );
-  if (panels.length > mostPanels) {
-    notes.push(`Of ${panels.length} panels the first ${mostPanels} are drawn.`);
-    panels.length = mostPanels;
-  }
+  const all = rows.count * rowTerms.length * columns.count * columnTerms.length;
+  if (all > mostPanels) notes.push(`Of ${counted(all)} panels the first ${mostPanels} are drawn.`);
+  panels.length = Math.min(panels.length, mostPanels);
   const texts = (blend: Blend | null) => blend?.terms.map((term) => term.text) ?? [];
   return { columns, rows, panels, blended: { columns: texts(blends.columns), rows: texts(blends.rows) } };
 }

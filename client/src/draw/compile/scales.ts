@@ -184,10 +184,15 @@ function logDomain(
   const low = minimum !== null && minimum > 0 ? minimum : reach.lowestPositive;
   const high = maximum !== null && maximum > 0 ? maximum : reach.high;
   if (!(Number.isFinite(low) && high > 0)) return [1, 10];
-  const room = Math.max(high / low, 1.1) ** roomAround;
+  const given = [minimum !== null && minimum > 0, maximum !== null && maximum > 0];
+  // By logarithms, since the highest may be beyond all numbers times the lowest.
+  const reached = Math.max(Math.abs(Math.log(high) - Math.log(low)), Math.log(1.1));
+  const room = Math.exp(reached * roomAround);
   return [
-    (minimum !== null && minimum > 0) || (reach.baseline && low === foot) ? low : low / room,
-    maximum !== null && maximum > 0 ? high : high * room,
+    (given[0] && low !== high) || (reach.baseline && low === foot)
+      ? low
+      : Math.max(low / room, Number.MIN_VALUE),
+    given[1] && low !== high ? high : Math.min(high * room, Number.MAX_VALUE),
   ];
 }
 
@@ -213,7 +218,12 @@ function boundNotes(direction: Direction, panels: Layer[][], [low, high]: [numbe
 const plainNumber = (value: number) => numberText(value, null, 'en-US');
 
 /** Says what of bars and areas is not to be seen because of where their scale begins. */
-function footNotes(direction: Direction, panels: Layer[][], [low, high]: [number, number]): string[] {
+function footNotes(
+  direction: Direction,
+  panels: Layer[][],
+  [low, high]: [number, number],
+  method: Scale['method'],
+): string[] {
   if (direction.name !== 'y' || direction.kind !== 'number') return [];
   const standing = panels.flat().filter((layer) => isStanding(layer) && layer.shapes.length > 0);
   const foot = baselineOf(direction, panels);
@@ -224,13 +234,26 @@ function footNotes(direction: Direction, panels: Layer[][], [low, high]: [number
       (kind) =>
         `${kind === 'bars' ? 'Bars' : 'Areas'} begin at ${plainNumber(at)}, not at ${plainNumber(foot)}.`,
     );
-  if (direction.dimension?.scale?.method !== 'log') return notes;
+  if (method !== 'log') return notes;
   const bars = standing.filter(({ kind }) => kind === 'bars').flatMap(({ shapes }) => shapes);
   const flat = bars.filter(({ y1, y2 }) => y1 === foot && y2 === foot).length;
   if (flat === 0) return notes;
   const [count, are] = flat === 1 ? ['1 bar', 'is'] : [`${flat} bars`, 'are'];
   const where = `where bars begin on a logarithmic scale`;
   return [...notes, `${count} ${are} not to be seen: the value is ${plainNumber(foot)}, ${where}.`];
+}
+
+/** Says which classes begin where a logarithmic scale has no place. */
+function cutNotes(direction: Direction, panels: Layer[][], method: Scale['method']): string[] {
+  if (direction.name !== 'x' || method !== 'log') return [];
+  const shapes = panels
+    .flat()
+    .flatMap((layer) => (layer.binned && layer.kind === 'bars' ? layer.shapes : []));
+  const starts = new Set(shapes.flatMap(({ x1, x2 }) => (x1! <= 0 && x2! > 0 ? [x1!] : [])));
+  return [...starts].map(
+    (start) =>
+      `The class from ${plainNumber(start)} on begins with the axis: a logarithmic scale has no ${plainNumber(start)}.`,
+  );
 }
 
 /** Makes the two functions of a scale. */
@@ -248,10 +271,31 @@ export function withFunctions(scale: Omit<DrawnScale, 'unit' | 'value'>): DrawnS
   return { ...scale, unit: (value) => made(value) as number, value: (unit) => made.invert(unit) as number };
 }
 
-/** Bounds from the lower to the upper one; from 0 to 1 where no scale can have them. */
-function ordered([first, second]: [number, number]): [number, number] {
-  if (!Number.isFinite(second - first)) return [0, 1];
-  return first <= second ? [first, second] : [second, first];
+/** Bounds from the lower to the upper one. */
+const ordered = ([first, second]: [number, number]): [number, number] =>
+  first <= second ? [first, second] : [second, first];
+
+/** Without a value that it could show a logarithmic scale would be empty. */
+function methodOf(direction: Direction, reach: Reach, notes: string[]): Scale['method'] {
+  const wanted = direction.kind === 'number' ? (direction.dimension?.scale?.method ?? 'linear') : 'linear';
+  if (wanted !== 'log' || !(reach.low <= 0)) return wanted;
+  const { name } = direction;
+  if (!Number.isFinite(reach.lowestPositive)) {
+    notes.push(`No value along ${name} is above 0: its scale is linear, not logarithmic.`);
+    return 'linear';
+  }
+  if (reach.lowestValue <= 0)
+    notes.push(`Values along ${name} that are not above 0 have no place on its logarithmic scale.`);
+  return 'log';
+}
+
+/** Linear where powers of the values are beyond all numbers. */
+function computable(scale: DrawnScale, notes: string[]): DrawnScale {
+  const { domain, method, direction } = scale;
+  const middle = scale.value(0.5);
+  if ([middle, ...[...domain, middle].map(scale.unit)].every(Number.isFinite)) return scale;
+  notes.push(`Values along ${direction.name} are beyond its ${method} scale: it is linear.`);
+  return withFunctions({ ...scale, method: 'linear' });
 }
 
 export function scaleOf(
@@ -263,27 +307,21 @@ export function scaleOf(
   const settings = direction.dimension?.scale;
   const { domain } = direction;
   const reach = reachOf(panels, direction, guides);
-  let method = direction.kind === 'number' ? (settings?.method ?? 'linear') : 'linear';
-  if (method === 'log' && reach.low <= 0 && !Number.isFinite(reach.lowestPositive)) method = 'linear';
-  if (settings?.method === 'log' && direction.kind === 'number' && reach.lowestValue <= 0)
-    notes.push(`Values along ${direction.name} that are not above 0 have no place on its logarithmic scale.`);
-  const base = settings?.base && settings.base > 0 && settings.base !== 1 ? settings.base : usualBase[method];
-  const bounds =
+  const method = methodOf(direction, reach, notes);
+  const own = settings?.base ?? 0;
+  const base = own > 0 && own !== 1 && Number.isFinite(own) ? own : usualBase[method];
+  const bounds = ordered(
     direction.kind === 'category'
       ? categoryDomain(direction)
       : method === 'log'
         ? logDomain(direction, reach, domain, baselineOf(direction, panels))
-        : linearDomain(direction, reach, domain);
+        : linearDomain(direction, reach, domain),
+  );
   if (direction.kind !== 'category' && (domain?.minimum || domain?.maximum))
-    notes.push(...boundNotes(direction, panels, ordered(bounds)));
-  notes.push(...footNotes(direction, panels, ordered(bounds)));
-  return withFunctions({
-    direction,
-    domain: ordered(bounds),
-    method,
-    base,
-    inverted: settings?.invert ?? false,
-  });
+    notes.push(...boundNotes(direction, panels, bounds));
+  notes.push(...footNotes(direction, panels, bounds, method), ...cutNotes(direction, panels, method));
+  const inverted = settings?.invert ?? false;
+  return computable(withFunctions({ direction, domain: bounds, method, base, inverted }), notes);
 }
 
 /** The base line of bars and areas: the origin, or 0; on a scale without a 0 it is 1. */

@@ -13,6 +13,7 @@ import type {
 import type { Received } from '../../received.js';
 import { secondsOf } from '../../data/format.js';
 import { none, safeColor } from '../svg/colors.js';
+import { isWithinReach } from '../../data/reach.js';
 import { placeOf } from '../compile/directions.js';
 import { aestheticOf } from '../compile/grouping.js';
 import { blendLevel } from '../axes/headers.js';
@@ -96,7 +97,9 @@ function domainNotes(chart: Chart): string[] {
       notes.push(`The order ${method} of categories is not known; they are sorted by their values.`);
     }
     if (!domain.categorical) {
-      const unread = [domain.minimum, domain.maximum].filter((text) => text && secondsOf(text) === null);
+      const kind = domain.date ? 'date' : 'number';
+      const isRead = (text: string) => isWithinReach(secondsOf(text) ?? Infinity, kind);
+      const unread = [domain.minimum, domain.maximum].filter((text) => text && !isRead(text));
       notes.push(...unread.map((text) => `The bound ${text} of the domain ${domain.id} is not understood.`));
     }
     if (domain.categorical && (domain.minimum !== null || domain.maximum !== null))
