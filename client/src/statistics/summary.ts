@@ -19,6 +19,8 @@ export interface Summary {
   ofValues: boolean;
   /** Null of nothing. */
   compute(sample: Weighted): number | null;
+  /** What it is where there are no cases; null where that cannot be told. */
+  ofNothing: number | null;
   /** The share of the total in percent, of what `compute` gives. */
   share: boolean;
   /** Summed up along x. */
@@ -120,12 +122,12 @@ export function confidenceInterval(sample: Weighted): { low: number; high: numbe
   return { low: center - reach, high: center + reach };
 }
 
-const plain = { share: false, cumulative: false, errorBar: false };
-const counted = { ...plain, ofValues: false, compute: countOf };
+const plain = { ofNothing: null, share: false, cumulative: false, errorBar: false };
+const counted = { ...plain, ofNothing: 0, ofValues: false, compute: countOf };
 
 /** By the number in the markup. Other numbers are of clients that this one does not know. */
 export const summaries: ReadonlyMap<number, Summary> = new Map<number, Summary>([
-  [1, { ...plain, words: 'sum', ofValues: true, compute: sumOf }],
+  [1, { ...plain, ofNothing: 0, words: 'sum', ofValues: true, compute: sumOf }],
   [2, { ...plain, words: 'mean', ofValues: true, compute: meanOf }],
   [3, { ...counted, words: 'percent', share: true }],
   [4, { ...plain, words: 'median', ofValues: true, compute: medianOf }],

@@ -452,9 +452,41 @@ describe('missing values', () => {
     expect(drawn.notes).toEqual(['2 rows with missing values are not drawn (the g).']);
   });
 
-  test('are not counted where a line has a gap, or another measure of a blend is there', () => {
-    const line = '<line><x variable="b"/><y variable="a"/></line>';
-    expect(notesOf(line)).toEqual([]);
+  test('are counted where a line or an area has a gap', () => {
+    for (const kind of ['line', 'area']) {
+      const broken = `<${kind}><x variable="b"/><y variable="a"/></${kind}>`;
+      expect(notesOf(broken)).toEqual(['1 row with a missing value is not drawn (the a).']);
+    }
+  });
+
+  test('have groups of digits in their number', () => {
+    const many = Array.from({ length: 2500 }, () => null);
+    const drawn = picture({ a: [1, ...many], b: [1, ...many] }, points);
+    expect(drawn.notes.join()).toContain('2,500 rows with missing values are not drawn');
+  });
+
+  test('of a range take no mark of several rows away that has others', () => {
+    const colored = (w: (number | null)[]) =>
+      picture(
+        { g: [1, 1, 2, 2], w, n: [3, 1, 1, 1] },
+        '<interval><x variable="g"/><summaryStatistic method="10"/><color variable="w"/></interval>',
+        {
+          categorical,
+          rest: '<sourceVariable id="v" source="s" sourceName="n" weight="true"/><styleCycle id="c"/>',
+        },
+      );
+    const fills = (drawn: Picture) => drawn.marks('rect').map((mark) => drawn.look(mark, 'fill'));
+    const drawn = colored([10, null, 20, 30]);
+    expect(fills(drawn)).toEqual(fills(colored([10, 10, 20, 30])));
+    expect(drawn.notes).toEqual([]);
+    // Of three cases of 10 and one of 30 the mean is 15.
+    expect(fills(colored([10, 30, 10, 30]))).toEqual(fills(colored([15, 15, 10, 30])));
+    const lost = colored([null, null, 20, 30]);
+    expect(lost.marks('rect')).toHaveLength(1);
+    expect(lost.notes).toEqual(['1 mark without any value of the w is not drawn.']);
+  });
+
+  test('are not counted where another measure of a blend is there', () => {
     const blended = picture(
       { ...lacking, c: [null, 2, 3, 4] },
       '<point><x variable="b"/><y variable="e"/></point>',

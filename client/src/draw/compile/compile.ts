@@ -3,10 +3,11 @@ import { group as groupBy } from 'd3';
 import type { Chart, ChartElement, Style } from '../../chart/model.js';
 import type { Summary } from '../../statistics/summary.js';
 import { holds } from './conditions.js';
+import { fillEmptyPlaces } from './emptyplaces.js';
 import { lookOf, type Group } from './grouping.js';
 import type { Layer } from './layers.js';
 import { styled, type Look, type LookKind } from './looks.js';
-import { missingNotes } from '../notes/missing.js';
+import { missingNotes, withoutLookNotes } from '../notes/missing.js';
 import { rowsOf, type Panel } from './panels.js';
 import { planOf, type Plan, type Scope } from './plan.js';
 import { Places, shapesOf } from './shapes.js';
@@ -30,16 +31,24 @@ function partsOf(plan: Plan, rows: Uint32Array): Part[] {
   return [...parts].sort(([a], [b]) => a - b).map(([key, part]) => ({ key, rows: part }));
 }
 
-/** Shares of the whole panel, and sums along x. */
-function finishSummary(layers: Layer[], summary: Summary): void {
-  if (summary.share) {
-    const total = layers.reduce(
-      (sum, layer) => sum + layer.shapes.reduce((part, shape) => part + shape.y, 0),
-      0,
-    );
-    for (const layer of layers)
-      for (const shape of layer.shapes) shape.y = total > 0 ? (100 * shape.y) / total : 0;
+/** Shares of the whole panel. Of nothing, or of less, there are none. */
+function takeShares(layers: Layer[], scope: Scope): void {
+  const total = layers.reduce(
+    (sum, layer) => sum + layer.shapes.reduce((part, shape) => part + shape.y, 0),
+    0,
+  );
+  const shown = layers.filter(({ shapes }) => shapes.length > 0);
+  if (shown.length > 0 && !(total > 0))
+    scope.notes.push('Percentages of a sum that is not above 0 cannot be had: what shows them is not drawn.');
+  for (const layer of shown) {
+    if (total > 0) for (const shape of layer.shapes) shape.y = (100 * shape.y) / total;
+    else layer.shapes = [];
   }
+}
+
+/** Shares, and sums along x. */
+function finishSummary(layers: Layer[], summary: Summary, scope: Scope): void {
+  if (summary.share) takeShares(layers, scope);
   if (!summary.cumulative) return;
   for (const layer of layers) {
     let sum = 0;
@@ -134,7 +143,8 @@ function layersOf(
       };
     });
   });
-  if (plan.summary) finishSummary(layers, plan.summary);
+  fillEmptyPlaces(layers, plan);
+  if (plan.summary) finishSummary(layers, plan.summary, scope);
   return layers.filter((layer) => layer.shapes.length > 0 && layer.look.visible);
 }
 
@@ -159,7 +169,7 @@ export function compile(scope: Scope): Layer[][] {
     };
     return plans.flatMap((plan) => layersOf(plan, panel, scope, rowsIn));
   });
-  scope.notes.push(...intervalNotes(panels));
+  scope.notes.push(...intervalNotes(panels), ...withoutLookNotes(plans));
   return panels;
 }
 

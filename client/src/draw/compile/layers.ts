@@ -41,7 +41,7 @@ export interface Shape {
   label?: string;
   /** The row of the source, where it shows one. */
   row?: number;
-  /** It has no value of its own, but lies on the line between its neighbours. */
+  /** It has no case of its own: it is 0, or lies on the line between its neighbours. */
   between?: true;
   /** How many cases it stands for, where they were counted. */
   cases?: number;

@@ -36,6 +36,8 @@ export interface Plan {
   summary: Summary | null;
   bins: Bins | null;
   weights: Float64Array | null;
+  /** How many marks lack all values of a range, by its variable. */
+  withoutLook: Map<string, number>;
   source: string;
   rows: number;
 }
@@ -116,6 +118,7 @@ export function planOf(element: ChartElement, scope: Scope): Plan | null {
     summary: summaryOf(element, scope),
     bins,
     weights,
+    withoutLook: new Map(),
     source: first.source,
     rows: first.numbers.length,
   };

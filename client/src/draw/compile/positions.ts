@@ -8,7 +8,7 @@ const barShare = 0.75;
 const boxShare = 0.5;
 const clusteredBoxShare = 0.8;
 const defaultClusterGap = 0.1;
-const stackModifier = 3;
+export const stackModifier = 3;
 
 /** The place that the only value has. */
 const onlyStep = (value: number | undefined, { kind }: Direction) =>
@@ -82,7 +82,8 @@ function stackAlongY(layers: Layer[], baseline: number): void {
       const sum = reach?.get(shape.x);
       shape.y1 = sum ?? baseline;
       shape.y2 = (sum ?? 0) + shape.y;
-      reach?.set(shape.x, shape.y2);
+      // What is missing leaves a gap, and those above stand where it would.
+      if (!Number.isNaN(shape.y2)) reach?.set(shape.x, shape.y2);
     }
   }
 }

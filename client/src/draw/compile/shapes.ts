@@ -3,7 +3,7 @@ import { withGroups } from '../../data/format.js';
 import { binOf, boundsOf } from '../../statistics/bins.js';
 import type { Values } from '../../data/columns.js';
 import { densityOf } from '../../statistics/density.js';
-import { confidenceInterval, type Summary } from '../../statistics/summary.js';
+import { confidenceInterval, meanOf, type Summary } from '../../statistics/summary.js';
 import { boxOf } from '../../statistics/tukey.js';
 import type { BoxShape, Shape } from './layers.js';
 import type { Panel } from './panels.js';
@@ -42,16 +42,25 @@ export class Places {
   }
 }
 
-/** What the ranges show of rows: their values, or means of these. Null where one is missing. */
-function variedOf(plan: Plan, rows: ArrayLike<number>): Pick<Shape, 'varied' | 'shown'> | null {
+/**
+ * What the ranges show of rows: their values, or means of those that are there. Null where a range has none, which is
+ * counted.
+ */
+function variedOf(places: Places, rows: number[]): Pick<Shape, 'varied' | 'shown'> | null {
+  const { plan } = places;
   if (plan.ranges.length === 0) return {};
   const varied: Varied = {};
   const shown: number[] = [];
   for (const range of plan.ranges) {
-    let total = 0;
-    for (let at = 0; at < rows.length; at += 1) total += range.values.numbers[rows[at]!]!;
-    const value = total / rows.length;
-    if (Number.isNaN(value)) return null;
+    const { numbers, variable } = range.values;
+    const kept = rows.filter((row) => !Number.isNaN(numbers[row]!));
+    const weights = plan.weights ? kept.map((row) => places.weight(row)) : null;
+    const value = meanOf({ values: kept.map((row) => numbers[row]!), weights });
+    if (value === null) {
+      const label = variable.label || variable.id;
+      plan.withoutLook.set(label, (plan.withoutLook.get(label) ?? 0) + 1);
+      return null;
+    }
     Object.assign(varied, range.lookOf(value));
     shown.push(value);
   }
@@ -129,8 +138,8 @@ function rawShapes(places: Places, all: ArrayLike<number>, scope: Scope): Shape[
     if (Number.isNaN(shape.x) || (Number.isNaN(shape.y) && !breaks)) continue;
     if (places.x.length > 1) [shape.x1, shape.x2] = [shape.x, places.xAt(row, 1)];
     if (places.y.length > 1) [shape.y1, shape.y2] = [shape.y, places.yAt(row, 1)];
-    if (Number.isNaN(shape.x2) || Number.isNaN(shape.y2)) continue;
-    const varied = variedOf(plan, [row]);
+    if (Number.isNaN(shape.x2) || (Number.isNaN(shape.y2) && !breaks)) continue;
+    const varied = variedOf(places, [row]);
     if (!varied) continue;
     Object.assign(shape, varied);
     const label = labelOf(plan, row, scope);
@@ -177,8 +186,9 @@ function summaryShapes(places: Places, rows: ArrayLike<number>, summary: Summary
     const { rows: kept, sample } = sampleOf(places, members, summary);
     const share = summary.share && places.y.length > 0;
     const y = kept.length === 0 ? null : share ? sampleSum(sample) : summary.compute(sample);
-    const varied = variedOf(places.plan, kept.length > 0 ? kept : members);
-    if (y === null || Number.isNaN(y) || !varied) continue;
+    if (y === null || Number.isNaN(y)) continue;
+    const varied = variedOf(places, kept.length > 0 ? kept : members);
+    if (!varied) continue;
     const [x1, x2] = bins ? boundsOf(bins, place) : [place, place];
     const shape: Shape = { x: (x1 + x2) / 2, y, ...varied, cases: kept.length };
     if (bins) Object.assign(shape, { x1, x2 });

@@ -3,6 +3,7 @@ import type { ChartElement } from '../../chart/model.js';
 import type { Data, Values } from '../../data/columns.js';
 import type { Grouping } from '../compile/grouping.js';
 import type { LayerKind } from '../compile/layers.js';
+import { counted } from './counts.js';
 import type { PanelGrid } from '../compile/panels.js';
 import type { Range } from '../compile/ranges.js';
 
@@ -12,6 +13,7 @@ interface Shown {
   grouping: Grouping;
   ranges: Range[];
   summary: unknown;
+  withoutLook: Map<string, number>;
   source: string;
   rows: number;
 }
@@ -20,13 +22,13 @@ interface Shown {
 type Needed = Values[];
 
 function neededBy(shown: Shown, grid: PanelGrid, data: Data): Needed[] {
-  const { element, kind } = shown;
-  // Where a raw line or area has no value, the gap shows it.
-  const gaps = (kind === 'line' || kind === 'area') && !shown.summary;
-  const places = [...element.x, ...(gaps ? [] : element.y)].map((id) =>
+  const { element } = shown;
+  const places = [...element.x, ...element.y].map((id) =>
     data.terms(id).flatMap((term) => data.values(term.variable) ?? []),
   );
-  const looks = [...shown.grouping.variables, ...shown.ranges].map(({ values }) => [values]);
+  // Marks of several rows have the mean of the values that are there.
+  const single = !shown.summary && !element.density && shown.kind !== 'boxes';
+  const looks = [...shown.grouping.variables, ...(single ? shown.ranges : [])].map(({ values }) => [values]);
   const panels = [...grid.columns.variables, ...grid.rows.variables].map(({ values }) => [values]);
   return [...places, ...looks, ...panels].filter(
     (needed) => needed.length > 0 && needed.every((values) => values.source === shown.source),
@@ -34,6 +36,18 @@ function neededBy(shown: Shown, grid: PanelGrid, data: Data): Needed[] {
 }
 
 const lacks = (needed: Needed, row: number) => needed.every((values) => Number.isNaN(values.numbers[row]!));
+
+/** How many marks of several rows lack all values of a range of colours, sizes or transparencies. */
+export function withoutLookNotes(all: Shown[]): string[] {
+  return all
+    .filter(({ summary }) => summary)
+    .flatMap(({ withoutLook }) =>
+      [...withoutLook].map(([label, count]) => {
+        const marks = count === 1 ? '1 mark' : `${counted(count)} marks`;
+        return `${marks} without any value of ${label} ${count === 1 ? 'is' : 'are'} not drawn.`;
+      }),
+    );
+}
 
 /** How many rows of each source lack a value, and of what. */
 export function missingNotes(all: Shown[], grid: PanelGrid, data: Data): string[] {
@@ -49,7 +63,8 @@ export function missingNotes(all: Shown[], grid: PanelGrid, data: Data): string[
       for (const [values] of lacking) reasons.add(values!.variable.label || values!.variable.id);
     }
     if (count === 0) return [];
-    const rows = count === 1 ? '1 row with a missing value is' : `${count} rows with missing values are`;
+    const rows =
+      count === 1 ? '1 row with a missing value is' : `${counted(count)} rows with missing values are`;
     return [`${rows} not drawn (${[...reasons].join(', ')}).`];
   });
 }

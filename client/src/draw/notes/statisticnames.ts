@@ -56,8 +56,9 @@ const marks: Partial<Record<LayerKind, string>> = {
 export function summaryCaptions(layers: Layer[], y: Direction): string[] {
   const texts = layers.flatMap(({ kind, element }) => {
     const what = summaries[element.summary ?? 0];
-    const [values] = y.values;
-    if (!what || !marks[kind] || y.values.length !== 1 || !values) return [];
+    const own = y.values.filter(({ variable }) => y.values.length === 1 || element.y.includes(variable.id));
+    const [values] = own;
+    if (!what || !marks[kind] || own.length !== 1 || !values) return [];
     const label = values.variable.label || values.variable.id;
     const titled = (y.dimension?.axes ?? []).some((axis) => {
       const title = axis.derived ? '' : plainText(axis.label);
