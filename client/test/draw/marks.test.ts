@@ -446,18 +446,6 @@ describe('weights', () => {
 });
 
 describe('pies', () => {
-  test('tell of values below 0, which have no slice', () => {
-    const drawn = picture(
-      { k: [1, 2, 3], b: [3, -1, 2] },
-      '<interval positionModifier="3"><y variable="b"/><color variable="k"/></interval>',
-      {
-        categorical: { k: ['one', 'two', 'three'] },
-        coordinates: '<dimension/><dimension/><transposeTransform/><polarTransform/>',
-      },
-    );
-    expect(drawn.notes).toEqual(['1 value below 0 has no slice.']);
-  });
-
   test('have a slice for each category, with its share', () => {
     const drawn = picture(
       { k: [1, 1, 1, 2] },

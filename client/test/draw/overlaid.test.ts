@@ -60,11 +60,6 @@ describe('bars and areas of several groups in one place', () => {
     expect(areas.notes).toEqual([]);
   });
 
-  test('are not those of different elements', () => {
-    const element = '<interval><x variable="k"/><summaryStatistic method="10"/></interval>';
-    expect(picture({ k: [1, 2] }, element + element, { categorical }).notes).toEqual([]);
-  });
-
   test('are not bars that stand beside each other, but areas that the chart wants there', () => {
     expect(bars(both, 'positionModifier="1"').notes).toEqual([]);
     const areas = picture(

@@ -1,4 +1,6 @@
 import { describe, expect, test } from 'vitest';
+import type { Chart, Graph } from '../../src/chart/model.js';
+import type { Data } from '../../src/data/columns.js';
 import { orientationOf } from '../../src/draw/compile/orientation.js';
 import { picture } from './chart.js';
 
@@ -6,10 +8,11 @@ describe('reflections', () => {
   const reflections = (...transforms: ({ kind: 'transpose' } | { kind: 'reflect'; dimension: number })[]) =>
     orientationOf(
       {
-        id: '',
-        dimensions: [],
-        transforms: transforms.map((each) => ({ alternating: false, ...each })),
-      },
+        coordinates: [{ transforms: transforms.map((each) => ({ alternating: false, ...each })) }],
+        elements: [],
+      } as unknown as Graph,
+      {} as Chart,
+      {} as Data,
       [],
     ).reflections.map(({ screen }) => screen);
 
@@ -39,9 +42,11 @@ describe('styles and angles that show what they say', () => {
   test('are not noted where a colour is transparent anyway, but where classes have no other width', () => {
     const line = '<line id="l" style="s"><x variable="a"/><y variable="b"/></line>';
     expect(notes(line, '<style id="s" color2="transparent"/>')).toEqual([]);
-    expect(notes(line, '<style id="s" color2="#ff0000"/>')).toEqual(['The color2 of l is not honoured.']);
+    expect(notes(line, '<style id="s" color2="#ff0000"/>')).toEqual([
+      'The color2 of the lines is not honoured.',
+    ]);
     const classes = '<interval id="h" style="s"><x variable="a"/><binStatistic/></interval>';
-    expect(notes(classes, '<style id="s" width="50%"/>')).toEqual(['The width of h is not honoured.']);
+    expect(notes(classes, '<style id="s" width="50%"/>')).toEqual(['The width of the bars is not honoured.']);
   });
 
   test('are noted where texts of panels run another way', () => {

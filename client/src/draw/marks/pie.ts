@@ -53,11 +53,6 @@ export function drawSlices(
     layer,
     value: layer.shapes.reduce((total, shape) => total + Math.max(0, shape.y), 0),
   }));
-  const below = layers.flatMap(({ shapes }) => shapes).filter(({ y }) => y < 0).length;
-  if (below > 0)
-    notes.push(
-      `${below} ${below === 1 ? 'value' : 'values'} below 0 ${below === 1 ? 'has' : 'have'} no slice.`,
-    );
   const look = sharesLook(layers, legendText);
   const whole: Pie = {
     angles: pie<Slice>()
