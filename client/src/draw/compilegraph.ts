@@ -5,7 +5,7 @@ import { compile } from './compile/compile.js';
 import { directionOf, type Direction } from './compile/directions.js';
 import { guidesOf, type DrawnGuide } from './marks/guides.js';
 import type { Layer } from './compile/layers.js';
-import { orientationOf, type Orientation } from './compile/orientation.js';
+import { isPie, orientationOf, type Orientation } from './compile/orientation.js';
 import { leaveOutBeyond } from './notes/beyond.js';
 import { showOverlaid } from './notes/overlaid.js';
 import { panelGrid, type PanelGrid } from './compile/panels.js';
@@ -39,7 +39,7 @@ const countMethods = new Set([10, 11]);
 
 /** Everything of a graph that does not depend on its size. */
 export function compileGraph(graph: Graph, chart: Chart, data: Data, notes: string[]): CompiledGraph {
-  const orientation = orientationOf(graph, chart, data, notes);
+  const orientation = orientationOf(graph.coordinates[0], notes, isPie(graph, chart, data));
   const grid = panelGrid(graph, chart, data, notes);
   const x = directionOf('x', graph, chart, data, notes);
   const along = directionOf('y', graph, chart, data, notes);

@@ -214,7 +214,6 @@ function rowsOf(graphs: CompiledGraph[], data: Data): Cells[] {
         const shared = groupCells(layer, compiled.grid.panels[at]!, compiled);
         for (const shape of layer.shapes.filter(({ between }) => !between)) {
           if (rows.length >= mostRows) return rows;
-          if (shape.between) continue;
           const start: Cells = several
             ? new Map([['Element', layer.element.name || capitalized(marksName(layer.element))]])
             : new Map();

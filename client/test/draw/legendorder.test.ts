@@ -6,10 +6,10 @@ const categorical = { k: ['one', 'two'], g: ['low', 'high'] };
 const legend = '<legend id="l"><legendTarget target="c"/></legend>';
 
 describe('the order of a legend', () => {
-  const order = (attributes: string, coordinates: string, x = '<x variable="k"/>') =>
+  const order = (attributes: string, coordinates: string, x = 'k') =>
     picture(
       { k: [1, 1, 2, 2], g: [1, 2, 1, 2] },
-      `<interval ${attributes}>${x}<summaryStatistic method="10"/><color id="c" variable="g"/></interval>`,
+      `<interval ${attributes}><x variable="${x}"/><summaryStatistic method="10"/><color id="c" variable="g"/></interval>`,
       { categorical, coordinates, rest: legend },
     ).textsOf('Legend');
 
@@ -24,7 +24,7 @@ describe('the order of a legend', () => {
   });
 
   test('is that of slices by the clock', () => {
-    expect(order('positionModifier="3"', `${plainAxes}<polarTransform/>`, '')).toEqual(['low', 'high']);
+    expect(order('positionModifier="3"', `${plainAxes}<polarTransform/>`, 'g')).toEqual(['low', 'high']);
   });
 });
 

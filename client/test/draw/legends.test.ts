@@ -100,7 +100,7 @@ describe('legends', () => {
   test('of a pie list the slices by the clock', () => {
     const drawn = two({
       element:
-        '<interval positionModifier="3"><x variable="g"/><summaryStatistic method="3"/><color id="c" variable="k"/></interval>',
+        '<interval positionModifier="3"><x variable="k"/><summaryStatistic method="3"/><color id="c" variable="k"/></interval>',
       targets: ['c'],
       titles: ['Kinds'],
       coordinates: '<dimension/><dimension/><transposeTransform/><polarTransform/>',

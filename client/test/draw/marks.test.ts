@@ -446,6 +446,20 @@ describe('weights', () => {
 });
 
 describe('pies', () => {
+  test('tell of values below 0, which have no slice', () => {
+    const drawn = picture(
+      { k: [1, 2, 3], b: [3, -1, 2] },
+      '<interval positionModifier="3"><y variable="b"/><color variable="k"/></interval>',
+      {
+        categorical: { k: ['one', 'two', 'three'] },
+        coordinates: '<dimension/><dimension/><transposeTransform/><polarTransform/>',
+      },
+    );
+    expect(drawn.notes).toEqual([
+      'Values below 0 are not in the pie: two. Its shares are those of the rest.',
+    ]);
+  });
+
   test('have a slice for each category, with its share', () => {
     const drawn = picture(
       { k: [1, 1, 1, 2] },

@@ -1,6 +1,4 @@
 import { describe, expect, test } from 'vitest';
-import type { Chart, Graph } from '../../src/chart/model.js';
-import type { Data } from '../../src/data/columns.js';
 import { orientationOf } from '../../src/draw/compile/orientation.js';
 import { picture } from './chart.js';
 
@@ -8,11 +6,10 @@ describe('reflections', () => {
   const reflections = (...transforms: ({ kind: 'transpose' } | { kind: 'reflect'; dimension: number })[]) =>
     orientationOf(
       {
-        coordinates: [{ transforms: transforms.map((each) => ({ alternating: false, ...each })) }],
-        elements: [],
-      } as unknown as Graph,
-      {} as Chart,
-      {} as Data,
+        id: '',
+        dimensions: [],
+        transforms: transforms.map((each) => ({ alternating: false, ...each })),
+      },
       [],
     ).reflections.map(({ screen }) => screen);
 

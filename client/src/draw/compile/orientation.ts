@@ -1,5 +1,5 @@
 /** How the dimensions lie on the screen: transposed, and reflected in some panels. */
-import type { Chart, ChartElement, Graph } from '../../chart/model.js';
+import type { Chart, ChartElement, Coordinates, Graph } from '../../chart/model.js';
 import type { Data } from '../../data/columns.js';
 import { isGrouping } from './grouping.js';
 
@@ -32,10 +32,13 @@ export function isPie(graph: Graph, chart: Chart, data: Data): boolean {
 }
 
 /** Transforms act one after the other: a reflection behind a transpose means the dimension by its new position. */
-export function orientationOf(graph: Graph, chart: Chart, data: Data, notes: string[]): Orientation {
-  const transforms = graph.coordinates[0]?.transforms ?? [];
-  const polar = isPie(graph, chart, data);
-  if (!polar && wantsPolar(graph))
+export function orientationOf(
+  coordinates: Coordinates | undefined,
+  notes: string[],
+  polar = false,
+): Orientation {
+  const transforms = coordinates?.transforms ?? [];
+  if (!polar && transforms.some((each) => each.kind === 'polar'))
     notes.push(
       'Of polar coordinates only pies of stacked bars are drawn; this graph stands in straight ones.',
     );
