@@ -72,6 +72,18 @@ describe('areas', () => {
     expect(tops(picture(columns, means, { categorical: g }))[0]).toEqual([0.5, 0.5, 0.5]);
   });
 
+  test('of values go on upright where a group below begins or ends', () => {
+    const columns = { a: [2, 3, 1, 2, 3, 4], b: [2, 2, 2, 2, 2, 2], g: [1, 1, 2, 2, 2, 2] };
+    const drawn = picture(columns, stacked('<y variable="b"/>'), { categorical: g });
+    // At 2 and 3 the upper area has two heights: without and with the lower one.
+    expect(tops(drawn)).toEqual([
+      [0.5, 0.5],
+      [0.5, 0.5, 1, 1, 0.5, 0.5],
+    ]);
+    expect(drawn.names().join()).toContain('v: 4 places on an area');
+    expect(drawn.drawn.dataTable.rows).toHaveLength(6);
+  });
+
   test('of a group that has a gap leave those above whole', () => {
     const columns = { a: [1, 2, 3, 1, 2, 3], b: [1, null, 1, 1, 1, 1], g: [1, 1, 1, 2, 2, 2] };
     const drawn = picture(columns, stacked('<y variable="b"/>'), { categorical: g });

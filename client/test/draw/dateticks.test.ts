@@ -130,3 +130,14 @@ test('a single date has dates around it', () => {
   });
   expect(drawn.textsOf('x axis')).toEqual(['2024-02-28', '2024-02-29', '2024-03-01']);
 });
+
+test('a distance of dates that gives too many ticks leaves round dates', () => {
+  const axis = '<axis><majorTicks delta="7"/></axis>';
+  const day = 86_400;
+  const drawn = picture({ a: [19786 * day, 19846 * day], b: [3, 4] }, dated('point'), {
+    rest: dates,
+    coordinates: `<dimension>${axis}</dimension><dimension/>`,
+  });
+  expect(drawn.textsOf('x axis').length).toBeGreaterThan(3);
+  expect(drawn.notes).toEqual(['Ticks along x do not have the distance that the chart wants.']);
+});

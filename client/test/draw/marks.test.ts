@@ -259,7 +259,14 @@ describe('lines and areas', () => {
     const corners = drawn.marks('line')[0]!.getAttribute('d')!.split('L');
     expect(corners.length).toBeLessThan(8_100);
     expect(drawn.drawn.dataTable.rows.some((row) => Number(row[1]) === 1000)).toBe(true);
-    expect(drawn.notes.join()).toContain('A line of 30000 places');
+    expect(drawn.notes.join()).toContain('A line of 30,000 places');
+  });
+
+  test('of many places have all of them', () => {
+    const a = Array.from({ length: 15_000 }, (_, at) => at);
+    const drawn = picture({ a, b: a.map((at) => Math.sin(at)) }, `<line>${xy}</line>`);
+    expect(drawn.marks('line')[0]!.getAttribute('d')!.split('L')).toHaveLength(15_000);
+    expect(drawn.notes).toEqual([]);
   });
 
   test('areas reach from one variable to the other', () => {
@@ -391,7 +398,7 @@ describe('labels', () => {
       { a: many, b: many, n: many },
       '<point><x variable="a"/><y variable="b"/><labeling variable="n"/></point>',
     );
-    expect(drawn.notes).toContain('Of 2001 labels the first 2000 are drawn.');
+    expect(drawn.notes).toContain('Of 2,001 labels the first 2,000 are drawn.');
   });
 
   test('stay where the chart wants all of them', () => {

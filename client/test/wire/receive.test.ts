@@ -367,6 +367,10 @@ describe('compressed contents', () => {
     expect(problemOf(bomb, 1_000_000)).toBe(`${before}it holds more than 1000000 bytes.`);
   });
 
+  test('may hold as much as 200 MiB, unless less is allowed', () => {
+    expect(problemOf(deflateSync(Buffer.alloc(200 * 1024 * 1024)))).toBeUndefined();
+  });
+
   test('may not hold too much together', () => {
     const part = deflateSync(Buffer.alloc(600_000));
     const capture = new CaptureBuilder().content(0, 'd').content(12, part).content(13, part).done().bytes();

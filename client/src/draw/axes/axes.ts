@@ -9,6 +9,7 @@ import { atMost, lineHeight, textLook, wrap, type TextLook } from '../svg/text.j
 import { askedLabels } from './thinning.js';
 import { layoutAcross, layoutUpright, leastLabelSize } from './ticklabels.js';
 import { tickLength, type Tick, type TickLayout } from './ticks.js';
+import { counted } from '../notes/counts.js';
 
 export type AxisPlace = 'bottom' | 'top' | 'left' | 'right';
 
@@ -126,7 +127,8 @@ export function axisNotes(axes: DrawnAxis[]): string[] {
     const cut = layout.lines.filter((lines, at) => isShortened(lines, ticks[at]!.text)).length;
     const shown = layout.lines.filter((lines) => lines.length > 0).length - drawn.labels(0).lost;
     const out = askedLabels(ticks, axis.ticks) - shown;
-    const labels = (count: number) => `${count} ${count === 1 ? 'label' : 'labels'} of the axis ${name}`;
+    const labels = (count: number) =>
+      `${counted(count)} ${count === 1 ? 'label' : 'labels'} of the axis ${name}`;
     if (cut > 0) notes.push(`${labels(cut)} ${cut === 1 ? 'is' : 'are'} shortened.`);
     if (out > 0) notes.push(`${labels(out)} ${out === 1 ? 'has' : 'have'} no room.`);
     return notes;

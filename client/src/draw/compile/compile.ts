@@ -11,6 +11,7 @@ import { missingNotes, withoutLookNotes } from '../notes/missing.js';
 import { rowsOf, type Panel } from './panels.js';
 import { planOf, type Plan, type Scope } from './plan.js';
 import { Places, shapesOf } from './shapes.js';
+import { counted } from '../notes/counts.js';
 
 /** The rows of one group in one panel. */
 interface Part {
@@ -153,7 +154,7 @@ function intervalNotes(panels: Layer[][]): string[] {
   const layers = panels.flat().filter((layer) => layer.kind === 'errors');
   const bare = layers.flatMap((layer) => layer.shapes).filter((shape) => shape.low === undefined).length;
   if (bare === 0) return [];
-  return [`${bare} ${bare === 1 ? 'group has' : 'groups have'} too few cases for an error bar.`];
+  return [`${counted(bare)} ${bare === 1 ? 'group has' : 'groups have'} too few cases for an error bar.`];
 }
 
 /** The layers of every panel, in the order in which they are drawn. */

@@ -43,6 +43,8 @@ export interface Shape {
   row?: number;
   /** It has no case of its own: it is 0, or lies on the line between its neighbours. */
   between?: true;
+  /** Of two heights at one place: that of the areas which go on where another one begins or ends. */
+  side?: 'before' | 'after';
   /** How many cases it stands for, where they were counted. */
   cases?: number;
 }

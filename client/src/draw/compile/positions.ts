@@ -70,8 +70,9 @@ function narrowBin(shape: Shape, slot: { at: number; of: number }): void {
 
 /** Bars and areas from the base line to their value, or on each other; values below the base line go down. */
 function stackAlongY(layers: Layer[], baseline: number): void {
-  const tops = new Map<number, number>();
-  const bottoms = new Map<number, number>();
+  const tops = new Map<number | string, number>();
+  const bottoms = new Map<number | string, number>();
+  const placeOf = ({ x, side }: Shape) => (side ? `${side} ${x}` : x);
   for (const layer of layers) {
     if (layer.kind !== 'bars' && layer.kind !== 'area' && layer.kind !== 'slices') continue;
     const stacked = layer.element.modifier === stackModifier || layer.kind === 'slices';
@@ -79,11 +80,10 @@ function stackAlongY(layers: Layer[], baseline: number): void {
       if (shape.y1 !== undefined) continue;
       // A missing value ends no stack: others stand there as if it were not.
       const reach = stacked && !Number.isNaN(shape.y) ? (shape.y >= 0 ? tops : bottoms) : null;
-      const sum = reach?.get(shape.x);
+      const sum = reach?.get(placeOf(shape));
       shape.y1 = sum ?? baseline;
       shape.y2 = (sum ?? 0) + shape.y;
-      // What is missing leaves a gap, and those above stand where it would.
-      if (!Number.isNaN(shape.y2)) reach?.set(shape.x, shape.y2);
+      reach?.set(placeOf(shape), shape.y2);
     }
   }
 }
@@ -121,6 +121,48 @@ function alignAreas(layers: Layer[]): void {
   const all = new Set(stacked.flatMap(({ shapes }) => shapes.map(({ x }) => x)));
   const places = Float64Array.from(all).sort();
   for (const layer of stacked) layer.shapes = withPlaces(layer.shapes, places);
+  const ends = endsOf(stacked);
+  for (const layer of stacked) layer.shapes = withSteps(layer.shapes, ends);
+}
+
+const isPlace = (shape: Shape | undefined): shape is Shape => shape !== undefined && !Number.isNaN(shape.y);
+
+/** Where areas begin and where they end, at their ends and beside gaps. */
+function endsOf(layers: Layer[]): { begins: Set<number>; ends: Set<number> } {
+  const [begins, ends] = [new Set<number>(), new Set<number>()];
+  for (const { shapes } of layers) {
+    for (const [at, shape] of shapes.entries()) {
+      if (!isPlace(shape)) continue;
+      if (!isPlace(shapes[at - 1])) begins.add(shape.x);
+      if (!isPlace(shapes[at + 1])) ends.add(shape.x);
+    }
+  }
+  return { begins, ends };
+}
+
+/** Those that go on where another begins or ends have two heights there: with it, and without. */
+function withSteps(shapes: Shape[], { begins, ends }: ReturnType<typeof endsOf>): Shape[] {
+  return shapes.flatMap((shape, at): Shape[] => {
+    if (!isPlace(shape)) return [shape];
+    const { x, y } = shape;
+    const before = begins.has(x) && isPlace(shapes[at - 1]);
+    const after = ends.has(x) && isPlace(shapes[at + 1]);
+    return [
+      ...(before ? [{ x, y, between: true, side: 'before' } as const] : []),
+      shape,
+      ...(after ? [{ x, y, between: true, side: 'after' } as const] : []),
+    ];
+  });
+}
+
+/** Not what begins or ends above them, but only what does so below them makes a step. */
+function withoutFlatSteps(shapes: Shape[]): Shape[] {
+  const same = (one: Shape, other: Shape | undefined) =>
+    one.x === other?.x && one.y1 === other.y1 && one.y2 === other.y2;
+  return shapes.filter((shape, at) => {
+    if (!shape.side) return true;
+    return !same(shape, shape.side === 'before' ? shapes[at + 1] : shapes[at - 1]);
+  });
 }
 
 /** Gives the shapes of each panel their room. */
@@ -134,5 +176,6 @@ export function position(panels: Layer[][], x: Direction, baseline: number): voi
     }
     if (x.kind !== 'category') alignAreas(layers);
     stackAlongY(layers, baseline);
+    for (const layer of layers) if (layer.kind === 'area') layer.shapes = withoutFlatSteps(layer.shapes);
   }
 }

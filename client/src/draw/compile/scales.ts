@@ -5,6 +5,7 @@ import { pixels, type Length } from '../../chart/markup.js';
 import { decimalsOf, mostDecimals, numberText } from '../../data/format.js';
 import { placeOf, unitOfDate, type Direction } from './directions.js';
 import type { Layer, Shape } from './layers.js';
+import { counted } from '../notes/counts.js';
 
 export interface DrawnScale {
   direction: Direction;
@@ -211,7 +212,7 @@ function boundNotes(direction: Direction, panels: Layer[][], [low, high]: [numbe
   }
   if (outside === 0) return [];
   return [
-    `${outside} of ${all} values ${outside === 1 ? 'lies' : 'lie'} outside the ${direction.name} axis.`,
+    `${counted(outside)} of ${counted(all)} values ${outside === 1 ? 'lies' : 'lie'} outside the ${direction.name} axis.`,
   ];
 }
 
@@ -238,7 +239,7 @@ function footNotes(
   const bars = standing.filter(({ kind }) => kind === 'bars').flatMap(({ shapes }) => shapes);
   const flat = bars.filter(({ y1, y2 }) => y1 === foot && y2 === foot).length;
   if (flat === 0) return notes;
-  const [count, are] = flat === 1 ? ['1 bar', 'is'] : [`${flat} bars`, 'are'];
+  const [count, are] = flat === 1 ? ['1 bar', 'is'] : [`${counted(flat)} bars`, 'are'];
   const where = `where bars begin on a logarithmic scale`;
   return [...notes, `${count} ${are} not to be seen: the value is ${plainNumber(foot)}, ${where}.`];
 }

@@ -9,6 +9,7 @@ import type { BoxShape, Shape } from './layers.js';
 import type { Panel } from './panels.js';
 import type { Plan, Scope } from './plan.js';
 import type { Varied } from './ranges.js';
+import { counted } from '../notes/counts.js';
 
 /** Reads the places of rows in one panel. */
 export class Places {
@@ -95,11 +96,9 @@ function sampled(rows: ArrayLike<number>, share: number): number[] {
 
 /** Of many points a random sample. */
 function bounded(plan: Plan, rows: ArrayLike<number>, scope: Scope): ArrayLike<number> {
-  const counted = plan.kind === 'line' || plan.kind === 'area' || plan.rows <= mostMarks;
-  if (counted || plan.summary || plan.element.density || plan.kind === 'boxes') return rows;
-  scope.notes.push(
-    `Of ${plan.rows.toLocaleString('en')} rows a random sample of about ${mostMarks.toLocaleString('en')} is drawn.`,
-  );
+  const connected = plan.kind === 'line' || plan.kind === 'area' || plan.rows <= mostMarks;
+  if (connected || plan.summary || plan.element.density || plan.kind === 'boxes') return rows;
+  scope.notes.push(`Of ${counted(plan.rows)} rows a random sample of about ${counted(mostMarks)} is drawn.`);
   return sampled(rows, mostMarks / plan.rows);
 }
 
@@ -110,7 +109,7 @@ const stretches = 2_000;
 function thinnedLine(shapes: Shape[], scope: Scope): Shape[] {
   if (shapes.length <= mostCorners) return shapes;
   scope.notes.push(
-    `A line of ${shapes.length} places is drawn by the first, lowest, highest and last place of each of ${stretches} stretches.`,
+    `A line of ${counted(shapes.length)} places is drawn by the first, lowest, highest and last place of each of ${counted(stretches)} stretches.`,
   );
   const size = Math.ceil(shapes.length / stretches);
   const kept: Shape[] = [];

@@ -1,6 +1,7 @@
 /** Puts the entries of legends into columns and rows, as many of them as there is room for. */
 import type { Look, LookKind } from '../compile/looks.js';
 import { atMost, lineHeight, shorten, textWidth, widest, wrap, type TextLook } from '../svg/text.js';
+import { counted } from '../notes/counts.js';
 
 /** A sample of a look with what it stands for. */
 export interface Entry {
@@ -199,7 +200,7 @@ function placeAll(sections: Sized[][], room: Room, across: boolean): Block[] | n
 }
 
 function moreEntry(hidden: number, fit: Fit, look: TextLook): Sized {
-  const entry: Entry = { look: null, kind: 'point', text: `\u2026 and ${hidden} more` };
+  const entry: Entry = { look: null, kind: 'point', text: `\u2026 and ${counted(hidden)} more` };
   const width = swatchWidth + gapToText + textWidth(entry.text, look);
   const height = Math.max(lineHeight(look), swatchHeight) + fit.gap;
   return {

@@ -7,6 +7,7 @@ import { ownTexts } from '../compile/looks.js';
 import type { Canvas } from './marks.js';
 import { placeOutliers } from './outlierlabels.js';
 import { lineHeight, textLook, textWidth, type TextLook } from '../svg/text.js';
+import { counted } from '../notes/counts.js';
 
 export interface PlacedLabel {
   /** In units of the scales that run across and upwards. */
@@ -148,7 +149,8 @@ export function placeLabels(canvas: Canvas, layer: Layer, layers: Layer[], notes
   if (!look) return [];
   if (layer.kind === 'boxes') return placeOutliers(canvas, layer, layers, look, notes);
   const all = candidatesOf(layer, canvas, look);
-  if (all.length > mostLabels) notes.push(`Of ${all.length} labels the first ${mostLabels} are drawn.`);
+  if (all.length > mostLabels)
+    notes.push(`Of ${counted(all.length)} labels the first ${counted(mostLabels)} are drawn.`);
   const candidates = all.slice(0, mostLabels);
   if (layer.element.showCollidingLabels) return candidates;
   const taken: Room[] = symbolRooms(layer, canvas);

@@ -11,6 +11,7 @@ import {
 import type { BoxShape, Layer, Shape } from '../compile/layers.js';
 import { capShare, type Canvas } from './marks.js';
 import { lineHeight } from '../svg/text.js';
+import { counted } from '../notes/counts.js';
 
 /** The labels of a box's outliers from the lowest one; those of equal values stand in one text, or a `short` one. */
 function joinedLabels({ outliers }: BoxShape): { value: number; text: string; short: string }[] {
@@ -128,14 +129,14 @@ class OutlierPlaces {
   }
 }
 
-const noteOfLost = /^(\d+) labels? of outliers ha(?:s|ve) no room\.$/;
+const noteOfLost = /^([\d,]+) labels? of outliers ha(?:s|ve) no room\.$/;
 
 /** One note for all panels and groups. */
 function noteLost(count: number, notes: string[]): void {
   if (count === 0) return;
   const at = notes.findIndex((note) => noteOfLost.test(note));
-  const all = count + (at < 0 ? 0 : Number(noteOfLost.exec(notes[at]!)![1]));
-  const note = `${all} ${all === 1 ? 'label' : 'labels'} of outliers ${all === 1 ? 'has' : 'have'} no room.`;
+  const all = count + (at < 0 ? 0 : Number(noteOfLost.exec(notes[at]!)![1]!.replace(/,/g, '')));
+  const note = `${counted(all)} ${all === 1 ? 'label' : 'labels'} of outliers ${all === 1 ? 'has' : 'have'} no room.`;
   if (at < 0) notes.push(note);
   else notes[at] = note;
 }
@@ -155,7 +156,8 @@ export function placeOutliers(
   const wanted = layer.shapes.flatMap((shape) =>
     joinedLabels(shape.box!).map((label) => ({ ...label, shape })),
   );
-  if (wanted.length > mostLabels) notes.push(`Of ${wanted.length} labels the first ${mostLabels} are drawn.`);
+  if (wanted.length > mostLabels)
+    notes.push(`Of ${counted(wanted.length)} labels the first ${counted(mostLabels)} are drawn.`);
   const shapes = boxes.flatMap((each) => each.shapes);
   const shown = wanted.slice(0, mostLabels);
   const placed = shown.flatMap(({ shape, value, text, short }) => {

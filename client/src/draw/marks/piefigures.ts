@@ -5,6 +5,7 @@ import type { Layer } from '../compile/layers.js';
 import type { Canvas } from './marks.js';
 import type { Maker } from '../svg/svg.js';
 import { lineHeight, textWidth, type TextLook } from '../svg/text.js';
+import { counted } from '../notes/counts.js';
 
 /** Slices of a lower share have a line to their figure. */
 const leastAlone = 0.04;
@@ -35,7 +36,7 @@ interface Figure {
 const gapToFigure = 12;
 
 const noteOf = (count: number) =>
-  `${count} ${count === 1 ? 'share' : 'shares'} of slices ${count === 1 ? 'has' : 'have'} no room.`;
+  `${counted(count)} ${count === 1 ? 'share' : 'shares'} of slices ${count === 1 ? 'has' : 'have'} no room.`;
 
 const least = 0.001;
 

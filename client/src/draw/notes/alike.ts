@@ -5,6 +5,7 @@ import { aestheticOf, cycleOf, mappingOf, type Grouping, type GroupVariable } fr
 import type { LayerKind } from '../compile/layers.js';
 import type { PanelGrid } from '../compile/panels.js';
 import { unseenGroups } from './unhonoured.js';
+import { counted } from './counts.js';
 
 /** Those of a variable's aesthetics that marks of that kind show. */
 function seenOf(variable: GroupVariable, kind: LayerKind, chart: Chart): Aesthetic[] {
@@ -35,7 +36,7 @@ export function alikeNotes(
     if (seen.length === 0 || [...told, ...element.x, ...element.y].includes(id)) return [];
     const [groups, looks] = [variable.categories.length, looksOf(variable.categories, seen, chart)];
     if (looks >= groups) return [];
-    const are = looks === 1 ? 'is 1 look' : `are ${looks} looks`;
-    return [`${label || id} has ${groups} groups, but there ${are}: some groups look alike.`];
+    const are = looks === 1 ? 'is 1 look' : `are ${counted(looks)} looks`;
+    return [`${label || id} has ${counted(groups)} groups, but there ${are}: some groups look alike.`];
   });
 }

@@ -25,6 +25,7 @@ import { elementName, marksName } from './names.js';
 import { styleNotes } from './styleuse.js';
 import { baseOf } from '../axes/ticktexts.js';
 import { mostTicks } from '../axes/tickvalues.js';
+import { counted } from './counts.js';
 
 /** The type of contents that are maps. */
 const mapContent = 10;
@@ -76,7 +77,7 @@ function elementNotes(element: ChartElement): string[] {
   const name = elementName(element);
   const notes: string[] = [];
   if (element.labeling.length > 1)
-    notes.push(`Of ${element.labeling.length} labels of ${name} the first is drawn.`);
+    notes.push(`Of ${counted(element.labeling.length)} labels of ${name} the first is drawn.`);
   if (element.labeling.some((each) => each.connectingLines))
     notes.push(`Lines from labels of ${name} to what they name are not drawn.`);
   if (element.labeling.length > 0) notes.push(...labelNotes(element, name));
@@ -253,7 +254,7 @@ function cellNotes(graph: Graph, grid: PanelGrid, columns: number, rows: number)
   const cells = graph.layout?.cellStyles.length ?? 0;
   const notes: string[] = [];
   if (cells > grid.panels.length)
-    notes.push(`There are looks of ${cells} panels, but ${grid.panels.length} panels.`);
+    notes.push(`There are looks of ${counted(cells)} panels, but ${grid.panels.length} panels.`);
   if (cells > 0 && columns > 1 && rows > 1)
     notes.push(
       'Looks of single panels are given row by row; the chart does not say in which order they stand.',
