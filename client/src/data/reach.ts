@@ -3,7 +3,7 @@
 export type ValueKind = 'number' | 'date' | 'category';
 
 /** Dates, in seconds since 1970, are those that calendars of browsers have. */
-const farthest: Record<ValueKind, number> = { number: 1e300, date: 8e12, category: Number.MAX_VALUE };
+const farthest: Record<ValueKind, number> = { number: 1e305, date: 8e12, category: Number.MAX_VALUE };
 
 export const isWithinReach = (value: number, kind: ValueKind) => Math.abs(value) <= farthest[kind];
 

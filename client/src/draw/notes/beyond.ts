@@ -3,7 +3,7 @@ import type { Layer, Shape } from '../compile/layers.js';
 import { counted } from './counts.js';
 
 /** Larger than single values may be, so that stacks of these have room. */
-const farthest = 1e305;
+const farthest = 1e306;
 
 const isBeyond = ({ x, y, x1, x2, y1, y2, low, high }: Shape) =>
   [x, y, x1, x2, y1, y2, low, high].some((value) => value !== undefined && Math.abs(value) > farthest);
