@@ -7,31 +7,13 @@ import type { Data } from '../data/columns.js';
 import { none, readable, safeColor } from './svg/colors.js';
 import type { Figures } from './compile/figures.js';
 import { drawBox, drawFrame } from './frames.js';
-import { drawGraph, type LineNames } from './graph.js';
+import { nameLines } from './endnames.js';
+import { drawGraph } from './graph.js';
 import { drawLegend } from './legends/legends.js';
 import { ownTexts } from './compile/looks.js';
 import { Patterns } from './svg/patterns.js';
 import { smallText } from './smalltexts.js';
 import type { Maker } from './svg/svg.js';
-
-/** Lines that a legend does not explain are named at their ends, or within panels that have no room there. */
-function nameLines(compiled: CompiledGraph, chart: Chart): LineNames {
-  const explained = new Set(chart.legends.flatMap((legend) => legend.targets));
-  const look = { ...smallText([compiled.graph], ownTexts.guideLabel), weight: 'bold' };
-  const named = compiled.panels.flat().filter(({ kind, element, group, look, shapes }) => {
-    const isNamed = kind === 'line' && element.name !== '' && !explained.has(element.id) && look.visible;
-    return isNamed && group.categories.length === 0 && shapes.some((shape) => !Number.isNaN(shape.y));
-  });
-  if (compiled.grid.panels.length !== 1 || compiled.orientation.transposed) {
-    const within = named.map((layer) => [layer, { ...look, color: layer.look.stroke }] as const);
-    return { beside: [], within: new Map(within), look };
-  }
-  const beside = named.map((layer) => {
-    const shown = layer.shapes.filter((shape) => !Number.isNaN(shape.y));
-    return { text: layer.element.name, color: layer.look.stroke, y: shown[shown.length - 1]!.y };
-  });
-  return { beside, within: new Map(), look };
-}
 
 /** The page itself: its color, and its outline. */
 function drawPage({ pageStyle }: Chart, color: string, width: number, height: number, maker: Maker) {
@@ -59,8 +41,9 @@ export function compose(
   const patterns = new Patterns(maker, paper === none ? '#ffffff' : paper);
   const drawn = graphs.map((compiled, at) => {
     const clipPrefix = `${maker.prefix}-clip-${at}`;
-    const scope = { patterns, maker, paper, clipPrefix, lineNames: nameLines(compiled, chart) };
-    return drawGraph(compiled, layout.graphs[at]!, scope);
+    const room = layout.graphs[at]!;
+    const lineNames = nameLines(compiled, chart, room.width);
+    return drawGraph(compiled, room, { patterns, maker, paper, clipPrefix, lineNames });
   });
   const legends = layout.legends.map(({ laid, box }) =>
     drawLegend(laid, box.left, box.top, { patterns, paper, maker }),

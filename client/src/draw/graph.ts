@@ -2,19 +2,17 @@
 import { pixels } from '../chart/markup.js';
 import { isUpright, type AxisPlace } from './axes/axes.js';
 import { drawAxisTitle, drawTicks, frameColor } from './axes/drawaxes.js';
-import { none, readableShade, safeColor } from './svg/colors.js';
+import { none, safeColor } from './svg/colors.js';
 import type { CompiledGraph } from './compilegraph.js';
+import { drawLineNames, roomForNames, type LineNames } from './endnames.js';
 import { axisRoom, countsOf, layoutOf, type Layout } from './graphlayout.js';
 import { drawColumnHeaders, drawRowHeaders } from './axes/headers.js';
-import type { Layer } from './compile/layers.js';
-import { isReflected, type Orientation } from './compile/orientation.js';
 import type { Rectangle } from './page.js';
+import { panelScales, reflected } from './panelscales.js';
 import type { Panel } from './compile/panels.js';
 import type { Patterns } from './svg/patterns.js';
 import { drawPanel, type GridLines, type PanelFrame } from './marks/plot.js';
-import { withFunctions, type DrawnScale } from './compile/scales.js';
 import type { Maker } from './svg/svg.js';
-import { lineHeight, widest, type TextLook } from './svg/text.js';
 
 function gridLines(layout: Layout, across: boolean): GridLines | null {
   const axis = layout.axes.find(
@@ -29,22 +27,6 @@ function gridLines(layout: Layout, across: boolean): GridLines | null {
     dashes: style.dashes?.map((dash) => pixels(dash, 1)) ?? [],
     opacity: style.opacity ?? 1,
     cap: style.lineCap ?? 'butt',
-  };
-}
-
-function reflected(scale: DrawnScale, orientation: Orientation, screen: 0 | 1, place: number): DrawnScale {
-  if (!isReflected(orientation, screen, place)) return scale;
-  return withFunctions({ ...scale, inverted: !scale.inverted });
-}
-
-/** The scales of one panel, some of them mirrored. */
-function panelScales(compiled: CompiledGraph, layout: Layout, panel: Panel): Layout['scales'] {
-  const { orientation } = compiled;
-  const turn = (scale: DrawnScale, screen: 0 | 1) =>
-    reflected(scale, orientation, screen, screen === 0 ? panel.column : panel.row);
-  return {
-    x: turn(layout.scales.x, orientation.transposed ? 1 : 0),
-    y: turn(layout.scales.y, orientation.transposed ? 0 : 1),
   };
 }
 
@@ -71,33 +53,6 @@ export interface GraphScope {
   paper: string;
   clipPrefix: string;
   lineNames: LineNames;
-}
-
-/** What lines are called that no legend explains. */
-export interface LineNames {
-  /** Beside the ends of lines, at a place along y. */
-  beside: { text: string; color: string; y: number }[];
-  /** Within panels. */
-  within: Map<Layer, TextLook>;
-  look: TextLook;
-}
-
-/** Names at the heights of their lines, moved apart where they would cover each other. */
-function drawLineNames(layout: Layout, scope: GraphScope): SVGElement {
-  const { maker } = scope;
-  const group = maker.group('Names of lines', 'group');
-  const { beside, look } = scope.lineNames;
-  const wanted = beside
-    .map((name) => ({ ...name, at: (1 - layout.scales.y.unit(name.y)) * layout.height }))
-    .sort((a, b) => a.at - b.at);
-  let last = -Infinity;
-  for (const name of wanted) {
-    last = Math.max(name.at, last + lineHeight(look));
-    const color = readableShade(scope.paper, name.color);
-    const x = layout.width + look.size / 2;
-    group.append(maker.text([name.text], x, last + look.size * 0.35, { ...look, color }));
-  }
-  return group;
 }
 
 /** What all panels have, and what this one has of its own. */
@@ -131,7 +86,7 @@ function drawContent(compiled: CompiledGraph, layout: Layout, { panel, at }: Pla
     guides: compiled.guides,
     lineNames: scope.lineNames.within,
     canvas: {
-      ...panelScales(compiled, layout, panel),
+      ...panelScales(compiled, layout.scales, panel),
       transposed: compiled.orientation.transposed,
       width,
       height,
@@ -196,10 +151,11 @@ function drawHeaders(layout: Layout, width: number, height: number, maker: Maker
     );
 }
 
-/** The room beside the panels that names of lines need, in pixels. */
-function roomForNames({ beside, look }: LineNames): number {
-  const names = beside.map(({ text }) => text);
-  return names.length > 0 ? widest(names, look) + 1.2 * look.size : 0;
+/** Names of lines at the right of the only panel. */
+function drawNames(compiled: CompiledGraph, layout: Layout, scope: GraphScope): SVGElement {
+  const scales = panelScales(compiled, layout.scales, compiled.grid.panels[0]!);
+  const panel = { ...scales, transposed: false, width: layout.width, height: layout.height };
+  return drawLineNames(scope.lineNames, panel, scope.paper, compiled.notes, scope.maker);
 }
 
 export function drawGraph(compiled: CompiledGraph, whole: Rectangle, scope: GraphScope): SVGElement {
@@ -212,7 +168,7 @@ export function drawGraph(compiled: CompiledGraph, whole: Rectangle, scope: Grap
   const allWidth = Math.max(...layout.columnStarts) + layout.width;
   const allHeight = Math.max(...layout.rowStarts) + layout.height;
   group.append(...drawHeaders(layout, allWidth, allHeight, maker));
-  if (scope.lineNames.beside.length > 0) group.append(drawLineNames(layout, scope));
+  if (scope.lineNames.beside.length > 0) group.append(drawNames(compiled, layout, scope));
   for (const axis of layout.axes) {
     const title = drawAxisTitle(axis, allWidth, allHeight, layout.rooms, maker);
     if (title) group.append(title);

@@ -7,6 +7,7 @@ import {
   isUpright,
   labelLookOf,
   layoutAxis,
+  placeOfAxis,
   type AxisPlace,
   type DrawnAxis,
 } from './axes/axes.js';
@@ -36,12 +37,6 @@ export interface Layout {
 
 const defaultGap = 0.05;
 const edgeRoom = 10;
-
-function placeOfAxis(axis: Axis, name: 'x' | 'y', transposed: boolean): AxisPlace {
-  const upright = (name === 'y') !== transposed;
-  if (upright) return axis.opposite ? 'right' : 'left';
-  return axis.opposite ? 'top' : 'bottom';
-}
 
 /** The second axis as shares of all that the bars show, in percent. */
 function derivedScale(compiled: CompiledGraph, scale: DrawnScale): DrawnScale {

@@ -36,6 +36,12 @@ const gapBetweenAxes = 8;
 
 export const isUpright = (place: AxisPlace) => place === 'left' || place === 'right';
 
+export function placeOfAxis(axis: Axis, name: 'x' | 'y', transposed: boolean): AxisPlace {
+  const upright = (name === 'y') !== transposed;
+  if (upright) return axis.opposite ? 'right' : 'left';
+  return axis.opposite ? 'top' : 'bottom';
+}
+
 export function labelLookOf(axis: Axis): TextLook {
   return textLook(axis.ticks?.style ?? {}, ownTexts.tickLabel);
 }

@@ -2,12 +2,10 @@
 import * as Plot from '@observablehq/plot';
 import { leastIndex } from 'd3';
 import { none } from '../svg/colors.js';
-import type { Layer, Shape } from '../compile/layers.js';
+import type { Layer } from '../compile/layers.js';
 import type { Canvas } from './marks.js';
+import { spotOf, visibleSpots, type Spot } from './visibleline.js';
 import { atMost, lineHeight, widest, wrap, type TextLook } from '../svg/text.js';
-
-/** In pixels, from the left and from below. */
-export type Spot = [number, number];
 
 interface Room {
   left: number;
@@ -20,13 +18,6 @@ export interface NamePlace {
   spot: Spot;
   anchor: 'start' | 'end';
   above: boolean;
-}
-
-export function spotOf({ x, y }: Pick<Shape, 'x' | 'y'>, canvas: Canvas): Spot {
-  const [ux, uy] = [canvas.x.unit(x), canvas.y.unit(y)];
-  return canvas.transposed
-    ? [uy * canvas.width, ux * canvas.height]
-    : [ux * canvas.width, uy * canvas.height];
 }
 
 /** Pieces of a line that are looked at by themselves are that long, in pixels. */
@@ -164,12 +155,18 @@ export function placesAlong(spots: Spot[]): NamePlace[] {
   return [...ends, ...inner];
 }
 
-/** The name of a line of the data in a panel; null where there is no room for it. */
-export function layerNameMark(layer: Layer, around: Surroundings, look: TextLook): Plot.Markish | null {
+/**
+ * The name of a line of the data in a panel, from the right end of the line on; null where there is no room for it, and
+ * none where the line is not seen.
+ */
+export function layerNameMark(layer: Layer, around: Surroundings, look: TextLook): Plot.Markish[] | null {
   const { canvas } = around;
-  const within = ([x, y]: Spot) => x >= 0 && x <= canvas.width && y >= 0 && y <= canvas.height;
-  const spots = layer.shapes.map((shape) => spotOf(shape, canvas)).filter(within);
+  const spots = visibleSpots(layer, canvas);
+  if (spots.length === 0) return [];
+  if (spots[0]![0] > spots[spots.length - 1]![0]) spots.reverse();
   const lines = linesOfName(layer.element.name, canvas.width, look);
   const place = around.freest(placesAlong(spots), lines, look, null);
-  return place && nameMark(lines, place, canvas, look);
+  return place && [nameMark(lines, place, canvas, look)];
 }
+
+export const noRoomFor = (name: string) => `The name of the line "${name}" has no room.`;

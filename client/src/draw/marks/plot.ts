@@ -9,7 +9,7 @@ import { guideMarks, type DrawnGuide } from './guides.js';
 import type { Layer, Shape } from '../compile/layers.js';
 import { stackDots } from '../compile/dots.js';
 import { labelsOf } from './labelmarks.js';
-import { layerNameMark, type Surroundings } from './linenames.js';
+import { layerNameMark, noRoomFor, type Surroundings } from './linenames.js';
 import { isWhole, marksAbove, marksOf, type Canvas } from './marks.js';
 import type { Panel } from '../compile/panels.js';
 import { drawSlices } from './pie.js';
@@ -152,9 +152,9 @@ function namesOf({ layers, lineNames, canvas, notes }: PanelContent, around: Sur
   return layers.flatMap((layer) => {
     const look = lineNames.get(layer);
     if (!look) return [];
-    const mark = layerNameMark(layer, around, { ...look, color: readableShade(canvas.paper, look.color) });
-    if (!mark) notes.push(`The name of the line "${layer.element.name}" has no room.`);
-    return mark ? [{ name: '', marks: [mark], clipped: false }] : [];
+    const marks = layerNameMark(layer, around, { ...look, color: readableShade(canvas.paper, look.color) });
+    if (!marks) notes.push(noRoomFor(layer.element.name));
+    return marks?.length ? [{ name: '', marks, clipped: false }] : [];
   });
 }
 
