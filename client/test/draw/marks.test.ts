@@ -387,9 +387,80 @@ describe('labels', () => {
       `<point ${attribute}><x variable="a"/><y variable="b"/><labeling variable="n"/></point>`,
     ).textsOf('Labels of data');
 
-  test('that would cover a point are left out', () => {
+  test('that would cover a point stand on its other side, else are left out', () => {
     // The second point stands where the label of the first would be.
-    expect(labelled('')).toEqual(['8', '9']);
+    expect(labelled('')).toEqual(['7', '8', '9']);
+    const crowd = picture(
+      { a: [1, 1.15, 1.3, 9], b: [5, 5, 5, 5], n: [6, 7, 8, 9] },
+      '<point id="p"><x variable="a"/><y variable="b"/><labeling variable="n"/></point>',
+    );
+    expect(crowd.textsOf('Labels of data')).toEqual(['6', '8', '9']);
+    expect(crowd.notes).toEqual(['Labels of p that would cover others are left out.']);
+  });
+
+  test('of several groups cover neither each other nor symbols of any of them', () => {
+    const groups = (g: number[], a: number[]) =>
+      picture(
+        { a: [...a, 9], b: [5, 5, 5], g: [...g, 1], n: [7, 8, 9] },
+        '<point id="p"><x variable="a"/><y variable="b"/><color variable="g"/><labeling variable="n"/></point>',
+        { categorical: { g: ['one', 'two'] } },
+      );
+    // Both stand in one place: the labels go to both sides of it.
+    expect(groups([1, 2], [1, 1]).textsOf('Labels of data').sort()).toEqual(['7', '8', '9']);
+    const sides = Array.from(groups([1, 2], [1, 1.15]).svg.querySelectorAll('[text-anchor="end"]'));
+    expect(sides.map((each) => each.textContent)).toContain('7');
+    const third = picture(
+      { a: [1, 1, 1, 9], b: [5, 5, 5, 5], g: [1, 2, 3, 1], n: [6, 7, 8, 9] },
+      '<point id="p"><x variable="a"/><y variable="b"/><color variable="g"/><labeling variable="n"/></point>',
+      { categorical: { g: ['one', 'two', 'three'] } },
+    );
+    expect(third.textsOf('Labels of data').sort()).toEqual(['6', '7', '9']);
+    expect(third.notes).toEqual(['Labels of p that would cover others are left out.']);
+  });
+
+  describe('at the right edge', () => {
+    const labels = (kind: string, text: string, attribute = '') =>
+      picture(
+        { a: [1, 9], b: [5, 8], k: [1, 2] },
+        `<${kind} id="p" ${attribute}><x variable="a"/><y variable="b"/><labeling variable="k"/></${kind}>`,
+        { categorical: { k: ['here', text] } },
+      );
+    const anchors = (drawn: Picture) =>
+      Array.from(drawn.svg.querySelectorAll('g[aria-label="Labels of data"] text')).map((text) => {
+        const group = text.parentNode as Element;
+        return [text.textContent, text.getAttribute('text-anchor') ?? group.getAttribute('text-anchor')];
+      });
+
+    test.each(['point', 'line'])('stand at the left: those of a %s', (kind) => {
+      const drawn = labels(kind, 'a long label');
+      expect(anchors(drawn)).toEqual([
+        ['here', 'start'],
+        ['a long label', 'end'],
+      ]);
+      expect(drawn.notes).toEqual([]);
+    });
+
+    test('are left out with a note where they are longer than the panel', () => {
+      const drawn = labels('point', 'far too long '.repeat(12));
+      expect(drawn.textsOf('Labels of data')).toEqual(['here']);
+      expect(drawn.notes).toEqual(['Labels of p that have no room in their panel are left out.']);
+    });
+
+    test('stay within the panel where the chart wants all of them', () => {
+      expect(anchors(labels('point', 'a long label', 'showCollidingLabels="true"'))[1]![1]).toBe('end');
+    });
+  });
+
+  test('of points beyond the bounds are not drawn', () => {
+    const drawn = picture(
+      { a: [1, 5, 20], b: [1, 2, 3], n: [7, 8, 9] },
+      '<point><x variable="a"/><y variable="b"/><labeling variable="n"/></point>',
+      {
+        coordinates: '<dimension domain="d"/><dimension/>',
+        rest: '<intervalDomain id="d"><range min="0" max="10" exact="true"/></intervalDomain>',
+      },
+    );
+    expect(drawn.textsOf('Labels of data')).toEqual(['7', '8']);
   });
 
   test('beyond the first 2,000 are left out with a note', () => {

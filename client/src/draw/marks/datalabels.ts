@@ -5,7 +5,7 @@ import type { Direction } from '../compile/directions.js';
 import type { Layer, Shape } from '../compile/layers.js';
 import { ownTexts } from '../compile/looks.js';
 import type { Canvas } from './marks.js';
-import { placeOutliers } from './outlierlabels.js';
+import type { TakenRooms } from './takenrooms.js';
 import { lineHeight, textLook, textWidth, type TextLook } from '../svg/text.js';
 import { counted } from '../notes/counts.js';
 
@@ -83,8 +83,8 @@ function sideOf(layer: Layer, shape: Shape, canvas: Canvas): PlacedLabel['side']
   return down ? 'below' : 'above';
 }
 
-/** In the middle of a part, else at the end, or at the left of a symbol where there is no room at its right. */
-function candidatesOf(layer: Layer, canvas: Canvas, look: LabelLook): Candidate[] {
+/** In the middle of a part, else at the end. */
+function candidatesOf(layer: Layer, canvas: Canvas): Candidate[] {
   return layer.shapes.flatMap((shape): Candidate[] => {
     const text = labelText(layer, shape, canvas.x.direction, canvas.y.direction);
     if (text === '') return [];
@@ -93,12 +93,10 @@ function candidatesOf(layer: Layer, canvas: Canvas, look: LabelLook): Candidate[
     const units = [shape.y1 ?? end, end].map((value) => canvas.y.unit(value)) as [number, number];
     const y = side === 'within' ? canvas.y.value((units[0] + units[1]) / 2) : end;
     const { across, down } = pixelsOf(canvas, shape.x, y);
+    if (!isShown(canvas, across, down)) return [];
     const place = canvas.transposed ? { x: y, y: shape.x } : { x: shape.x, y };
     const extent = Math.abs(units[1] - units[0]) * (canvas.transposed ? canvas.width : canvas.height);
-    const label = { ...place, text, side, across, down, ...(side === 'within' ? { extent } : {}) };
-    const turned = { ...label, side: 'left' as const };
-    const atLeft = layer.kind === 'points' && roomOf(label, look).right > canvas.width;
-    return [atLeft && roomOf(turned, look).left >= 0 ? turned : label];
+    return [{ ...place, text, side, across, down, ...(side === 'within' ? { extent } : {}) }];
   });
 }
 
@@ -133,37 +131,59 @@ export const overlap = (a: Room, b: Room) =>
 /** More cannot be read. */
 export const mostLabels = 2_000;
 
-/** What symbols cover, so that no label hides one. Of very many there is no room for labels anyway. */
-function symbolRooms(layer: Layer, canvas: Canvas): Room[] {
+/** What the symbols of a layer cover, so that no label hides one. Of very many there is no room for labels anyway. */
+export function symbolRooms(layer: Layer, canvas: Canvas): Room[] {
   if (layer.kind !== 'points' || layer.shapes.length > mostLabels) return [];
   const half = layer.look.size / 2 - 1;
-  return layer.shapes.map((shape) => {
+  return layer.shapes.flatMap((shape) => {
     const { across: x, down: y } = pixelsOf(canvas, shape.x, shape.y);
-    return { left: x - half, right: x + half, top: y - half, bottom: y + half };
+    if (!isShown(canvas, x, y)) return [];
+    return [{ left: x - half, right: x + half, top: y - half, bottom: y + half }];
   });
 }
 
-/** Unless the chart wants all of them, a label that would cover an earlier one is left out. */
-export function placeLabels(canvas: Canvas, layer: Layer, layers: Layer[], notes: string[]): PlacedLabel[] {
-  const look = labelLook(layer);
-  if (!look) return [];
-  if (layer.kind === 'boxes') return placeOutliers(canvas, layer, layers, look, notes);
-  const all = candidatesOf(layer, canvas, look);
+/** Whether a place is within the panel; what is not is not drawn. */
+const isShown = ({ width, height }: Canvas, across: number, down: number) =>
+  across >= -1 && across <= width + 1 && down >= -1 && down <= height + 1;
+
+/** The label on the sides where it stays in its panel; that of a bar is always beyond its end. */
+function sidesOf(label: Candidate, layer: Layer, look: LabelLook, { width }: Canvas): Candidate[] {
+  if (layer.kind === 'bars') return [label];
+  const sides = (['right', 'left'] as const).map((side) => ({ ...label, side }));
+  return sides.filter((each) => {
+    const { left, right } = roomOf(each, look);
+    return each.side === 'right' ? right <= width : left >= 0;
+  });
+}
+
+/** Whether a part is as long as the label within it. */
+function fitsPart(label: Candidate, look: LabelLook, { transposed }: Canvas): boolean {
+  const { left, right } = roomOf(label, look);
+  return label.extent === undefined || label.extent >= (transposed ? right - left : look.size);
+}
+
+/** The labels of a layer; `taken` is what symbols and labels of all layers cover. */
+export function placeLabels(
+  canvas: Canvas,
+  layer: Layer,
+  look: LabelLook,
+  taken: TakenRooms,
+  notes: string[],
+): PlacedLabel[] {
+  const all = candidatesOf(layer, canvas);
   if (all.length > mostLabels)
     notes.push(`Of ${counted(all.length)} labels the first ${counted(mostLabels)} are drawn.`);
-  const candidates = all.slice(0, mostLabels);
-  if (layer.element.showCollidingLabels) return candidates;
-  const taken: Room[] = symbolRooms(layer, canvas);
-  const placed = candidates.filter((label) => {
-    const room = roomOf(label, look);
-    const needed = canvas.transposed ? room.right - room.left : look.size;
-    if (label.extent !== undefined && label.extent < needed) return false;
-    if (taken.some((other) => overlap(room, other))) return false;
-    taken.push(room);
-    return true;
+  const collide = layer.element.showCollidingLabels;
+  const lost = new Set<string>();
+  const placed = all.slice(0, mostLabels).flatMap((label) => {
+    const sides = sidesOf(label, layer, look, canvas);
+    const isFree = (each: Candidate) => fitsPart(each, look, canvas) && taken.isFree(roomOf(each, look));
+    const free = collide ? (sides[0] ?? label) : sides.find(isFree);
+    if (free) taken.add(roomOf(free, look));
+    else lost.add(sides.length > 0 ? 'would cover others' : 'have no room in their panel');
+    return free ?? [];
   });
   const name = elementName(layer.element);
-  if (placed.length < candidates.length)
-    notes.push(`Labels of ${name} that would cover others are left out.`);
+  notes.push(...[...lost].map((why) => `Labels of ${name} that ${why} are left out.`));
   return placed;
 }

@@ -1,9 +1,11 @@
 /** Labels of data as marks of Observable Plot. */
 import * as Plot from '@observablehq/plot';
 import { none } from '../svg/colors.js';
-import { labelLook, placeLabels, type LabelLook, type PlacedLabel } from './datalabels.js';
+import { labelLook, placeLabels, symbolRooms, type LabelLook, type PlacedLabel } from './datalabels.js';
 import type { Layer } from '../compile/layers.js';
 import type { Canvas } from './marks.js';
+import { placeOutliers } from './outlierlabels.js';
+import { TakenRooms } from './takenrooms.js';
 
 /** Texts beside what they name; `paint` is how their letters are filled and outlined. */
 function labelMarks(labels: PlacedLabel[], look: LabelLook, paint: Plot.TextOptions): Plot.Markish[] {
@@ -47,10 +49,15 @@ export function labelsOf(canvas: Canvas, layers: Layer[], notes: string[]): Labe
   const marks: LabelMarks = { below: [], above: [] };
   const paper = canvas.paper === none ? '#ffffff' : canvas.paper;
   const halo = { stroke: paper, strokeWidth: 2.5 };
+  const taken = new TakenRooms();
+  for (const layer of layers) for (const room of symbolRooms(layer, canvas)) taken.add(room);
   for (const layer of layers) {
     const look = labelLook(layer);
     if (!look) continue;
-    const labels = placeLabels(canvas, layer, layers, notes);
+    const labels =
+      layer.kind === 'boxes'
+        ? placeOutliers(canvas, layer, layers, look, taken, notes)
+        : placeLabels(canvas, layer, look, taken, notes);
     // Beside a box are its own whiskers, which a halo on top would cut.
     const apart = layer.kind === 'boxes';
     if (apart) marks.below.push(...labelMarks(labels, look, { ...halo, fill: paper, ariaHidden: 'true' }));

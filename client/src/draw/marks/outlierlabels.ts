@@ -1,17 +1,10 @@
 /** Labels of the outliers of boxes: beside their symbols, or further out where they would cover each other. */
-import {
-  mostLabels,
-  overlap,
-  pixelsOf,
-  roomOf,
-  type LabelLook,
-  type PlacedLabel,
-  type Room,
-} from './datalabels.js';
+import { mostLabels, pixelsOf, roomOf, type LabelLook, type PlacedLabel, type Room } from './datalabels.js';
 import type { BoxShape, Layer, Shape } from '../compile/layers.js';
 import { capShare, type Canvas } from './marks.js';
 import { lineHeight } from '../svg/text.js';
 import { counted } from '../notes/counts.js';
+import { TakenRooms } from './takenrooms.js';
 
 /** The labels of a box's outliers from the lowest one; those of equal values stand in one text, or a `short` one. */
 function joinedLabels({ outliers }: BoxShape): { value: number; text: string; short: string }[] {
@@ -75,11 +68,13 @@ function moved(label: PlacedLabel, canvas: Canvas, by: number): PlacedLabel {
 
 /** Finds places for labels one after the other. */
 class OutlierPlaces {
-  readonly taken: Room[] = [];
+  /** What the boxes take. */
+  readonly boxes = new TakenRooms();
 
   constructor(
     private readonly canvas: Canvas,
     private readonly look: LabelLook,
+    private readonly texts: TakenRooms,
   ) {}
 
   /** Beside the symbol, else in a column further out, but not beyond `reach`; null where there is no room. */
@@ -96,9 +91,9 @@ class OutlierPlaces {
           ? [pixelsOf(canvas, x, y).down, side === 'above' ? room.top : room.bottom]
           : [pixelsOf(canvas, x, y).across, side === 'right' ? room.right : room.left];
         if (column > 0 && Math.abs(outer - centre) > reach) continue;
-        const beside = this.taken.filter((other) => overlap(room, other));
+        const beside = [...this.boxes.covered(room), ...this.texts.covered(room)];
         if (beside.length === 0 && this.isWithin(room)) {
-          this.taken.push(room);
+          this.texts.add(room);
           return label;
         }
         shifts[at] = shifts[at]! + this.stepOver(room, beside, side);
@@ -141,18 +136,22 @@ function noteLost(count: number, notes: string[]): void {
   else notes[at] = note;
 }
 
-/** The labels of a layer's outliers that can be read; a chart that wants all of them gets no unreadable ones either. */
+/**
+ * The labels of a layer's outliers that can be read, where no label of any layer has `taken` the room; a chart that wants
+ * all of them gets no unreadable ones either.
+ */
 export function placeOutliers(
   canvas: Canvas,
   layer: Layer,
   layers: Layer[],
   look: LabelLook,
+  taken: TakenRooms,
   notes: string[],
 ): PlacedLabel[] {
-  const places = new OutlierPlaces(canvas, look);
+  const places = new OutlierPlaces(canvas, look, taken);
   const boxes = layers.filter(({ kind }) => kind === 'boxes');
   for (const each of boxes)
-    for (const shape of each.shapes) places.taken.push(...boxRooms(canvas, each, shape));
+    for (const shape of each.shapes) for (const room of boxRooms(canvas, each, shape)) places.boxes.add(room);
   const wanted = layer.shapes.flatMap((shape) =>
     joinedLabels(shape.box!).map((label) => ({ ...label, shape })),
   );
