@@ -19,10 +19,12 @@ function captionsOf(graphs: CompiledGraph[]): string[] {
 
 const mostNotes = 6;
 
-/** Where texts begin that stand at the left of the page. */
-export function leftOf(frames: LaidFrame[]): number {
+/** Where texts begin that stand at the left of a page of that width. */
+export function leftOf(frames: LaidFrame[], width: number): number {
   const shown = frames.filter(({ lines, look }) => lines.length > 0 && look.align === 'start');
-  const lefts = shown.map(({ box, frame }) => box.left + paddingOf(frame.style).left);
+  const lefts = shown
+    .map(({ box, frame }) => box.left + paddingOf(frame.style).left)
+    .filter((left) => left >= 0 && left < width / 2);
   return Math.min(...(lefts.length > 0 ? lefts : [usualPadding]));
 }
 

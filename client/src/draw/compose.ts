@@ -50,7 +50,11 @@ export function compose(
   );
   const frames = layout.frames.map((frame) => drawFrame(frame, maker));
   const own = smallText(chart.graphs, ownTexts.note);
-  const place = { width, left: leftOf(layout.frames), look: { ...own, color: readable(paper, own.color) } };
+  const place = {
+    width,
+    left: leftOf(layout.frames, width),
+    look: { ...own, color: readable(paper, own.color) },
+  };
   const below = drawBelow(graphs, notes, layout.height, place, maker);
   const height = Math.ceil(layout.height + below.height);
   const definitions = patterns.definitions();

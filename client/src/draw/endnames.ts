@@ -24,8 +24,10 @@ export interface LineNames {
 /** Names beside a panel take at most this part of the width. */
 const mostOfWidth = 1 / 3;
 
-/** A line that ends further from the right edge of its panel, as a part of its width, has its name at its end. */
-const farFromEdge = 0.15;
+/** A line that ends further from the right edge of its panel, as a part of its width, has its name within it. */
+function farFromEdge({ x }: CompiledGraph): number {
+  return 0.15 + (x.kind === 'category' ? 0.5 / Math.max(1, x.texts.length) : 0);
+}
 
 /** Nothing else stands at the right of the only panel. */
 function hasRoomBeside({ grid, orientation, x, y }: CompiledGraph): boolean {
@@ -55,7 +57,9 @@ export function nameLines(compiled: CompiledGraph, chart: Chart, width: number):
   const unit = room && { ...panelScales(compiled, compiled.scales, first!), transposed: false };
   const isBeside = (layer: Layer) => {
     const end = unit ? rightEnd(layer, { ...unit, width: 1, height: 1 }) : null;
-    return end && 1 - end[0] <= farFromEdge && widest([layer.element.name], look) <= width * mostOfWidth;
+    return (
+      end && 1 - end[0] <= farFromEdge(compiled) && widest([layer.element.name], look) <= width * mostOfWidth
+    );
   };
   const within = named.filter((layer) => !isBeside(layer));
   return {

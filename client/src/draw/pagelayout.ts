@@ -3,7 +3,8 @@ import type { CompiledGraph } from './compilegraph.js';
 import type { Chart, Legend, Location } from '../chart/model.js';
 import type { Data } from '../data/columns.js';
 import type { Figures } from './compile/figures.js';
-import { frameTexts, hasBox, layFrame, type LaidFrame } from './frames.js';
+import { layFrames } from './framelayout.js';
+import { hasBox, type LaidFrame } from './frames.js';
 import {
   layLegend,
   legendNotes,
@@ -47,49 +48,6 @@ function sideOf(legend: Legend, chart: Chart): Side {
   if (atPercent(find('left'), 0)) return 'left';
   if (atPercent(find('bottom'), 100) && !find('top')) return 'bottom';
   return atPercent(find('top'), 0) ? 'top' : 'right';
-}
-
-const isAbove = (role: string) => /^(title|subtitle)/.test(role);
-const isBelow = (role: string) => /^(footnote|statisticsSummary)/.test(role);
-
-/** Texts above the graphs take no more of the page, and texts below them neither. */
-const mostOfPage = 1 / 3;
-
-/** Frames with a place of their own; texts that need more than that push what is below, or above. */
-function layFrames(chart: Chart, figures: Figures, places: Places, page: Rectangle, notes: string[]) {
-  const texts = frameTexts(chart, figures, notes).filter(
-    ({ text, frame }) => text !== '' || frame.locations.length > 0,
-  );
-  const share = (role: string) => {
-    const beside = isAbove(role) ? isAbove : isBelow(role) ? isBelow : () => true;
-    return mostOfPage / Math.max(1, texts.filter((text) => text.text !== '' && beside(text.role)).length);
-  };
-  const laid = texts.map((text) => {
-    const box = rectangle(places.edges(text.frame.id), page);
-    return layFrame(text, box, page.height * share(text.role), notes);
-  });
-  const unplaced = (frame: LaidFrame) => frame.frame.locations.length === 0;
-  let pushedDown = 0;
-  let top = 0;
-  for (const frame of laid.filter(({ role }) => isAbove(role)).sort((a, b) => a.box.top - b.box.top)) {
-    if (unplaced(frame)) frame.box = { ...page, top, height: frame.needed };
-    else frame.box.top += pushedDown;
-    const missing = Math.max(0, frame.needed - frame.box.height);
-    pushedDown += unplaced(frame) ? 0 : missing;
-    frame.box.height += missing;
-    top = frame.box.top + frame.box.height;
-  }
-  let pushedUp = 0;
-  let bottom = page.height;
-  for (const frame of laid.filter(({ role }) => isBelow(role)).sort((a, b) => b.box.top - a.box.top)) {
-    if (unplaced(frame)) frame.box = { ...page, top: bottom - frame.needed, height: frame.needed };
-    else frame.box.top -= pushedUp;
-    const missing = Math.max(0, frame.needed - frame.box.height);
-    pushedUp += unplaced(frame) ? 0 : missing;
-    frame.box = { ...frame.box, top: frame.box.top - missing, height: frame.box.height + missing };
-    bottom = frame.box.top;
-  }
-  return { laid, top, bottom };
 }
 
 /** Of the room for a graph and its legends, legends beside it take at most this part, and those above or below it. */
@@ -180,7 +138,7 @@ function without(graph: Rectangle, legends: PlacedLegend[]): Rectangle {
     left: graph.left + left,
     top: graph.top + top,
     width: Math.max(60, graph.width - left - right),
-    height: Math.max(60, graph.height - top - bottom),
+    height: graph.height - top - bottom,
   };
 }
 
@@ -199,13 +157,60 @@ function graphRooms(chart: Chart, places: Places, free: Rectangle): Rectangle[] 
     const given = rectangle(edges, free);
     const top = Math.max(given.top, free.top);
     const bottom = Math.min(given.top + given.height, free.top + free.height);
-    return { ...given, top, height: Math.max(60, bottom - top) };
+    return { ...given, top, height: bottom - top };
   });
 }
 
 export const pageMargin = 6;
 
-/** Lays out frames, legends and graphs. */
+/** What has to be laid out. */
+interface Parts {
+  chart: Chart;
+  data: Data;
+  figures: Figures;
+  graphs: CompiledGraph[];
+}
+
+/** Lays out frames, legends and graphs on a page of that height; texts are as long as the `wished` height lets them. */
+function layAll(
+  { chart, data, figures, graphs }: Parts,
+  page: Rectangle,
+  wished: number,
+): PageLayout & { missing: number; notes: string[] } {
+  const notes: string[] = [];
+  const { width, height } = page;
+  const located = [...chart.frames, ...chart.graphs, ...chart.legends].filter((part) => part.id !== '');
+  const places = new Places(new Map(located.map((part) => [part.id, part.locations])), page);
+  const { laid: frames, top, bottom } = layFrames(chart, figures, places, page, wished, notes);
+  const free = { left: 0, top: top + (top > 0 ? 6 : pageMargin), width, height: 0 };
+  free.height = bottom - free.top - (bottom < height ? 2 : pageMargin);
+  const rooms = graphRooms(chart, places, free);
+  const scope = { chart, data, cluster: graphs[0]?.x.cluster ?? null, notes };
+  const [first] = rooms;
+  const margins = first && { ...first, left: first.left + pageMargin, width: first.width - 2 * pageMargin };
+  const legends = margins ? placeLegends(layLegends(chart, scope, margins, places), margins, places) : [];
+  if (first) rooms[0] = without(first, legends);
+  const missing = missingHeight(chart, places, rooms);
+  const roomy = rooms.map((room) => ({ ...room, height: Math.max(leastHeight, room.height) }));
+  return { width, height, frames, legends, graphs: roomy, missing, notes };
+}
+
+/** So high a graph is at least, unless the chart wants it smaller. */
+const leastHeight = 100;
+
+/** How much higher the page has to be so that all graphs have the height that they need. */
+function missingHeight(chart: Chart, places: Places, rooms: Rectangle[]): number {
+  const missing = rooms.map((room, at) => {
+    const { top, bottom } = places.edges(chart.graphs[at]!.id);
+    const own = top !== undefined && bottom !== undefined ? bottom - top : leastHeight;
+    return Math.max(0, Math.min(own, leastHeight) - room.height);
+  });
+  return missing.reduce((sum, each) => sum + each, 0);
+}
+
+const mostPasses = 6;
+
+/** A page that has too little room for its graphs beside the texts is made higher, with a note. */
 export function layPage(
   chart: Chart,
   data: Data,
@@ -213,18 +218,20 @@ export function layPage(
   graphs: CompiledGraph[],
   notes: string[],
 ): PageLayout {
-  const { width, height } = pageSize(chart);
-  const page: Rectangle = { left: 0, top: 0, width, height };
-  const located = [...chart.frames, ...chart.graphs, ...chart.legends].filter((part) => part.id !== '');
-  const places = new Places(new Map(located.map((part) => [part.id, part.locations])), page);
-  const { laid: frames, top, bottom } = layFrames(chart, figures, places, page, notes);
-  const free = { left: 0, top: top + (top > 0 ? 6 : pageMargin), width, height: 0 };
-  free.height = Math.max(80, bottom - free.top - (bottom < height ? 2 : pageMargin));
-  const rooms = graphRooms(chart, places, free);
-  const scope = { chart, data, cluster: graphs[0]?.x.cluster ?? null, notes };
-  const [first] = rooms;
-  const margins = first && { ...first, left: first.left + pageMargin, width: first.width - 2 * pageMargin };
-  const legends = margins ? placeLegends(layLegends(chart, scope, margins, places), margins, places) : [];
-  if (first) rooms[0] = without(first, legends);
-  return { width, height, frames, legends, graphs: rooms };
+  const { width, height: wished } = pageSize(chart);
+  const lay = (height: number) =>
+    layAll({ chart, data, figures, graphs }, { left: 0, top: 0, width, height }, wished);
+  const first = lay(wished);
+  let layout = first;
+  for (let pass = 0; pass < mostPasses && layout.missing > 0; pass += 1)
+    layout = lay(Math.ceil(layout.height + layout.missing));
+  if (layout.missing > 0) {
+    layout = first;
+    notes.push('The page has no room for the graph beside its texts: they cover each other.');
+  } else if (layout !== first) {
+    const more = layout.height - wished;
+    notes.push(`The page is ${more} pixels higher than the chart says, so that the graph has room.`);
+  }
+  notes.push(...layout.notes);
+  return layout;
 }

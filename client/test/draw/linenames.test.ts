@@ -64,6 +64,15 @@ describe('names beside lines', () => {
     expect(Number(text.getAttribute('x'))).toBeGreaterThan(Number(panel.getAttribute('width')));
   });
 
+  test('are there where the line ends in the middle of the last category', () => {
+    const drawn = picture({ a: [1, 2, 3], b: [10, 40, 80] }, line, {
+      categorical: { a: ['one', 'two', 'three'] },
+      coordinates: bounded('', 'dy'),
+      rest: places,
+    });
+    expect(heights(drawn)).toEqual([0.8]);
+  });
+
   test('of more lines than have room are noted', () => {
     const many = Array.from({ length: 60 }, (_, at) => `Line ${at + 1}`);
     const lines = many

@@ -38,12 +38,12 @@ export function visibleSpots(layer: Layer, panel: Extent): Spot[] {
   const spots = layer.shapes.map((shape) => spotOf(shape, panel));
   const seen: Spot[] = [];
   spots.forEach((spot, at) => {
-    const before = spots[at - 1]?.every(Number.isFinite) ? spots[at - 1]! : spot;
     if (!spot.every(Number.isFinite)) return;
-    for (const each of within(before, spot, panel)) {
-      const last = seen[seen.length - 1];
-      if (last?.[0] !== each[0] || last[1] !== each[1]) seen.push(each);
-    }
+    const before = spots[at - 1]?.every(Number.isFinite) ? spots[at - 1]! : null;
+    const [from, to] = within(before ?? spot, spot, panel);
+    const last = seen[seen.length - 1];
+    if (from && !(before && last?.[0] === from[0] && last[1] === from[1])) seen.push(from);
+    if (to && before) seen.push(to);
   });
   return seen;
 }
