@@ -8,7 +8,7 @@ import type { Layer } from './compile/layers.js';
 import { isPie, orientationOf, type Orientation } from './compile/orientation.js';
 import { leaveOutBeyond } from './notes/beyond.js';
 import { showOverlaid } from './notes/overlaid.js';
-import { panelGrid, type PanelGrid } from './compile/panels.js';
+import { panelGrid, requirePanels, type PanelGrid } from './compile/panels.js';
 import type { Scope } from './compile/plan.js';
 import { position } from './compile/positions.js';
 import { baselineOf, scaleOf, withFunctions, type DrawnScale } from './compile/scales.js';
@@ -40,7 +40,8 @@ const countMethods = new Set([10, 11]);
 /** Everything of a graph that does not depend on its size. */
 export function compileGraph(graph: Graph, chart: Chart, data: Data, notes: string[]): CompiledGraph {
   const orientation = orientationOf(graph.coordinates[0], notes, isPie(graph, chart, data));
-  const grid = panelGrid(graph, chart, data, notes);
+  const grid = panelGrid(graph, chart, data);
+  requirePanels(grid);
   const x = directionOf('x', graph, chart, data, notes);
   const along = directionOf('y', graph, chart, data, notes);
   if (graph.coordinates.length > 1) notes.push('Elements are drawn in the first coordinates of their graph.');

@@ -39,7 +39,8 @@ export function compose(
   const { width } = layout;
   const paper = safeColor(chart.pageStyle.color) ?? '#ffffff';
   const patterns = new Patterns(maker, paper === none ? '#ffffff' : paper);
-  const drawn = graphs.map((compiled, at) => {
+  const drawn = graphs.map((compiled) => {
+    const at = chart.graphs.indexOf(compiled.graph);
     const clipPrefix = `${maker.prefix}-clip-${at}`;
     const room = layout.graphs[at]!;
     const lineNames = nameLines(compiled, chart, room.width);

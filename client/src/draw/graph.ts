@@ -5,11 +5,11 @@ import { drawAxisTitle, drawTicks, frameColor } from './axes/drawaxes.js';
 import { none, safeColor } from './svg/colors.js';
 import type { CompiledGraph } from './compilegraph.js';
 import { drawLineNames, roomForNames, type LineNames } from './endnames.js';
-import { axisRoom, countsOf, layoutOf, type Layout } from './graphlayout.js';
+import { axisRoom, layoutOf, withFittingPanels, type Layout } from './graphlayout.js';
 import { drawColumnHeaders, drawRowHeaders } from './axes/headers.js';
 import type { Rectangle } from './page.js';
 import { panelScales, reflected } from './panelscales.js';
-import type { Panel } from './compile/panels.js';
+import { countsOf, type Panel } from './compile/panels.js';
 import type { Patterns } from './svg/patterns.js';
 import { drawPanel, type GridLines, type PanelFrame } from './marks/plot.js';
 import type { Maker } from './svg/svg.js';
@@ -158,9 +158,11 @@ function drawNames(compiled: CompiledGraph, layout: Layout, scope: GraphScope): 
   return drawLineNames(scope.lineNames, panel, scope.paper, compiled.notes, scope.maker);
 }
 
-export function drawGraph(compiled: CompiledGraph, whole: Rectangle, scope: GraphScope): SVGElement {
+export function drawGraph(graph: CompiledGraph, whole: Rectangle, scope: GraphScope): SVGElement {
   const { maker } = scope;
-  const layout = layoutOf(compiled, whole, roomForNames(scope.lineNames));
+  const named = roomForNames(scope.lineNames);
+  const compiled = withFittingPanels(graph, whole, named);
+  const layout = layoutOf(compiled, whole, named);
   const left = whole.left + layout.rooms.left;
   const top = whole.top + layout.rooms.top;
   const group = maker.make('g', { transform: `translate(${Math.round(left)},${Math.round(top)})` });

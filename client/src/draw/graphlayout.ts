@@ -1,4 +1,5 @@
 /** How large the panels of a graph are, and what stands around them: axes, and texts of panels. */
+import { counted } from './notes/counts.js';
 import { pixels } from '../chart/markup.js';
 import type { Axis } from '../chart/model.js';
 import {
@@ -17,7 +18,7 @@ import { fitHeaders, headerNotes, headersOf, type Headers } from './axes/headers
 import type { Neighbours } from './axes/neighbours.js';
 import { isReflected } from './compile/orientation.js';
 import type { Rectangle } from './page.js';
-import type { PanelGrid } from './compile/panels.js';
+import { countsOf, firstPanels, type PanelCounts } from './compile/panels.js';
 import { commonTicks, equalUnits, hasSameRatio, sizeOfAspect, sizeOfSameRatio } from './axes/sameratio.js';
 import { withFunctions, type DrawnScale } from './compile/scales.js';
 import { namedByStatistic } from './notes/statisticnames.js';
@@ -124,30 +125,66 @@ function gapsOf(compiled: CompiledGraph, side: 'columns' | 'rows', size: number)
   return level?.gap ? pixels(level.gap, size) : size * defaultGap;
 }
 
-export function countsOf(grid: PanelGrid): { columns: number; rows: number } {
-  return {
-    columns: grid.columns.strips.length * Math.max(1, grid.blended.columns.length),
-    rows: grid.rows.strips.length * Math.max(1, grid.blended.rows.length),
-  };
+/** The room for so many panels side by side, or one below the other, without the gaps between them. */
+function shareOf(compiled: CompiledGraph, side: 'columns' | 'rows', room: number, count: number) {
+  const gap = count > 1 ? gapsOf(compiled, side, room / count) : 0;
+  return { gap, size: (room - gap * (count - 1)) / count };
 }
+
+/** What axes and texts leave to the panels. */
+const roomForPanels = (whole: Rectangle, rooms: Layout['rooms']) => ({
+  columns: Math.max(30, whole.width - rooms.left - rooms.right),
+  rows: Math.max(30, whole.height - rooms.top - rooms.bottom),
+});
 
 /** One panel less its gap; a chart with an aspect keeps it. */
 function panelSize(compiled: CompiledGraph, whole: Rectangle, rooms: Layout['rooms']): PanelSize {
   const counts = countsOf(compiled.grid);
-  const across = Math.max(30, whole.width - rooms.left - rooms.right);
-  const upright = Math.max(30, whole.height - rooms.top - rooms.bottom);
-  const gapX = counts.columns > 1 ? gapsOf(compiled, 'columns', across / counts.columns) : 0;
-  const gapY = counts.rows > 1 ? gapsOf(compiled, 'rows', upright / counts.rows) : 0;
-  const room = {
-    width: Math.max(8, (across - gapX * (counts.columns - 1)) / counts.columns),
-    height: Math.max(8, (upright - gapY * (counts.rows - 1)) / counts.rows),
-  };
+  const all = roomForPanels(whole, rooms);
+  const across = shareOf(compiled, 'columns', all.columns, counts.columns);
+  const upright = shareOf(compiled, 'rows', all.rows, counts.rows);
+  const room = { width: Math.max(8, across.size), height: Math.max(8, upright.size) };
   const { scales, orientation } = compiled;
   const shaped = sizeOfAspect(room, compiled.graph.layout?.aspect ?? null);
   const size = hasSameRatio(scales, orientation)
     ? sizeOfSameRatio(scales, room, shaped, orientation.transposed)
     : shaped;
-  return { ...size, gapX, gapY };
+  return { ...size, gapX: across.gap, gapY: upright.gap };
+}
+
+/** Panels are so wide and so high at least, in pixels; of more than have room the first are drawn. */
+const leastPanel = 10;
+
+/** How many columns and rows have room. */
+function fittingCounts(compiled: CompiledGraph, whole: Rectangle, rooms: Layout['rooms']): PanelCounts {
+  const counts = countsOf(compiled.grid);
+  const all = roomForPanels(whole, rooms);
+  const fitting = (side: 'columns' | 'rows') => {
+    let count = counts[side];
+    while (count > 1 && shareOf(compiled, side, all[side], count).size < leastPanel) count -= 1;
+    return count;
+  };
+  return { columns: fitting('columns'), rows: fitting('rows') };
+}
+
+/** A graph without the columns and rows of panels that have no room; a note counts them. */
+export function withFittingPanels(compiled: CompiledGraph, whole: Rectangle, named: number): CompiledGraph {
+  let shown = compiled;
+  for (let pass = 0; pass < 3; pass += 1) {
+    const { rooms } = arrange(shown, whole, named);
+    const grid = firstPanels(shown.grid, fittingCounts(shown, whole, rooms));
+    if (grid.panels.length === shown.grid.panels.length) break;
+    const kept = new Set(grid.panels);
+    const panels = shown.panels.filter((_, at) => kept.has(shown.grid.panels[at]!));
+    shown = { ...shown, grid, panels };
+  }
+  const counts = countsOf(shown.grid);
+  for (const side of ['columns', 'rows'] as const) {
+    const wanted = shown.grid.wanted[side];
+    if (counts[side] < wanted)
+      shown.notes.push(`Of ${counted(wanted)} ${side} of panels the first ${counts[side]} are drawn.`);
+  }
+  return shown;
 }
 
 export function axisRoom(axes: DrawnAxis[], place: AxisPlace): number {
@@ -194,7 +231,10 @@ function grown(rooms: Layout['rooms'], needed: Layout['rooms']): Layout['rooms']
 /** The share of a graph's height, or width, that the texts over its panels, or beside them, take. */
 const mostHeaders = 0.25;
 
-export function layoutOf(compiled: CompiledGraph, whole: Rectangle, named: number): Layout {
+type Arranged = Pick<Layout, 'axes' | 'headers' | 'rooms'>;
+
+/** Axes and texts of panels, and what they take. */
+function arrange(compiled: CompiledGraph, whole: Rectangle, named: number): Arranged {
   const { grid, graph } = compiled;
   const wanted: Layout['headers'] = {
     top: headersOf(grid, 'columns', graph, false),
@@ -204,13 +244,11 @@ export function layoutOf(compiled: CompiledGraph, whole: Rectangle, named: numbe
   };
   let headers = wanted;
   let rooms: Layout['rooms'] = { left: 60, right: 15, top: 10 + headers.top.room, bottom: 50 };
-  let { scales } = compiled;
   let axes: DrawnAxis[] = [];
   // Labels need to know how long axes are, which need to know how much room labels take.
   for (let pass = 0; pass < mostPasses; pass += 1) {
     const size = panelSize(compiled, whole, rooms);
-    scales = scalesFor(compiled, size);
-    axes = axesOf(compiled, scales, size, rooms, whole);
+    axes = axesOf(compiled, scalesFor(compiled, size), size, rooms, whole);
     const across = (each: Headers) => fitHeaders(each, size.width, size.gapX, whole.height * mostHeaders);
     const upright = (each: Headers) => fitHeaders(each, size.height, size.gapY, whole.width * mostHeaders);
     const { top, bottom, left, right } = wanted;
@@ -220,13 +258,16 @@ export function layoutOf(compiled: CompiledGraph, whole: Rectangle, named: numbe
     rooms = pass < freePasses ? needed : grown(before, needed);
     if (places.every((place) => Math.abs(rooms[place] - before[place]) < 0.5)) break;
   }
+  return { axes, headers, rooms };
+}
+
+export function layoutOf(compiled: CompiledGraph, whole: Rectangle, named: number): Layout {
+  const { axes, headers, rooms } = arrange(compiled, whole, named);
   compiled.notes.push(...headerNotes(Object.values(headers)), ...axisNotes(axes));
   const { width, height, gapX, gapY } = panelSize(compiled, whole, rooms);
   const counts = countsOf(compiled.grid);
-  const taken = (size: number, gap: number, count: number) => size * count + gap * (count - 1);
-  const spareX = whole.width - rooms.left - rooms.right - taken(width, gapX, counts.columns);
-  rooms.left += Math.max(0, spareX / 2);
-  const topDown = compiled.graph.layout?.topDown ?? true;
+  const taken = width * counts.columns + gapX * (counts.columns - 1);
+  rooms.left += Math.max(0, (whole.width - rooms.left - rooms.right - taken) / 2);
   const starts = (size: number, gap: number, count: number) =>
     Array.from({ length: count }, (_, at) => at * (size + gap));
   const rowStarts = starts(height, gapY, counts.rows);
@@ -237,7 +278,7 @@ export function layoutOf(compiled: CompiledGraph, whole: Rectangle, named: numbe
     width,
     height,
     columnStarts: starts(width, gapX, counts.columns),
-    rowStarts: topDown ? rowStarts : rowStarts.reverse(),
+    rowStarts: (compiled.graph.layout?.topDown ?? true) ? rowStarts : rowStarts.reverse(),
     scales: scalesFor(compiled, { width, height }),
   };
 }

@@ -8,17 +8,16 @@ import { chartText, receivedOf, tableOf, variables } from './chart.js';
 const many = Array.from({ length: 500 }, (_, at) => at + 1);
 const texts = many.map((at) => `n${at}`);
 
-/** The texts of the columns and rows of panels, and the notes. */
+/** The texts of the columns and rows of panels, and how many there would be. */
 function gridOf(columns: Record<string, number[]>, faceting: string) {
   const categorical = Object.fromEntries(Object.keys(columns).map((name) => [name, texts]));
   const body = `<graph><faceting>${faceting}</faceting></graph>${variables(columns, categorical)}`;
   const received = receivedOf(chartText(body), tableOf(columns));
   const { chart } = readChart(received.chartText!, parseXml);
-  const notes: string[] = [];
-  const grid = panelGrid(chart.graphs[0]!, chart, new Data(chart, received, []), notes);
+  const grid = panelGrid(chart.graphs[0]!, chart, new Data(chart, received, []));
   const named = (side: 'columns' | 'rows') =>
     grid[side].strips.map(({ categories }) => categories.map(({ text }) => text).join('/'));
-  return { columns: named('columns'), rows: named('rows'), panels: grid.panels.length, notes };
+  return { columns: named('columns'), rows: named('rows'), panels: grid.panels.length, wanted: grid.wanted };
 }
 
 const reference = (id: string) => `<variableReference ref="${id}"/>`;
@@ -28,7 +27,7 @@ describe('panels', () => {
     const nest = `<cross><nest>${reference('k')}${reference('l')}</nest><unity/></cross>`;
     const made = gridOf({ k: [2, 1, 2, 1, NaN], l: [1, 3, 1, 2, 4] }, nest);
     expect(made.columns).toEqual(['n1/n2', 'n1/n3', 'n2/n1']);
-    expect(made.notes).toEqual([]);
+    expect(made.wanted).toEqual({ columns: 3, rows: 1 });
   });
 
   test('of nested variables cost no more than their rows, whatever could occur', () => {
@@ -36,7 +35,7 @@ describe('panels', () => {
     const made = gridOf({ k: [...many].reverse(), l: many, m: many }, nest);
     expect(made.columns.slice(0, 2)).toEqual(['n1/n500/n500', 'n2/n499/n499']);
     expect(made.panels).toBe(400);
-    expect(made.notes).toEqual(['Of 500 panels the first 400 are drawn.']);
+    expect(made.wanted).toEqual({ columns: 500, rows: 1 });
   });
 
   test('beyond 400 are counted and left out, with the rows that have none', () => {
@@ -44,11 +43,12 @@ describe('panels', () => {
     const made = gridOf({ k: many, l: many, m: many }, cross);
     expect([made.columns.length, made.rows.length, made.panels]).toEqual([400, 1, 400]);
     expect(made.columns.slice(0, 2)).toEqual(['n1/n1', 'n1/n2']);
-    expect(made.notes).toEqual(['Of 125,000,000 panels the first 400 are drawn.']);
+    expect(made.wanted).toEqual({ columns: 250_000, rows: 500 });
     const few = gridOf(
       { k: many.slice(0, 20), l: many.slice(0, 20) },
       `<cross>${reference('k')}${reference('l')}</cross>`,
     );
-    expect([few.columns.length, few.rows.length, few.panels, few.notes]).toEqual([20, 20, 400, []]);
+    expect([few.columns.length, few.rows.length, few.panels]).toEqual([20, 20, 400]);
+    expect(few.wanted).toEqual({ columns: 20, rows: 20 });
   });
 });

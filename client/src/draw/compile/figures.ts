@@ -26,7 +26,7 @@ function shownRows(
   const directions = (['x', 'y'] as const).map((name) => directionOf(name, graph, chart, data, []));
   const cluster = directions.find((direction) => direction.cluster)?.cluster ?? null;
   const grouping = groupingOf(element, chart, data, cluster);
-  const grid = panelGrid(graph, chart, data, []);
+  const grid = panelGrid(graph, chart, data);
   const places = directions.flatMap((direction) =>
     element[direction.name].map((id) => {
       const terms = data.terms(id).flatMap((term) => data.values(term.variable) ?? []);

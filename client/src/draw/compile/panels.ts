@@ -3,10 +3,6 @@ import { cross } from 'd3';
 import type { Chart, Graph, PanelNode } from '../../chart/model.js';
 import { categoriesOf, type Category } from '../../data/categories.js';
 import type { Data, Values } from '../../data/columns.js';
-import { counted } from '../notes/counts.js';
-
-/** More would be no picture. */
-export const mostPanels = 400;
 
 /** A variable that splits the graph. Levels count from 1 in the order of the markup. */
 export interface PanelVariable {
@@ -43,6 +39,13 @@ export interface PanelGrid {
   panels: Panel[];
   /** Blends take the places of columns and rows; their texts stand over the panels. */
   blended: { columns: string[]; rows: string[] };
+  /** How many columns and rows the chart has; there may be no room for all of them. */
+  wanted: PanelCounts;
+}
+
+export interface PanelCounts {
+  columns: number;
+  rows: number;
 }
 
 interface Turn {
@@ -155,31 +158,78 @@ function blendsOf(graph: Graph, data: Data): { columns: Blend | null; rows: Blen
   return x ? { columns: x, rows: y } : { columns: y, rows: null };
 }
 
-export function panelGrid(graph: Graph, chart: Chart, data: Data, notes: string[]): PanelGrid {
-  const { columns, rows } = sidesOf(graph, chart, data);
-  const blends = blendsOf(graph, data);
-  const columnTerms = blends.columns?.terms ?? [null];
-  const rowTerms = blends.rows?.terms ?? [null];
-  // Panels go row by row: so many rows have all that there may be.
-  const across = columns.strips.length * columnTerms.length * rowTerms.length;
-  rows.strips.length = Math.min(rows.strips.length, Math.ceil(mostPanels / Math.max(1, across)));
-  const panels: Panel[] = [];
-  cross(rows.strips, rowTerms).forEach(([rowStrip, rowTerm], row) =>
-    cross(columns.strips, columnTerms).forEach(([columnStrip, columnTerm], column) => {
+/** More would be no picture. */
+export const mostPanels = 400;
+
+export function countsOf(grid: Pick<PanelGrid, 'columns' | 'rows' | 'blended'>): PanelCounts {
+  return {
+    columns: grid.columns.strips.length * Math.max(1, grid.blended.columns.length),
+    rows: grid.rows.strips.length * Math.max(1, grid.blended.rows.length),
+  };
+}
+
+/** The first strips of a side, or the first measures of a blend where that is what gives it several. */
+function firstOf(side: PanelSide, blended: string[], count: number): { side: PanelSide; blended: string[] } {
+  if (blended.length > 0 && side.strips.length === 1) return { side, blended: blended.slice(0, count) };
+  const strips = Math.max(1, Math.floor(count / Math.max(1, blended.length)));
+  return { side: { ...side, strips: side.strips.slice(0, strips) }, blended };
+}
+
+/** A grid without the columns and rows that are too many; all measures of a blend stay together. */
+export function firstPanels(grid: PanelGrid, most: PanelCounts): PanelGrid {
+  const columns = firstOf(grid.columns, grid.blended.columns, most.columns);
+  const rows = firstOf(grid.rows, grid.blended.rows, most.rows);
+  const blended = { columns: columns.blended, rows: rows.blended };
+  const counts = countsOf({ columns: columns.side, rows: rows.side, blended });
+  const panels = grid.panels.filter(({ column, row }) => column < counts.columns && row < counts.rows);
+  return { ...grid, columns: columns.side, rows: rows.side, blended, panels };
+}
+
+/** The panels by rows, as far as `most` goes. */
+function panelsOf(
+  { columns, rows }: Pick<PanelGrid, 'columns' | 'rows'>,
+  blends: { columns: Blend | null; rows: Blend | null },
+  most: PanelCounts,
+): Panel[] {
+  const strips = (side: PanelSide, blend: Blend | null, count: number) =>
+    cross(side.strips, blend?.terms ?? [null]).slice(0, count);
+  return strips(rows, blends.rows, most.rows).flatMap(([rowStrip, rowTerm], row) =>
+    strips(columns, blends.columns, most.columns).map(([columnStrip, columnTerm], column): Panel => {
       const terms = new Map<string, string>();
       if (blends.columns && columnTerm) terms.set(blends.columns.id, columnTerm.variable);
       if (blends.rows && rowTerm) terms.set(blends.rows.id, rowTerm.variable);
       const facets = new Map<number, Category>();
       columnStrip.categories.forEach((category, at) => facets.set(columns.variables[at]!.level, category));
       rowStrip.categories.forEach((category, at) => facets.set(rows.variables[at]!.level, category));
-      panels.push({ column, row, facets, terms });
+      return { column, row, facets, terms };
     }),
   );
-  const all = rows.count * rowTerms.length * columns.count * columnTerms.length;
-  if (all > mostPanels) notes.push(`Of ${counted(all)} panels the first ${mostPanels} are drawn.`);
-  panels.length = Math.min(panels.length, mostPanels);
+}
+
+/** Panels go by categories: where there is none, says so as an error. */
+export function requirePanels({ columns, rows }: PanelGrid): void {
+  for (const { variables, strips } of [columns, rows]) {
+    if (strips.length > 0) continue;
+    const empty = variables.filter(({ categories }) => categories.length === 0);
+    const named = empty.length > 0 ? empty : variables;
+    const names = named.map(({ values }) => values.variable.label || values.variable.id);
+    throw new Error(`it has no panels, for there is no category of ${names.join(' with ')}`);
+  }
+}
+
+export function panelGrid(graph: Graph, chart: Chart, data: Data): PanelGrid {
+  const { columns, rows } = sidesOf(graph, chart, data);
+  const blends = blendsOf(graph, data);
   const texts = (blend: Blend | null) => blend?.terms.map((term) => term.text) ?? [];
-  return { columns, rows, panels, blended: { columns: texts(blends.columns), rows: texts(blends.rows) } };
+  const blended = { columns: texts(blends.columns), rows: texts(blends.rows) };
+  const wanted = {
+    columns: columns.count * Math.max(1, blended.columns.length),
+    rows: rows.count * Math.max(1, blended.rows.length),
+  };
+  const across = Math.max(1, Math.min(wanted.columns, mostPanels));
+  const most = { columns: across, rows: Math.max(1, Math.floor(mostPanels / across)) };
+  const panels = panelsOf({ columns, rows }, blends, most);
+  return firstPanels({ columns, rows, panels, blended, wanted }, most);
 }
 
 /** The rows of a source that a panel shows. Sources without the variables of the panels are shown in all. */
