@@ -47,6 +47,16 @@ describe('scales and ticks', () => {
     expect(drawn.svg.querySelectorAll('[clip-path]').length).toBeGreaterThan(0);
   });
 
+  test('of categories have what the axis puts before and behind their names', () => {
+    const drawn = picture({ k: [1, 2], b: [1, 2] }, '<point><x variable="k"/><y variable="b"/></point>', {
+      categorical: kinds,
+      coordinates:
+        '<dimension><axis><majorTicks><format prefix="#" suffix="!"><relabel from="two" to="2"/></format></majorTicks></axis></dimension><dimension/>',
+    });
+    expect(drawn.textsOf('x axis')).toEqual(['#one!', '#2!']);
+    expect(drawn.notes).toEqual([]);
+  });
+
   test('by a logarithm show powers of their base', () => {
     const drawn = along(
       '<dimension><scale method="2" base="2"/><axis><majorTicks/></axis></dimension>',

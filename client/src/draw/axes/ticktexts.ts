@@ -25,8 +25,11 @@ function tickFormat(ticks: Ticks | null, scale: DrawnScale): Format | null {
   return mergeFormats(ticks?.format, withoutLeast(scale.direction.format));
 }
 
-function categoryTicks(scale: DrawnScale): Tick[] {
-  return scale.direction.texts.map((text, value) => ({ value, text }));
+/** Names of categories, with what the axis itself puts before and behind its texts. */
+function categoryTicks(scale: DrawnScale, format: Format | null | undefined): Tick[] {
+  const named = (text: string) => format?.relabels.get(text) ?? text;
+  const [before, behind] = [format?.prefix ?? '', format?.suffix ?? ''];
+  return scale.direction.texts.map((text, value) => ({ value, text: before + named(text) + behind }));
 }
 
 /** Powers with more digits, or as many decimals, are written as such. */
@@ -145,7 +148,7 @@ function numberValues(scale: DrawnScale, settings: Ticks | null, wish: TickWish)
 export function ticksOf(scale: DrawnScale, settings: Ticks | null, wish: TickWish): Tick[] {
   const format = tickFormat(settings, scale);
   const { direction, domain } = scale;
-  if (direction.kind === 'category') return categoryTicks(scale);
+  if (direction.kind === 'category') return categoryTicks(scale, settings?.format);
   if (direction.kind === 'date') {
     const delta = settings?.delta;
     const base = baseOf(settings, scale);
