@@ -258,6 +258,26 @@ export function drawColumnHeaders(
   return group;
 }
 
+/** The text beside some rows, in the middle of these: turned along them, or across. */
+function rowText(
+  span: Span,
+  line: HeaderLine,
+  across: number,
+  middle: number,
+  outward: 1 | -1,
+  maker: Maker,
+) {
+  const { look } = line;
+  const { lines = [span.text] } = span;
+  if (line.turned) {
+    const align = outward < 0 ? ('end' as const) : ('start' as const);
+    return maker.text(lines, across, middle + look.size * 0.35, { ...look, align });
+  }
+  const first = look.size * 0.3 + (lines.length - 1) * lineHeight(look);
+  const place = `${Math.round(across + outward * first)},${Math.round(middle)}`;
+  return maker.text(lines, 0, 0, look, { transform: `translate(${place}) rotate(${outward * 90})` });
+}
+
 /** Beside the rows, turned; `edge` is where their room is next to the panels. */
 export function drawRowHeaders(
   headers: Headers,
@@ -272,26 +292,14 @@ export function drawRowHeaders(
   let across = edge + outward * gapToPanels;
   // The category stands next to its panels, the title outside.
   for (const line of [...headers.lines].reverse()) {
-    const { look, spans, rule } = line;
     const at = across + outward;
-    if (rule) across += outward * ruleRoom;
-    for (const span of spans) {
-      const { from, to, text, lines = [text] } = span;
-      const middle = (starts[from]! + starts[to - 1]! + height) / 2;
-      const [top, bottom] = [
-        Math.min(starts[from]!, starts[to - 1]!),
-        Math.max(starts[from]!, starts[to - 1]!),
-      ];
-      if (rule) group.append(drawRule(rule, `M${at.toFixed(2)},${top} V${bottom + height}`, maker));
-      if (line.turned) {
-        const align = left ? ('end' as const) : ('start' as const);
-        const shown = maker.text(lines, across, middle + look.size * 0.35, { ...look, align });
-        group.append(shownOf(span, shown, maker));
-        continue;
-      }
-      const first = look.size * 0.3 + (lines.length - 1) * lineHeight(look);
-      const transform = `translate(${Math.round(across + outward * first)},${Math.round(middle)}) rotate(${outward * 90})`;
-      group.append(shownOf(span, maker.text(lines, 0, 0, look, { transform }), maker));
+    if (line.rule) across += outward * ruleRoom;
+    for (const span of line.spans) {
+      const ends = [starts[span.from]!, starts[span.to - 1]!];
+      const [top, bottom] = [Math.min(...ends), Math.max(...ends) + height];
+      if (line.rule) group.append(drawRule(line.rule, `M${at.toFixed(2)},${top} V${bottom}`, maker));
+      const text = rowText(span, line, across, (top + bottom) / 2, outward, maker);
+      group.append(shownOf(span, text, maker));
     }
     across += outward * depthOf(line);
   }

@@ -265,22 +265,37 @@ function collect(
   });
 }
 
+/** What lies behind all marks. */
+function drawGround({ canvas: { width, height }, frame }: PanelContent, maker: Maker): SVGElement {
+  return maker.make('rect', {
+    width,
+    height,
+    fill: frame.fill,
+    'fill-opacity': frame.style.opacity ?? null,
+    stroke: none,
+    'aria-hidden': 'true',
+  });
+}
+
+function drawOutline({ canvas: { width, height }, frame }: PanelContent, maker: Maker): SVGElement[] {
+  const { style, stroke } = frame;
+  if (stroke === none) return [];
+  const dashes = style.dashes?.length ? style.dashes.map((dash) => pixels(dash, 1)).join(' ') : null;
+  const look = {
+    fill: none,
+    stroke,
+    'stroke-width': style.strokeWidth ? pixels(style.strokeWidth, 1) : 0.75,
+    'stroke-dasharray': dashes,
+    'aria-hidden': 'true',
+  };
+  return [maker.make('rect', { width, height, ...look })];
+}
+
 /** A panel with its corner at 0, 0. */
 export function drawPanel(content: PanelContent, maker: Maker): SVGElement {
-  const { canvas, frame } = content;
-  const { style } = frame;
+  const { width, height } = content.canvas;
   const group = maker.group(content.name, 'group');
-  const { width, height } = canvas;
-  group.append(
-    maker.make('rect', {
-      width,
-      height,
-      fill: frame.fill,
-      'fill-opacity': style.opacity ?? null,
-      stroke: none,
-      'aria-hidden': 'true',
-    }),
-  );
+  group.append(drawGround(content, maker));
   const named = contentOf(content);
   const clip = reachesOut(content);
   if (clip) {
@@ -290,22 +305,8 @@ export function drawPanel(content: PanelContent, maker: Maker): SVGElement {
   if (named.length > 0) group.append(...collect(plotted(content, named, maker), named, content, maker, clip));
   const slices = content.layers.filter((layer) => layer.kind === 'slices');
   if (slices.length > 0) {
-    group.append(drawSlices(slices, canvas, content.legendText, content.notes, maker));
+    group.append(drawSlices(slices, content.canvas, content.legendText, content.notes, maker));
   }
-  if (frame.stroke !== none) {
-    group.append(
-      maker.make('rect', {
-        width,
-        height,
-        fill: none,
-        stroke: frame.stroke,
-        'stroke-width': style.strokeWidth ? pixels(style.strokeWidth, 1) : 0.75,
-        'stroke-dasharray': style.dashes?.length
-          ? style.dashes.map((dash) => pixels(dash, 1)).join(' ')
-          : null,
-        'aria-hidden': 'true',
-      }),
-    );
-  }
+  group.append(...drawOutline(content, maker));
   return group;
 }
