@@ -53,7 +53,7 @@ describe('names below an axis', () => {
     for (const label of labels(drawn)) expect(label.getAttribute('transform')).toContain('rotate');
   });
 
-  test('are three lines at most before they are turned', () => {
+  test('stand in lines before they are turned', () => {
     const name = 'Letters standing upright';
     const three = bars(Array.from({ length: 8 }, (_, at) => `${name} ${at}`));
     for (const label of labels(three)) {
@@ -193,6 +193,15 @@ describe('numbers of a logarithmic axis', () => {
     expect(texts[0]).toBe('one');
     expect(texts).toContain('1,000,000');
   });
+});
+
+test('an upright axis has a label for two lines and a half of its length', () => {
+  const drawn = picture({ a: [0, 10], b: [0, 10] }, '<point><x variable="a"/><y variable="b"/></point>', {
+    rest: '<location part="5" method="0" value="160px"/>',
+  });
+  const count = drawn.textsOf('y axis').length;
+  expect(number(panel(drawn), 'height') / count).toBeGreaterThan(2.5 * 15 - 10);
+  expect(count).toBeGreaterThanOrEqual(3);
 });
 
 describe('titles of axes', () => {

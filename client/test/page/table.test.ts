@@ -32,3 +32,8 @@ test('a missing value is a dash for the eye, and words for a screen reader', () 
   expect([dash!.textContent, dash!.getAttribute('aria-hidden')]).toEqual(['\u2013', 'true']);
   expect([words!.textContent, words!.getAttribute('class')]).toEqual(['no value', 'unseen']);
 });
+
+test('a table without rows has no columns of numbers', () => {
+  const made = table('Figures', ['cost'], []);
+  expect(cells(made, 0).map((cell) => cell.className)).toEqual(['']);
+});

@@ -293,6 +293,11 @@ describe('damage', () => {
     );
   });
 
+  test('a message with no room for what stands before and behind its chunk', () => {
+    const capture = new CaptureBuilder().content(0, 'abc').record(307, Buffer.alloc(10)).done().bytes();
+    expect(receiveOne(capture).problems).toEqual(['Message 2 (at byte 55) has only 10 bytes; skipped.']);
+  });
+
   test('a message whose chunk size is not its own', () => {
     const bytes = Buffer.alloc(20);
     bytes.writeUInt32LE(9, 4);
