@@ -1,4 +1,5 @@
 import { deflateSync } from 'node:zlib';
+import { Dictionary, Float64, Int32, Table, tableToIPC, vectorFromArray } from 'apache-arrow';
 import { describe, expect, test } from 'vitest';
 import { receive } from '../../src/wire/receive.js';
 import type { Received } from '../../src/received.js';
@@ -381,5 +382,74 @@ describe('compressed contents', () => {
     const capture = new CaptureBuilder().content(0, 'd').content(12, part).content(13, part).done().bytes();
     const [received] = receive(capture, 1_000_000);
     expect(received?.contents.map((content) => content.whole)).toEqual([true, true, false, true]);
+  });
+});
+
+describe('what a stream says of its rows', () => {
+  /** The stream with the one place where it has these numbers, of 8 bytes each, changed to others. */
+  const changed = (cells: (number | null)[], from: number[], to: number[]): Buffer => {
+    const bytes = Buffer.from(arrowStream('s', { v: cells }));
+    const bytesOf = (numbers: number[]) => Buffer.from(BigInt64Array.from(numbers, BigInt).buffer);
+    const at = bytes.indexOf(bytesOf(from));
+    expect(at).toBeGreaterThan(0);
+    expect(bytes.indexOf(bytesOf(from), at + 1)).toBe(-1);
+    return Buffer.concat([bytes.subarray(0, at), bytesOf(to), bytes.subarray(at + 8 * to.length)]);
+  };
+  const problemOf = (stream: Uint8Array) => {
+    const received = receiveOne(usualChart(stream).bytes());
+    expect(received.tables.size).toBe(0);
+    expect(received.problems).toHaveLength(1);
+    return received.problems[0]!;
+  };
+  const full = [1, 2, 3];
+  const gaps = [1, null, 3];
+  const many = [1, null, 3, 4, 5, 6, 7, 8, 9];
+
+  // Where the marks of missing values begin and how long they are; then the same of the values.
+  test.each([
+    ['that end beyond the body', full, [0, 0, 0, 24], [0, 0, 8, 24]],
+    ['that are shorter than the rows', full, [0, 0, 0, 24], [0, 0, 0, 16]],
+    ['that do not begin at a multiple of 8', gaps, [0, 64, 64, 24], [0, 64, 60, 24]],
+    ['that begin before the body', gaps, [0, 64, 64, 24], [0, 64, -8, 24]],
+    ['with too few marks of missing values', many, [0, 64, 64, 72], [0, 1, 64, 72]],
+  ])('is not believed of buffers %s', (_, cells, from, to) => {
+    expect(problemOf(changed(cells, from, to))).toContain('the buffers of a column do not hold its rows');
+  });
+
+  test('is not believed where a column has another number of them', () => {
+    expect(problemOf(changed(full, [3, 0], [2, 0]))).toContain('its columns have different numbers of rows');
+  });
+
+  // The count of the nodes, or buffers, is the upper half of the 8 bytes before them.
+  test.each([
+    ['nodes', [2 ** 32, 3, 0], [0, 3, 0]],
+    ['buffers', [2 ** 33, 0, 0, 0, 24], [2 ** 32, 0, 0, 0, 24]],
+  ])('is not believed where it has not the columns of its schema: %s', (_, from, to) => {
+    expect(problemOf(changed(full, from, to))).toContain('its rows have other columns than its schema');
+  });
+
+  test.each([-1, 1_000_000])('is not believed where it cannot be: %i rows', (rows) => {
+    const stream = changed(full, [3, 0], [rows, 0]);
+    // Now only the batch itself has the number of rows.
+    const at = stream.indexOf(Buffer.from(BigInt64Array.of(3n).buffer));
+    stream.writeBigInt64LE(BigInt(rows), at);
+    expect(problemOf(stream)).toContain(`it says that it has ${rows} rows in 24 bytes`);
+  });
+
+  test('is not believed where its body would end before it begins', () => {
+    const stream = Buffer.from(arrowStream('s', { v: full }));
+    const at = stream.indexOf(Buffer.from(BigInt64Array.of(24n).buffer));
+    stream.writeBigInt64LE(-8n, at);
+    expect(problemOf(stream)).toContain('the body of a message is cut');
+  });
+
+  test('may not come without a schema', () => {
+    expect(problemOf(Buffer.from([0xff, 0xff, 0xff, 0xff, 0, 0, 0, 0]))).toContain('it has no schema');
+  });
+
+  test('may not be of numbers that stand in a dictionary', () => {
+    const vector = vectorFromArray([1, 2, 1], new Dictionary(new Float64(), new Int32()));
+    const stream = tableToIPC(new Table({ v: vector }), 'stream');
+    expect(problemOf(stream)).toContain("its column 'v' holds no float64 numbers");
   });
 });
