@@ -56,7 +56,7 @@ export function missingNotes(all: Shown[], grid: PanelGrid, data: Data): string[
     const needed = own.flatMap((shown) => neededBy(shown, grid, data));
     const reasons = new Set<string>();
     let count = 0;
-    for (let row = 0; row < Math.max(...own.map(({ rows }) => rows)); row += 1) {
+    for (let row = 0; row < own[0]!.rows; row += 1) {
       const lacking = needed.filter((each) => lacks(each, row));
       if (lacking.length === 0) continue;
       count += 1;
