@@ -11,7 +11,7 @@ import { lineHeight, textWidth } from '../../src/draw/svg/text.js';
 
 const look = { ...ownTexts.dataLabel, size: 12 };
 
-const entriesOf = (texts: string[]): Entry[] => texts.map((text) => ({ look: null, kind: 'bar', text }));
+const entriesOf = (texts: string[]): Entry[] => texts.map((text) => ({ look: null, kind: 'interval', text }));
 const numbered = (count: number) => Array.from({ length: count }, (_, at) => `g${at}`);
 
 const lay = (texts: string[], room: Room, across = false, own = look): Block =>
