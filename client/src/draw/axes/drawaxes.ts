@@ -183,10 +183,9 @@ function middleOf(
   rooms: Rooms,
 ): number {
   const half = widest(title, titleLook) / 2;
-  const within = (at: number, low: number, high: number) => Math.max(low, Math.min(at, high));
-  return isUpright(place)
-    ? within(height / 2, half - rooms.top + edge, height + edge - half)
-    : within(width / 2, half - rooms.left + edge, width + rooms.right - edge - half);
+  // At the sides no title is longer than the panels and what is over them.
+  if (isUpright(place)) return Math.min(height / 2, height + edge - half);
+  return Math.max(half - rooms.left + edge, Math.min(width / 2, width + rooms.right - edge - half));
 }
 
 function titleText(drawn: DrawnAxis, width: number, height: number, rooms: Rooms, maker: Maker): SVGElement {
