@@ -395,7 +395,7 @@ describe('labels', () => {
       '<point id="p"><x variable="a"/><y variable="b"/><labeling variable="n"/></point>',
     );
     expect(crowd.textsOf('Labels of data')).toEqual(['6', '8', '9']);
-    expect(crowd.notes).toEqual(['Labels of p that would cover others are left out.']);
+    expect(crowd.notes).toEqual(['Labels of the points that would cover others are left out.']);
   });
 
   test('of several groups cover neither each other nor symbols of any of them', () => {
@@ -415,7 +415,7 @@ describe('labels', () => {
       { categorical: { g: ['one', 'two', 'three'] } },
     );
     expect(third.textsOf('Labels of data').sort()).toEqual(['6', '7', '9']);
-    expect(third.notes).toEqual(['Labels of p that would cover others are left out.']);
+    expect(third.notes).toEqual(['Labels of the points that would cover others are left out.']);
   });
 
   describe('at the right edge', () => {
@@ -443,7 +443,7 @@ describe('labels', () => {
     test('are left out with a note where they are longer than the panel', () => {
       const drawn = labels('point', 'far too long '.repeat(12));
       expect(drawn.textsOf('Labels of data')).toEqual(['here']);
-      expect(drawn.notes).toEqual(['Labels of p that have no room in their panel are left out.']);
+      expect(drawn.notes).toEqual(['Labels of the points that have no room in their panel are left out.']);
     });
 
     test('stay within the panel where the chart wants all of them', () => {

@@ -4,6 +4,7 @@ import type { Layer } from '../../src/draw/compile/layers.js';
 import type { LabelLook } from '../../src/draw/marks/datalabels.js';
 import type { Canvas } from '../../src/draw/marks/marks.js';
 import { placeOutliers } from '../../src/draw/marks/outlierlabels.js';
+import { TakenRooms } from '../../src/draw/marks/takenrooms.js';
 
 const look: LabelLook = { ...ownTexts.dataLabel, size: 10, gap: 6, shift: 10 };
 
@@ -40,7 +41,7 @@ function boxes(all: Wanted[]): Layer {
 function placed(all: Wanted[], transposed = false) {
   const layer = boxes(all);
   const notes: string[] = [];
-  const labels = placeOutliers(canvasOf(transposed), layer, [layer], look, notes);
+  const labels = placeOutliers(canvasOf(transposed), layer, [layer], look, new TakenRooms(), notes);
   return { notes, sides: labels.map(({ text, side }) => `${text} ${side}`) };
 }
 
