@@ -15,7 +15,7 @@ function dashesOf(markup: Markup): Length[] | undefined {
 }
 
 /** All that the client honours of a style. */
-export function readStyle(markup: Markup): Style {
+function readStyle(markup: Markup): Style {
   const style: Style = {
     ...definedTexts(markup),
     ...definedLengths(markup),

@@ -19,7 +19,7 @@ export interface FrameText {
 const purposes = ['', 'title1', 'title2', 'subtitle', 'footnote1', 'footnote2', 'footnote3'];
 
 /** What part of the chart a frame is: title1, subtitle, footnote1 and so on; empty where it is none of them. */
-export function roleOf(frame: LabelFrame, chart: Chart): string {
+function roleOf(frame: LabelFrame, chart: Chart): string {
   for (const [role, id] of chart.parts) if (id === frame.id && id !== '') return role;
   return purposes[frame.label?.purpose ?? 0] ?? '';
 }

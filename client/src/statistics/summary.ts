@@ -40,7 +40,7 @@ function each(sample: Weighted, visit: (value: number, weight: number) => void):
 }
 
 /** The number of cases. */
-export function countOf(sample: Weighted): number {
+function countOf(sample: Weighted): number {
   if (sample.weights === null) return sample.values.length;
   let total = 0;
   for (let at = 0; at < sample.values.length; at += 1) {
@@ -50,7 +50,7 @@ export function countOf(sample: Weighted): number {
   return total;
 }
 
-export function sumOf(sample: Weighted): number {
+function sumOf(sample: Weighted): number {
   if (sample.weights === null) return sum(sample.values);
   let total = 0;
   each(sample, (value, weight) => (total += value * weight));

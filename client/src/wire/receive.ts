@@ -5,7 +5,7 @@ import { readTables, reason } from './tables.js';
 import type { Content, Done, Received } from '../received.js';
 
 /** How many bytes all that a capture holds may take after decompression, unless the caller says otherwise. */
-export const usualLimit = 256 * 1024 * 1024;
+const usualLimit = 256 * 1024 * 1024;
 
 /** What may still be decompressed: of the whole capture, or many small bombs would do what one cannot. */
 interface Budget {

@@ -1,7 +1,7 @@
 import { describe, expect, test } from 'vitest';
 import { ownTexts } from '../../src/draw/compile/looks.js';
 import { Surroundings, type NamePlace } from '../../src/draw/marks/linenames.js';
-import type { Canvas } from '../../src/draw/marks/marks.js';
+import type { Canvas } from '../../src/draw/marks/canvas.js';
 import { textWidth } from '../../src/draw/svg/text.js';
 import { picture } from './chart.js';
 

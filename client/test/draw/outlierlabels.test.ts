@@ -2,7 +2,7 @@ import { describe, expect, test } from 'vitest';
 import { ownTexts } from '../../src/draw/compile/looks.js';
 import type { Layer } from '../../src/draw/compile/layers.js';
 import type { LabelLook } from '../../src/draw/marks/datalabels.js';
-import type { Canvas } from '../../src/draw/marks/marks.js';
+import type { Canvas } from '../../src/draw/marks/canvas.js';
 import { placeOutliers } from '../../src/draw/marks/outlierlabels.js';
 import { TakenRooms } from '../../src/draw/marks/takenrooms.js';
 

@@ -1,5 +1,4 @@
 /** Compiles the elements of a graph into layers of shapes, panel by panel. */
-import { group as groupBy } from 'd3';
 import type { Chart, ChartElement, Style } from '../../chart/model.js';
 import type { Summary } from '../../statistics/summary.js';
 import { holds } from './conditions.js';
@@ -172,9 +171,4 @@ export function compile(scope: Scope): Layer[][] {
   });
   scope.notes.push(...intervalNotes(panels), ...withoutLookNotes(plans));
   return panels;
-}
-
-/** Layers of one element. */
-export function byElement(layers: Layer[]): Map<ChartElement, Layer[]> {
-  return groupBy(layers, (layer) => layer.element) as Map<ChartElement, Layer[]>;
 }

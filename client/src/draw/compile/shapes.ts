@@ -81,7 +81,7 @@ function labelOf(plan: Plan, row: number, scope: Scope): string | undefined {
 }
 
 /** More marks of one element make a picture that no reader and no browser can take in. */
-export const mostMarks = 50_000;
+const mostMarks = 50_000;
 
 /** Random, but the same for the same data: a picture must not change from one drawing to the next. */
 function sampled(rows: ArrayLike<number>, share: number): number[] {

@@ -4,7 +4,7 @@ import { mergeFormats, numberText, withGroups } from '../../data/format.js';
 import type { Direction } from '../compile/directions.js';
 import type { Layer, Shape } from '../compile/layers.js';
 import { ownTexts } from '../compile/looks.js';
-import type { Canvas } from './marks.js';
+import type { Canvas } from './canvas.js';
 import type { TakenRooms } from './takenrooms.js';
 import { lineHeight, textLook, textWidth, type TextLook } from '../svg/text.js';
 import { counted } from '../notes/counts.js';

@@ -8,7 +8,7 @@ import { placeOf, type Direction } from '../compile/directions.js';
 import { ownLook, ownTexts, styled, type Look } from '../compile/looks.js';
 import type { Layer } from '../compile/layers.js';
 import { alongLine, linesOfName, nameMark, placesAlong, Surroundings, type NamePlace } from './linenames.js';
-import type { Canvas } from './marks.js';
+import type { Canvas } from './canvas.js';
 import { spotOf, type Spot } from './visibleline.js';
 import type { Panel } from '../compile/panels.js';
 import { smallText } from '../smalltexts.js';

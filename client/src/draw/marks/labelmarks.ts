@@ -3,7 +3,7 @@ import * as Plot from '@observablehq/plot';
 import { none } from '../svg/colors.js';
 import { labelLook, placeLabels, symbolRooms, type LabelLook, type PlacedLabel } from './datalabels.js';
 import type { Layer } from '../compile/layers.js';
-import type { Canvas } from './marks.js';
+import type { Canvas } from './canvas.js';
 import { placeOutliers } from './outlierlabels.js';
 import { TakenRooms } from './takenrooms.js';
 

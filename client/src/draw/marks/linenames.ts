@@ -3,7 +3,7 @@ import * as Plot from '@observablehq/plot';
 import { leastIndex } from 'd3';
 import { none } from '../svg/colors.js';
 import type { Layer } from '../compile/layers.js';
-import type { Canvas } from './marks.js';
+import type { Canvas } from './canvas.js';
 import { spotOf, visibleSpots, type Spot } from './visibleline.js';
 import { atMost, lineHeight, widest, wrap, type TextLook } from '../svg/text.js';
 

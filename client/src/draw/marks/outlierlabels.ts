@@ -1,7 +1,8 @@
 /** Labels of the outliers of boxes: beside their symbols, or further out where they would cover each other. */
 import { mostLabels, pixelsOf, roomOf, type LabelLook, type PlacedLabel, type Room } from './datalabels.js';
 import type { BoxShape, Layer, Shape } from '../compile/layers.js';
-import { capShare, type Canvas } from './marks.js';
+import { capShare } from './boxmarks.js';
+import type { Canvas } from './canvas.js';
 import { lineHeight } from '../svg/text.js';
 import { counted } from '../notes/counts.js';
 import { TakenRooms } from './takenrooms.js';

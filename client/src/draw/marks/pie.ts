@@ -5,7 +5,7 @@ import { none } from '../svg/colors.js';
 import { edged } from './edges.js';
 import type { Layer } from '../compile/layers.js';
 import { ownTexts } from '../compile/looks.js';
-import type { Canvas } from './marks.js';
+import type { Canvas } from './canvas.js';
 import { drawFigures, figureText, radiusOf, type Pie, type Slice } from './piefigures.js';
 import type { Maker } from '../svg/svg.js';
 import { textLook, type TextLook } from '../svg/text.js';

@@ -2,7 +2,7 @@
 import type { PieArcDatum } from 'd3';
 import { none, readable } from '../svg/colors.js';
 import type { Layer } from '../compile/layers.js';
-import type { Canvas } from './marks.js';
+import type { Canvas } from './canvas.js';
 import type { Maker } from '../svg/svg.js';
 import { lineHeight, textWidth, type TextLook } from '../svg/text.js';
 import { counted } from '../notes/counts.js';

@@ -10,7 +10,9 @@ import type { Layer, Shape } from '../compile/layers.js';
 import { stackDots } from '../compile/dots.js';
 import { labelsOf } from './labelmarks.js';
 import { layerNameMark, noRoomFor, type Surroundings } from './linenames.js';
-import { isWhole, marksAbove, marksOf, type Canvas } from './marks.js';
+import { isWhole } from './pointmarks.js';
+import { marksAbove, marksOf } from './marks.js';
+import type { Canvas } from './canvas.js';
 import type { Panel } from '../compile/panels.js';
 import { drawSlices } from './pie.js';
 import type { DrawnScale } from '../compile/scales.js';
@@ -59,7 +61,7 @@ const nouns: Record<Layer['kind'], [string, string]> = {
 };
 
 /** What a group of marks shows, and how many there are. */
-export function layerName(layer: Layer): string {
+function layerName(layer: Layer): string {
   const count = layer.shapes.filter((shape) => !shape.between).length;
   const noun = nouns[layer.kind][count === 1 ? 0 : 1];
   return layer.group.name ? `${layer.group.name}: ${count} ${noun}` : `${count} ${noun}`;

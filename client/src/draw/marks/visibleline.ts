@@ -1,6 +1,6 @@
 /** What of a line is to be seen in its panel. */
 import type { Layer, Shape } from '../compile/layers.js';
-import type { Canvas } from './marks.js';
+import type { Canvas } from './canvas.js';
 
 /** In pixels, from the left and from below. */
 export type Spot = [number, number];

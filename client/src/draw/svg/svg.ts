@@ -50,7 +50,7 @@ export class Maker {
   }
 }
 
-export function fontAttributes(look: TextLook): Attributes {
+function fontAttributes(look: TextLook): Attributes {
   return {
     'font-family': look.family,
     'font-size': look.size,
