@@ -115,4 +115,21 @@ describe('labels of outliers', () => {
       '1002 above',
     ]);
   });
+
+  test('of those that lie outside of the panel are not drawn, however far away they are', () => {
+    const far: [number, string][] = [
+      [150, '1001'],
+      [205, '1002'],
+      [1e9, '1003'],
+      [1e18, '1004'],
+      [Infinity, '1005'],
+    ];
+    const all = [{ x: 100, hinges: [0, 1e12] as [number, number], outliers: far }, { x: 140 }];
+    for (const transposed of [false, true]) {
+      const { sides, notes } = placed(all, transposed);
+      expect(sides).toEqual([]);
+      expect(notes).toEqual(['5 labels of outliers have no room.']);
+    }
+    expect(placed([{ x: 100, outliers: far }]).sides).toEqual(['1001 right']);
+  });
 });

@@ -143,7 +143,7 @@ export function symbolRooms(layer: Layer, canvas: Canvas): Room[] {
 }
 
 /** Whether a place is within the panel; what is not is not drawn. */
-const isShown = ({ width, height }: Canvas, across: number, down: number) =>
+export const isShown = ({ width, height }: Canvas, across: number, down: number) =>
   across >= -1 && across <= width + 1 && down >= -1 && down <= height + 1;
 
 /** The label on the sides where it stays in its panel; that of a bar is always beyond its end. */

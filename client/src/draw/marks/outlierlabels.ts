@@ -1,5 +1,13 @@
 /** Labels of the outliers of boxes: beside their symbols, or further out where they would cover each other. */
-import { mostLabels, pixelsOf, roomOf, type LabelLook, type PlacedLabel, type Room } from './datalabels.js';
+import {
+  isShown,
+  mostLabels,
+  pixelsOf,
+  roomOf,
+  type LabelLook,
+  type PlacedLabel,
+  type Room,
+} from './datalabels.js';
 import type { BoxShape, Layer, Shape } from '../compile/layers.js';
 import { capShare } from './boxmarks.js';
 import type { Canvas } from './canvas.js';
@@ -19,7 +27,10 @@ function joinedLabels({ outliers }: BoxShape): { value: number; text: string; sh
   });
 }
 
-/** From one place of the panel to another, with so much around it. */
+/** A label that begins in a panel covers nothing that is further outside of it, in pixels. */
+const mostOutside = 1_000;
+
+/** From one place to another as far as labels may reach it, with so much around it. */
 function between(
   canvas: Canvas,
   [x1, y1]: [number, number],
@@ -27,11 +38,14 @@ function between(
   around: number,
 ): Room {
   const [a, b] = [pixelsOf(canvas, x1, y1), pixelsOf(canvas, x2, y2)];
+  const near = (place: number, extent: number) =>
+    Math.max(-mostOutside, Math.min(extent + mostOutside, place));
+  const { width, height } = canvas;
   return {
-    left: Math.min(a.across, b.across) - around,
-    right: Math.max(a.across, b.across) + around,
-    top: Math.min(a.down, b.down) - around,
-    bottom: Math.max(a.down, b.down) + around,
+    left: near(Math.min(a.across, b.across) - around, width),
+    right: near(Math.max(a.across, b.across) + around, width),
+    top: near(Math.min(a.down, b.down) - around, height),
+    bottom: near(Math.max(a.down, b.down) + around, height),
   };
 }
 
@@ -82,6 +96,8 @@ class OutlierPlaces {
   find(x: number, y: number, text: string, reach: number): PlacedLabel | null {
     const { canvas } = this;
     const sides = canvas.transposed ? (['above', 'below'] as const) : (['right', 'left'] as const);
+    const symbol = pixelsOf(canvas, x, y);
+    if (!isShown(canvas, symbol.across, symbol.down)) return null;
     const place = canvas.transposed ? { x: y, y: x } : { x, y };
     const shifts = sides.map(() => 0);
     for (let column = 0; column < mostColumns; column += 1) {
@@ -89,8 +105,8 @@ class OutlierPlaces {
         const label = moved({ ...place, text, side }, canvas, shifts[at]!);
         const room = this.roomOf(label);
         const [centre, outer] = canvas.transposed
-          ? [pixelsOf(canvas, x, y).down, side === 'above' ? room.top : room.bottom]
-          : [pixelsOf(canvas, x, y).across, side === 'right' ? room.right : room.left];
+          ? [symbol.down, side === 'above' ? room.top : room.bottom]
+          : [symbol.across, side === 'right' ? room.right : room.left];
         if (column > 0 && Math.abs(outer - centre) > reach) continue;
         const beside = [...this.boxes.covered(room), ...this.texts.covered(room)];
         if (beside.length === 0 && this.isWithin(room)) {
