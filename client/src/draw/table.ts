@@ -58,6 +58,12 @@ function placeCell(direction: Direction, value: number, values: Values | undefin
   return format?.relabels.get(String(value)) ?? { numbers: [value], between: '', format, computed: false };
 }
 
+/** The bounds of a class. */
+function classCell(from: number, to: number, values: Values | undefined): Cell {
+  if (!values?.variable.date) return computed(from, to);
+  return `${values.textOf(from)} to ${values.textOf(to)}`;
+}
+
 /** Null of a blend, which has no values of its own. */
 const single = (id: string, data: Data) => (data.terms(id).length === 1 ? data.values(id) : null);
 
@@ -104,8 +110,9 @@ function describe(shape: Shape, layer: Layer, compiled: CompiledGraph, data: Dat
   const { element } = layer;
   if (element.x.length > 0) {
     const name = labelOf(x, element.x, data, 'x');
-    if (layer.binned) cells.set(name, computed(shape.x1!, shape.x2!));
-    else cells.set(name, placeCell(x, shape.place ?? shape.x, valuesOf(x, element.x, data)));
+    const values = valuesOf(x, element.x, data);
+    if (layer.binned) cells.set(name, classCell(shape.x1!, shape.x2!, values));
+    else cells.set(name, placeCell(x, shape.place ?? shape.x, values));
   }
   if (shape.box) {
     const values = valuesOf(y, element.y, data);

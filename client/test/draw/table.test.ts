@@ -96,6 +96,19 @@ describe('numbers of a column', () => {
 describe('the rows of the data table', () => {
   const yesNo = { k: ['yes', 'no'], g: ['yes', 'no'] };
 
+  test('of classes of dates are dates', () => {
+    const day = 86_400;
+    const drawn = picture(
+      { a: [0, 1, 2, 9].map((at) => at * day) },
+      '<interval><x variable="d"/><binStatistic binWidth="604800" binStart="0"/></interval>',
+      {
+        rest: '<sourceVariable id="d" source="s" sourceName="a" label="the d" date="true"><format pattern="d MMM yyyy"/></sourceVariable>',
+      },
+    );
+    expect(columnOf(drawn, 'the d')).toEqual(['1 Jan 1970 to 8 Jan 1970', '8 Jan 1970 to 15 Jan 1970']);
+    expect(columnOf(drawn, 'count')).toEqual(['3', '1']);
+  });
+
   test('of stacked areas are their own places, not those that they take from others', () => {
     const areas = (rest = '') =>
       picture(
