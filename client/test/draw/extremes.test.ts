@@ -96,4 +96,18 @@ describe('values at the end of all numbers', () => {
     expect(drawn.marks('dot')).toHaveLength(2);
     expect(drawn.notes).toEqual(['Values along y are beyond its power scale: it is linear.']);
   });
+
+  test.each(['line', 'interval', 'area', 'polygon'])('make no %s of what is no number', (kind) => {
+    const far = `<${kind}><x variable="a"/><y variable="b"/></${kind}>`;
+    for (const [min, max] of [
+      ['0', '0.001'],
+      ['5', '1'],
+    ]) {
+      const drawn = picture({ a: [1, 2, 3], b: [0, 1, 1e305] }, far, {
+        coordinates: `<dimension>${axis}</dimension><dimension domain="d">${axis}</dimension>`,
+        rest: `<intervalDomain id="d"><range min="${min}" max="${max}" exact="true"/></intervalDomain>`,
+      });
+      expect(isSound(drawn)).toBe(true);
+    }
+  });
 });

@@ -27,6 +27,16 @@ const types: Record<DrawnScale['method'], Plot.ScaleType> = {
   'symmetric power': 'pow',
 };
 
+/** So many lengths of an axis away from it places are no longer numbers that a picture can have. */
+const mostLengths = 1e30;
+
+/** Values as far as a linear scale can show them; null and what is no number stay as they are. */
+function reachable({ domain: [low, high] }: DrawnScale): (value: unknown) => unknown {
+  const most = mostLengths * (high - low);
+  const within = (value: number) => Math.max(low - most, Math.min(high + most, value));
+  return (value) => (typeof value === 'number' ? within(value) : value);
+}
+
 function scaleOptions(scale: DrawnScale): Plot.ScaleOptions {
   const options: Plot.ScaleOptions = {
     type: types[scale.method],
@@ -36,6 +46,7 @@ function scaleOptions(scale: DrawnScale): Plot.ScaleOptions {
     label: null,
   };
   if (scale.method === 'log') options.base = scale.base;
+  if (options.type === 'linear') options.transform = reachable(scale);
   if (options.type === 'pow') options.exponent = scale.base;
   return options;
 }
