@@ -58,10 +58,13 @@ function placeCell(direction: Direction, value: number, values: Values | undefin
   return format?.relabels.get(String(value)) ?? { numbers: [value], between: '', format, computed: false };
 }
 
-/** The bounds of a class. */
+/** The bounds of a class; whole dates where their pattern does not tell them apart. */
 function classCell(from: number, to: number, values: Values | undefined): Cell {
   if (!values?.variable.date) return computed(from, to);
-  return `${values.textOf(from)} to ${values.textOf(to)}`;
+  const [first, last] = [values.textOf(from), values.textOf(to)];
+  return first === last
+    ? `${values.textOf(from, null)} to ${values.textOf(to, null)}`
+    : `${first} to ${last}`;
 }
 
 /** Null of a blend, which has no values of its own. */

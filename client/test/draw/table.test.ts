@@ -96,17 +96,23 @@ describe('numbers of a column', () => {
 describe('the rows of the data table', () => {
   const yesNo = { k: ['yes', 'no'], g: ['yes', 'no'] };
 
-  test('of classes of dates are dates', () => {
+  test('of classes of dates are dates, whole ones where their pattern does not tell them apart', () => {
     const day = 86_400;
-    const drawn = picture(
-      { a: [0, 1, 2, 9].map((at) => at * day) },
-      '<interval><x variable="d"/><binStatistic binWidth="604800" binStart="0"/></interval>',
-      {
-        rest: '<sourceVariable id="d" source="s" sourceName="a" label="the d" date="true"><format pattern="d MMM yyyy"/></sourceVariable>',
-      },
-    );
-    expect(columnOf(drawn, 'the d')).toEqual(['1 Jan 1970 to 8 Jan 1970', '8 Jan 1970 to 15 Jan 1970']);
-    expect(columnOf(drawn, 'count')).toEqual(['3', '1']);
+    const drawn = (pattern: string) =>
+      picture(
+        { a: [0, 1, 2, 9].map((at) => at * day) },
+        '<interval><x variable="d"/><binStatistic gridType="0" binWidth="604800" binStart="0"/></interval>',
+        {
+          rest: `<sourceVariable id="d" source="s" sourceName="a" label="the d" date="true"><format pattern="${pattern}"/></sourceVariable>`,
+        },
+      );
+    const days = drawn('d MMM yyyy');
+    expect(columnOf(days, 'the d')).toEqual(['1 Jan 1970 to 8 Jan 1970', '8 Jan 1970 to 15 Jan 1970']);
+    expect(columnOf(days, 'count')).toEqual(['3', '1']);
+    expect(columnOf(drawn('yyyy'), 'the d')).toEqual([
+      '1970-01-01 to 1970-01-08',
+      '1970-01-08 to 1970-01-15',
+    ]);
   });
 
   test('of stacked areas are their own places, not those that they take from others', () => {
