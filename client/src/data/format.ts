@@ -67,7 +67,8 @@ export function shownFactor(format: Format | null): number {
   return format?.pattern && numberPattern(format.pattern)?.percent ? 100 : 1;
 }
 
-const noFormat: Format = {
+/** A format that asks for nothing. */
+export const noFormat: Format = {
   errorCharacter: null,
   maximumFractionDigits: null,
   minimumFractionDigits: null,

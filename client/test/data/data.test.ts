@@ -4,21 +4,11 @@ import { readChart } from '../../src/chart/read.js';
 import { categoriesOf } from '../../src/data/categories.js';
 import { Data } from '../../src/data/columns.js';
 import { parseBlend, parseExpression } from '../../src/data/expression.js';
-import { dateText, mergeFormats, numberText, secondsOf } from '../../src/data/format.js';
+import { dateText, mergeFormats, noFormat, numberText, secondsOf } from '../../src/data/format.js';
 import { parseXml } from '../../src/node/document.js';
 import { chartText, tableOf } from '../draw/chart.js';
 
-const format = (settings: Partial<Format>): Format => ({
-  errorCharacter: null,
-  maximumFractionDigits: null,
-  minimumFractionDigits: null,
-  pattern: null,
-  prefix: '',
-  suffix: '',
-  grouping: null,
-  relabels: new Map(),
-  ...settings,
-});
+const format = (settings: Partial<Format>): Format => ({ ...noFormat, ...settings });
 
 describe('expressions', () => {
   test.each([
