@@ -41,7 +41,8 @@ function boxes(all: Wanted[]): Layer {
 function placed(all: Wanted[], transposed = false) {
   const layer = boxes(all);
   const notes: string[] = [];
-  const labels = placeOutliers(canvasOf(transposed), layer, [layer], look, new TakenRooms(), notes);
+  const canvas = canvasOf(transposed);
+  const labels = placeOutliers(canvas, layer, [layer], look, new TakenRooms(canvas), notes);
   return { notes, sides: labels.map(({ text, side }) => `${text} ${side}`) };
 }
 

@@ -49,7 +49,7 @@ export function labelsOf(canvas: Canvas, layers: Layer[], notes: string[]): Labe
   const marks: LabelMarks = { below: [], above: [] };
   const paper = canvas.paper === none ? '#ffffff' : canvas.paper;
   const halo = { stroke: paper, strokeWidth: 2.5 };
-  const taken = new TakenRooms();
+  const taken = new TakenRooms(canvas);
   for (const layer of layers) for (const room of symbolRooms(layer, canvas)) taken.add(room);
   for (const layer of layers) {
     const look = labelLook(layer);

@@ -27,10 +27,7 @@ function joinedLabels({ outliers }: BoxShape): { value: number; text: string; sh
   });
 }
 
-/** A label that begins in a panel covers nothing that is further outside of it, in pixels. */
-const mostOutside = 1_000;
-
-/** From one place to another as far as labels may reach it, with so much around it. */
+/** From one place of the panel to another, with so much around it. */
 function between(
   canvas: Canvas,
   [x1, y1]: [number, number],
@@ -38,14 +35,11 @@ function between(
   around: number,
 ): Room {
   const [a, b] = [pixelsOf(canvas, x1, y1), pixelsOf(canvas, x2, y2)];
-  const near = (place: number, extent: number) =>
-    Math.max(-mostOutside, Math.min(extent + mostOutside, place));
-  const { width, height } = canvas;
   return {
-    left: near(Math.min(a.across, b.across) - around, width),
-    right: near(Math.max(a.across, b.across) + around, width),
-    top: near(Math.min(a.down, b.down) - around, height),
-    bottom: near(Math.max(a.down, b.down) + around, height),
+    left: Math.min(a.across, b.across) - around,
+    right: Math.max(a.across, b.across) + around,
+    top: Math.min(a.down, b.down) - around,
+    bottom: Math.max(a.down, b.down) + around,
   };
 }
 
@@ -84,13 +78,15 @@ function moved(label: PlacedLabel, canvas: Canvas, by: number): PlacedLabel {
 /** Finds places for labels one after the other. */
 class OutlierPlaces {
   /** What the boxes take. */
-  readonly boxes = new TakenRooms();
+  readonly boxes: TakenRooms;
 
   constructor(
     private readonly canvas: Canvas,
     private readonly look: LabelLook,
     private readonly texts: TakenRooms,
-  ) {}
+  ) {
+    this.boxes = new TakenRooms(canvas);
+  }
 
   /** Beside the symbol, else in a column further out, but not beyond `reach`; null where there is no room. */
   find(x: number, y: number, text: string, reach: number): PlacedLabel | null {
